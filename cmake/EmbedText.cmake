@@ -1,0 +1,16 @@
+# embed_text(SOURCE HEADER NAME): writes HEADER, which defines the text of SOURCE, without the line
+# feed at its end, as stagehopper::NAME.
+function(embed_text source header name)
+  set(path "${CMAKE_CURRENT_SOURCE_DIR}/${source}")
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${path}")
+  file(READ "${path}" text)
+  string(REGEX REPLACE "\n$" "" text "${text}")
+  file(CONFIGURE OUTPUT "${header}" @ONLY CONTENT [[
+// Made from @source@.
+#pragma once
+#include <string_view>
+namespace stagehopper {
+inline constexpr std::string_view @name@ = R"text(@text@)text";
+}  // namespace stagehopper
+]])
+endfunction()

@@ -1,0 +1,30 @@
+# How every target of ours is built: the standard, the warnings, the sanitizers.
+
+find_program(CCACHE ccache)
+if(CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE}")
+endif()
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+
+find_package(Threads REQUIRED)
+
+add_library(stagehopper_options INTERFACE)
+target_include_directories(stagehopper_options INTERFACE "${CMAKE_SOURCE_DIR}")
+target_compile_options(stagehopper_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
+  -Wnon-virtual-dtor -Woverloaded-virtual -Wundef -Werror)
+if(STAGEHOPPER_SANITIZE)
+  target_compile_options(stagehopper_options INTERFACE
+    "-fsanitize=${STAGEHOPPER_SANITIZE}" -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  target_link_options(stagehopper_options INTERFACE "-fsanitize=${STAGEHOPPER_SANITIZE}")
+endif()
+target_link_libraries(stagehopper_options INTERFACE Threads::Threads)
+
+# stagehopper_room(NAME FILES...): one room of the house as a static library.
+function(stagehopper_room name)
+  add_library(${name} STATIC ${ARGN})
+  target_link_libraries(${name} PRIVATE stagehopper_options)
+endfunction()

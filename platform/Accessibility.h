@@ -1,0 +1,88 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "platform/Workspace.h"
+
+namespace stagehopper::platform {
+
+/// The attributes that we read, by the names that macOS gives them without the prefix "AX".
+enum class AccessibilityAttribute {
+    children,
+    enabled,
+    focusedWindow,
+    menu,
+    menuBar,
+    role,
+    title,
+    windows,
+};
+
+/// Results of an action; the numbers are macOS's `AXError`, on every port.
+enum class AccessibilityError : std::int32_t {
+    success = 0,
+    failure = -25200,
+    illegalArgument = -25201,
+    invalidElement = -25202,
+    cannotComplete = -25204,
+    attributeUnsupported = -25205,
+    actionUnsupported = -25206,
+    notImplemented = -25208,
+    apiDisabled = -25211,
+    noValue = -25212,
+};
+
+/// Values of the role attribute, as macOS spells them.
+namespace accessibility_role {
+inline constexpr std::string_view menuBar = "AXMenuBar";
+inline constexpr std::string_view menuBarItem = "AXMenuBarItem";
+inline constexpr std::string_view menu = "AXMenu";
+inline constexpr std::string_view menuItem = "AXMenuItem";
+inline constexpr std::string_view window = "AXWindow";
+inline constexpr std::string_view application = "AXApplication";
+inline constexpr std::string_view unknown = "AXUnknown";
+}  // namespace accessibility_role
+
+class UIElement;
+using UIElementRef = std::shared_ptr<const UIElement>;
+
+struct AttributeValue;
+using AttributeList = std::vector<AttributeValue>;
+
+/// What an attribute may hold. A list may mix kinds: the other side decides what it sends.
+struct AttributeValue {
+    std::variant<std::string, bool, std::int64_t, UIElementRef, AttributeList> value;
+};
+
+/// One object in another program's interface. Main thread only. The object itself may be gone at
+/// any time: reads then answer nothing and the press answers an error. No call blocks longer than
+/// the port's time limit, however the other program behaves.
+class UIElement {
+public:
+    virtual ~UIElement() = default;
+    /// Absent when the object has no such attribute or the read fails.
+    [[nodiscard]] virtual std::optional<AttributeValue> attributeValue(
+        AccessibilityAttribute attribute) const = 0;
+    [[nodiscard]] virtual AccessibilityError press() const = 0;
+};
+
+/// The right to look into other programs, and the way in. Main thread only.
+class Accessibility {
+public:
+    virtual ~Accessibility() = default;
+    /// Whether this process may read and drive other programs' interfaces. Quick: asked at every
+    /// slide step.
+    virtual bool isProcessTrusted() = 0;
+    /// Shows the system's own dialog that asks the user for that right; returns at once.
+    virtual void requestTrust() = 0;
+    /// The root of the interface of a process. Never null; an unknown process has no attributes.
+    virtual UIElementRef applicationElement(Pid process) = 0;
+};
+
+}  // namespace stagehopper::platform

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/Clock.h"
+
+namespace stagehopper::platform {
+
+/// What the system knows about this process and its user. Any thread.
+class Host {
+public:
+    virtual ~Host() = default;
+    /// This program's own identity, in the form of `RunningApplication::bundleIdentifier`.
+    virtual std::optional<std::string> bundleIdentifier() = 0;
+    /// The resource directory that the program was installed with; absent when it has none.
+    virtual std::optional<std::filesystem::path> bundleResourceDirectory() = 0;
+    /// The command line; the first entry is the executable's path.
+    virtual std::vector<std::string> arguments() = 0;
+    virtual std::filesystem::path currentDirectory() = 0;
+    /// A fresh random UUID: 36 characters, upper case, with hyphens.
+    virtual std::string makeUuid() = 0;
+    /// The local time of day with seconds, as the user's locale writes it, without a date.
+    virtual std::string localizedTime(Date date) = 0;
+};
+
+}  // namespace stagehopper::platform

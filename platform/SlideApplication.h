@@ -1,0 +1,36 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/KeyboardEvents.h"
+
+namespace stagehopper::platform {
+
+/// Titles by which a program's slide commands are found in its menu bar. A menu or item matches
+/// when its title contains one of these, case and diacritics aside.
+struct SlideMenuTitles {
+    /// Top-level menus to look into; when none of them exists, all are searched.
+    std::vector<std::string> menus;
+    std::vector<std::string> next;
+    std::vector<std::string> previous;
+};
+
+/// A program that can hold slides, and how to step it.
+///
+/// New program: 1. a row in the port's table  2. its identity in the port's identity table
+/// 3. a scenario or desktop test that steps it.
+struct SlideApplication {
+    std::string bundleIdentifier;
+    /// Which program is taken when none was stepped before and none of them is in front: the
+    /// lowest number.
+    int priority = 0;
+    /// Names the row in the diagnostic log.
+    std::string strategy;
+    VirtualKey nextKey = virtual_key::rightArrow;
+    VirtualKey previousKey = virtual_key::leftArrow;
+    std::optional<SlideMenuTitles> menuTitles;
+};
+
+}  // namespace stagehopper::platform

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <memory>
+#include <string_view>
+
+#include "platform/Geometry.h"
+
+namespace stagehopper::platform {
+
+class WebView;
+
+/// Bits of a window's style mask; the values are AppKit's `NSWindowStyleMask`.
+enum WindowStyle : unsigned {
+    windowTitled = 1U << 0U,
+    windowClosable = 1U << 1U,
+    windowMiniaturizable = 1U << 2U,
+    windowResizable = 1U << 3U,
+};
+
+struct WindowOptions {
+    Rect contentRect;
+    /// `WindowStyle` bits.
+    unsigned styleMask = 0;
+};
+
+/// An ordinary window, hidden until ordered front. Main thread only. Dropping it closes it.
+/// When the user closes it, it counts as closed at once, whoever still holds the handle.
+class Window {
+public:
+    virtual ~Window() = default;
+    virtual void setTitle(std::string_view title) = 0;
+    virtual void setMinimumSize(Size size) = 0;
+    /// The view fills the window and follows its size; the window holds it strongly.
+    virtual void setContentView(const std::shared_ptr<WebView>& view) = 0;
+    /// Centres the window on its screen.
+    virtual void center() = 0;
+    /// Shows the window above the program's others and gives it the keyboard.
+    virtual void makeKeyAndOrderFront() = 0;
+};
+
+}  // namespace stagehopper::platform

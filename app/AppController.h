@@ -1,0 +1,198 @@
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/Accessibility.h"
+#include "platform/Application.h"
+#include "platform/Clock.h"
+#include "platform/Platform.h"
+#include "platform/Workspace.h"
+
+namespace stagehopper::platform {
+class ChildProcess;
+class Panel;
+class Timer;
+class WebSocketTask;
+class WebView;
+class Window;
+class WorkItem;
+}  // namespace stagehopper::platform
+
+namespace stagehopper {
+
+class BridgeHandler;
+class TitleMatcher;
+struct KeyStrategy;
+struct SlideTargetCandidate;
+
+/// The application: its delegate, the owner of all its state, and every operation on it.
+///
+/// This header is the table of contents; the bodies stand in the folders of their subsystems.
+/// Main thread only, unless an operation says otherwise. No operation throws or reports failure to
+/// its caller: failures are logged, or silent where the text of the operation says so.
+///
+/// The entry point holds the one strong reference. Work that outlives a call holds the controller
+/// weakly and does nothing when it is gone.
+class AppController final : public platform::ApplicationDelegate,
+                            public std::enable_shared_from_this<AppController> {
+public:
+    static std::shared_ptr<AppController> create(platform::Platform platform);
+    ~AppController() override;
+    AppController(const AppController&) = delete;
+    AppController& operator=(const AppController&) = delete;
+
+    // --- Life cycle (app/Lifecycle.cpp) -----------------------------------------------------
+
+    /// The start-up sequence.
+    void applicationDidFinishLaunching() override;
+    /// Always true: closing the panel quits.
+    bool applicationShouldTerminateAfterLastWindowClosed() override;
+    /// The shut-down sequence.
+    void applicationWillTerminate() override;
+
+    // --- Diagnostic log (app/DiagnosticLog.cpp) ---------------------------------------------
+
+    /// Writes one line to the system log and to the debug log file. Any thread. A file that cannot
+    /// be written drops the line silently.
+    void slideNavLog(std::string_view event, std::string_view detail);
+
+    // --- Panel window and bridge (app/PanelWindow.cpp, app/BridgeDispatch.cpp) --------------
+
+    /// The directory that holds the pages: the bundle's, else "Resources" beside the executable,
+    /// else, unchecked, "Resources" in the working directory.
+    std::filesystem::path resourceDir();
+    /// Creates and shows the panel window and starts loading its page.
+    void buildPanelWindow();
+    /// Acts on one text posted by the panel page; what it does not recognise is ignored.
+    void handleBridgeRaw(std::string_view raw);
+
+    // --- Slide events (presentation/SlideIntake.cpp) ----------------------------------------
+
+    /// Takes a slide step from any channel: drops repeats, logs it, and passes it on.
+    /// Any thread, but one call at a time. `seq` may be empty: such events are never repeats.
+    void consumeSlideEvent(std::string_view direction, std::string_view seq,
+                           std::string_view source);
+    /// Hops to the main queue, also when already there. Any thread.
+    void pptSlide(std::string_view direction);
+    /// Checks direction and accessibility trust, then steps.
+    void pptSlideOnMainQueue(std::string_view direction);
+
+    // --- Slide target (presentation/SlideTarget.cpp) ----------------------------------------
+
+    /// The running program to step: the previous one, else the one in front, else the one whose
+    /// row has the lowest priority number. Absent when no known program has a titled window.
+    std::optional<SlideTargetCandidate> resolveSlideTargetCandidate(
+        const std::optional<std::string>& selfBundleId,
+        const std::optional<platform::RunningApplication>& front);
+    /// Rank of a program among the slide applications, lower first; absent when it is none.
+    [[nodiscard]] std::optional<int> slideBundlePriority(std::string_view bundleId) const;
+    /// Trimmed, non-empty titles of a process's windows, in the system's order.
+    std::vector<std::string> windowTitles(platform::Pid pid);
+    /// Whether a window with this title shows slides, as far as the titles of that program tell.
+    bool isLikelyPresentationWindow(std::string_view title, std::string_view bundleId);
+
+    // --- Menu path (presentation/MenuPath.cpp) ----------------------------------------------
+
+    /// Presses the program's own "next" or "previous" menu item. True only when an enabled item
+    /// was pressed; every other outcome but "no menu titles known" has its line in the log.
+    bool pressSlideMenuCommand(const std::string& bundleId, platform::Pid process,
+                               std::string_view direction);
+    /// The titles by which the program's slide commands are found; null when none are known.
+    [[nodiscard]] const platform::SlideMenuTitles* slideMenuStrategy(
+        std::string_view bundleId) const;
+    /// The top-level menus with a preferred title; all of them when none has one.
+    static std::vector<platform::UIElementRef> menuRootCandidates(
+        const platform::UIElement& menuBar, const TitleMatcher& preferred);
+    /// The first matching menu item, depth first, in reading order; null when there is none.
+    /// `depth` more levels below `elements` are searched, not even these when it is negative.
+    static platform::UIElementRef findMenuItem(const std::vector<platform::UIElementRef>& elements,
+                                               const TitleMatcher& wanted, int depth);
+    /// An attribute as text; absent when unreadable or something else.
+    static std::optional<std::string> axStringAttribute(const platform::UIElement& element,
+                                                        platform::AccessibilityAttribute attribute);
+    /// An attribute as an element; null when unreadable or something else.
+    static platform::UIElementRef axElementAttribute(const platform::UIElement& element,
+                                                     platform::AccessibilityAttribute attribute);
+    /// An attribute as a list of elements, without its entries of other kinds; empty when
+    /// unreadable or no list.
+    static std::vector<platform::UIElementRef> axChildrenAttribute(
+        const platform::UIElement& element, platform::AccessibilityAttribute attribute);
+
+    // --- Slide dispatch (presentation/SlideDispatch.cpp) ------------------------------------
+
+    /// Steps the presentation: by its menu when its program is in front, else, or when the menu
+    /// fails, by a key to its process. `direction` is "next" or "prev".
+    void resolveSlideTargetAndSend(std::string_view direction);
+    /// The second half: steps this candidate. `front` is the program that has the focus.
+    void sendSlideStep(const SlideTargetCandidate& candidate,
+                       const std::optional<platform::RunningApplication>& front,
+                       std::string_view direction);
+
+    // --- Accessibility permission (presentation/AccessibilityPermission.cpp) ----------------
+
+    /// Raises the system's trust prompt, once per run, with the panel in front.
+    void requestAccessibilityIfNeeded();
+    /// Asks the panel page to show its hints, at most once in `slideAccessibilityHintThrottle`.
+    void showSlideAccessibilityHintThrottled();
+
+private:
+    explicit AppController(platform::Platform platform);
+
+    void enableSlideControl();
+    void openAccessibilitySettings();
+    /// Posts one key press and release, 50 ms apart.
+    void sendSlideKey(platform::Pid process, const KeyStrategy& strategy,
+                      std::string_view direction);
+    void rememberSlideTarget(const SlideTargetCandidate& candidate);
+    /// The program's row in the table of slide applications; null when it has none.
+    [[nodiscard]] const platform::SlideApplication* slideApplication(
+        std::string_view bundleId) const;
+
+    platform::Platform platform_;
+
+    // The whole state. Names and order are fixed; the ones that nothing drives yet belong to the
+    // overlay, the backend, the network tuning and the slide channel.
+    // Atomic: also read on other threads, where a stale value is harmless.
+
+    std::shared_ptr<platform::Window> panelWindow;
+    std::shared_ptr<platform::WebView> panelWebView;
+    std::shared_ptr<platform::Panel> overlayWindow;
+    std::shared_ptr<platform::WebView> overlayWebView;
+    std::shared_ptr<BridgeHandler> bridge;
+    std::shared_ptr<platform::ChildProcess> keepAliveProcess;
+    std::shared_ptr<platform::ChildProcess> backendProcess;
+    /// Set once when shut-down begins; work that arrives later starts nothing new.
+    std::atomic<bool> appIsTerminating{false};
+    std::int64_t bundledBackendLaunchAttempt = 0;
+    std::int64_t maxBundledBackendLaunchAttempts = 3;
+    std::atomic<bool> bundledBackendUserStopped{false};
+    std::atomic<bool> awdlDisabled{false};
+    std::optional<platform::Date> lastSlideAccessibilityHintAt;
+    /// Seconds.
+    double slideAccessibilityHintThrottle = 4.0;
+    bool didRequestAccessibilityPrompt = false;
+    /// The process and product that took the previous step; never cleared.
+    std::optional<platform::Pid> lastSlideTargetPID;
+    std::optional<std::string> lastSlideTargetBundleId;
+    /// Of the last accepted event that had a sequence tag.
+    std::optional<std::string> lastSlideEventSeq;
+    std::optional<platform::Date> lastSlideEventAt;
+    std::shared_ptr<platform::WebSocketTask> nativeSlideSocket;
+    std::optional<std::string> nativeSlideSocketRoomCode;
+    std::optional<std::string> nativeSlideSocketServerUrl;
+    /// Our identity in a room, one per process: "overlay-native-1F3A9C0B".
+    std::string nativeSlideSocketUserId;
+    std::unique_ptr<platform::Timer> nativeSlideDiscoveryTimer;
+    std::atomic<bool> nativeSlideDiscoveryInFlight{false};
+    std::unique_ptr<platform::WorkItem> nativeSlideReconnectWorkItem;
+    std::unique_ptr<platform::Timer> nativeSlidePingTimer;
+};
+
+}  // namespace stagehopper

@@ -1,0 +1,38 @@
+#include <filesystem>
+#include <string>
+
+#include "app/AppController.h"
+#include "app/LogLine.h"
+#include "app/Utf8.h"
+#include "platform/Clock.h"
+#include "platform/FileSystem.h"
+#include "platform/Host.h"
+#include "platform/SystemLog.h"
+
+namespace stagehopper {
+
+namespace {
+
+constexpr const char* debugLogFile = "/tmp/stagehopper_debug.log";
+
+}  // namespace
+
+void AppController::slideNavLog(std::string_view event, std::string_view detail) {
+    const std::string message = diagnosticMessage(event, detail);
+    platform_.systemLog.write(message);
+
+    // The file is UTF-8 throughout: a text that is not is left out rather than altered.
+    if (!isValidUtf8(message)) return;
+    const std::string line =
+        diagnosticFileLine(platform_.host.localizedTime(platform_.clock.now()), message);
+
+    // Opened for every line: a file that was deleted meanwhile is made anew.
+    const std::filesystem::path file = debugLogFile;
+    if (platform_.fileSystem.fileExists(file)) {
+        platform_.fileSystem.appendToFile(file, line);
+    } else {
+        platform_.fileSystem.createFile(file, line);
+    }
+}
+
+}  // namespace stagehopper

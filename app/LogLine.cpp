@@ -1,0 +1,24 @@
+#include "app/LogLine.h"
+
+namespace stagehopper {
+
+std::string diagnosticMessage(std::string_view event, std::string_view detail) {
+    std::string message = "[slide_nav] ";
+    message += event;
+    if (!detail.empty()) {
+        message += ' ';
+        message += detail;
+    }
+    return message;
+}
+
+std::string diagnosticFileLine(std::string_view time, std::string_view message) {
+    std::string line = "[";
+    line += time;
+    line += "] ";
+    line += message;
+    line += '\n';
+    return line;
+}
+
+}  // namespace stagehopper

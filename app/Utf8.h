@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+namespace stagehopper {
+
+struct DecodedCodePoint {
+    char32_t codePoint;
+    /// Bytes it takes, 1 to 4.
+    std::size_t length;
+};
+
+/// The code point at the beginning of `bytes`; absent when they are empty or do not begin with
+/// well-formed UTF-8 (overlong forms, surrogates and values above U+10FFFF are not).
+std::optional<DecodedCodePoint> decodeUtf8(std::string_view bytes);
+
+bool isValidUtf8(std::string_view bytes);
+
+/// The text without white space and line breaks at both ends: Unicode's separators (categories Zs,
+/// Zl, Zp), U+0009 to U+000D and U+0085. Malformed bytes are not white space.
+std::string_view trimmed(std::string_view text);
+
+}  // namespace stagehopper

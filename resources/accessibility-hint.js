@@ -1,0 +1,1 @@
+window._showAccessibilityHint && window._showAccessibilityHint(); window._showAccessibilityRestartHint && window._showAccessibilityRestartHint()

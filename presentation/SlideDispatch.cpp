@@ -1,0 +1,131 @@
+#include <chrono>
+#include <string>
+
+#include "app/AppController.h"
+#include "platform/Accessibility.h"
+#include "platform/Clock.h"
+#include "platform/Host.h"
+#include "platform/KeyboardEvents.h"
+#include "platform/Workspace.h"
+#include "presentation/KeyStrategy.h"
+#include "presentation/LogDetail.h"
+#include "presentation/SlideTargetCandidate.h"
+
+namespace stagehopper {
+
+namespace {
+
+using platform::AccessibilityAttribute;
+
+// Long enough that a program which looks at the keyboard once per frame sees the key down.
+constexpr std::chrono::microseconds keyHold{50'000};
+
+constexpr std::string_view absentIdentity = "nil";
+constexpr std::string_view absentTitle = "-";
+
+std::string frontBundleId(const std::optional<platform::RunningApplication>& front) {
+    if (!front || !front->bundleIdentifier) return std::string(absentIdentity);
+    return *front->bundleIdentifier;
+}
+
+}  // namespace
+
+void AppController::resolveSlideTargetAndSend(std::string_view direction) {
+    const auto selfBundleId = platform_.host.bundleIdentifier();
+    const auto front = platform_.workspace.frontmostApplication();
+    std::optional<std::string> focusedTitle;
+    if (front) {
+        const auto application =
+            platform_.accessibility.applicationElement(front->processIdentifier);
+        if (const auto window =
+                axElementAttribute(*application, AccessibilityAttribute::focusedWindow)) {
+            focusedTitle = axStringAttribute(*window, AccessibilityAttribute::title);
+        }
+    }
+    slideNavLog("exec_context",
+                logDetail({{"ax", platform_.accessibility.isProcessTrusted() ? "true" : "false"},
+                           {"front", frontBundleId(front)},
+                           {"self", selfBundleId.value_or(std::string(absentIdentity))},
+                           {"title", focusedTitle.value_or(std::string(absentTitle))}}));
+
+    const auto candidate = resolveSlideTargetCandidate(selfBundleId, front);
+    if (!candidate) {
+        slideNavLog("blocked_no_target", "no_supported_presentation_window " +
+                                             logDetail({{"front", frontBundleId(front)}}));
+        return;
+    }
+    sendSlideStep(*candidate, front, direction);
+}
+
+void AppController::sendSlideStep(const SlideTargetCandidate& candidate,
+                                  const std::optional<platform::RunningApplication>& front,
+                                  std::string_view direction) {
+    const auto pid = candidate.app.processIdentifier;
+    const auto strategy = keyStrategy(slideApplication(candidate.bundleId));
+    const bool isFront = front && front->processIdentifier == pid;
+    const std::string detection(detectionWord(strategy, isFront));
+    const std::string title =
+        candidate.windowTitles.empty() ? std::string(absentTitle) : candidate.windowTitles.front();
+    slideNavLog("target_resolved",
+                detection + " " +
+                    logDetail({{"bundle", candidate.bundleId},
+                               {"strategy", strategy.word},
+                               {"pid", strategy.profiled ? std::to_string(pid)
+                                                         : std::string(absentIdentity)},
+                               {"title", title}}));
+
+    if (!isFront) {
+        // Menu commands act on the program in front, whoever's menu they stand in.
+        slideNavLog("menu_path_skipped",
+                    logDetail({{"bundle", candidate.bundleId}, {"reason", "background_target"}}));
+    } else if (pressSlideMenuCommand(candidate.bundleId, pid, direction)) {
+        rememberSlideTarget(candidate);
+        slideNavLog("completed", logDetail({{"path", "menu"}, {"bundle", candidate.bundleId}}));
+        return;
+    }
+
+    sendSlideKey(pid, strategy, direction);
+    rememberSlideTarget(candidate);
+    slideNavLog("completed", logDetail({{"path", detection}, {"bundle", candidate.bundleId}}));
+}
+
+void AppController::sendSlideKey(platform::Pid process, const KeyStrategy& strategy,
+                                 std::string_view direction) {
+    const auto key = strategy.keyFor(direction);
+    const auto down = platform_.keyboardEvents.makeKeyboardEvent(key, true);
+    const auto up = platform_.keyboardEvents.makeKeyboardEvent(key, false);
+    if (!down || !up) {
+        slideNavLog("key_dispatch_failed", logDetail({{"strategy", strategy.word}}));
+        return;
+    }
+
+    slideNavLog(strategy.profiled ? "key_sent" : "key_sent_fallback",
+                logDetail({{"strategy", strategy.word},
+                           {"keycodes_next/prev", std::to_string(strategy.nextKey) + "/" +
+                                                      std::to_string(strategy.previousKey)},
+                           {"sent", std::to_string(key)},
+                           {"dir", direction},
+                           {"dispatch", strategy.dispatchWord()}}));
+
+    const auto post = [&](const platform::KeyboardEvent& event) {
+        const auto outcome = strategy.profiled
+                                 ? platform_.keyboardEvents.postToProcess(process, event)
+                                 : platform_.keyboardEvents.postToFocus(event);
+        if (!outcome) {
+            slideNavLog("key_undelivered", logDetail({{"strategy", strategy.word},
+                                                      {"pid", std::to_string(process)},
+                                                      {"reason", outcome.reason()}}));
+        }
+        return static_cast<bool>(outcome);
+    };
+    if (!post(*down)) return;
+    platform_.clock.sleep(keyHold);
+    post(*up);
+}
+
+void AppController::rememberSlideTarget(const SlideTargetCandidate& candidate) {
+    lastSlideTargetPID = candidate.app.processIdentifier;
+    lastSlideTargetBundleId = candidate.bundleId;
+}
+
+}  // namespace stagehopper

@@ -1,0 +1,53 @@
+#include <string>
+
+#include "app/AppController.h"
+#include "app/Utf8.h"
+#include "platform/Accessibility.h"
+#include "platform/Clock.h"
+#include "platform/Dispatch.h"
+#include "platform/Text.h"
+#include "presentation/LogDetail.h"
+#include "presentation/SlideEvent.h"
+
+namespace stagehopper {
+
+void AppController::consumeSlideEvent(std::string_view direction, std::string_view seq,
+                                      std::string_view source) {
+    if (!seq.empty()) {
+        const auto now = platform_.clock.now();
+        if (isRepeatedEvent(seq, now, lastSlideEventSeq, lastSlideEventAt)) {
+            // The time stays that of the accepted copy: a sender that never stops repeating is
+            // heard again after the window.
+            slideNavLog("duplicate_dropped",
+                        logDetail({{"direction", direction}, {"seq", seq}, {"source", source}}));
+            return;
+        }
+        lastSlideEventSeq = seq;
+        lastSlideEventAt = now;
+    }
+    slideNavLog("native_bridge_received",
+                logDetail({{"direction", direction}, {"seq", seqForLog(seq)}, {"source", source}}));
+    pptSlide(direction);
+}
+
+void AppController::pptSlide(std::string_view direction) {
+    platform_.dispatch.asyncMain([weak = weak_from_this(), direction = std::string(direction)] {
+        if (const auto self = weak.lock()) self->pptSlideOnMainQueue(direction);
+    });
+}
+
+void AppController::pptSlideOnMainQueue(std::string_view direction) {
+    const std::string normalized = platform_.text.lowercased(trimmed(direction));
+    if (normalized != "next" && normalized != "prev") {
+        slideNavLog("blocked_invalid_direction", logDetail({{"raw", direction}}));
+        return;
+    }
+    if (!platform_.accessibility.isProcessTrusted()) {
+        slideNavLog("blocked_no_accessibility",
+                    "AXIsProcessTrusted=false (waiting for user to quit/relaunch)");
+        return;
+    }
+    resolveSlideTargetAndSend(normalized);
+}
+
+}  // namespace stagehopper

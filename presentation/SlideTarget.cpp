@@ -1,0 +1,71 @@
+#include <algorithm>
+
+#include "app/AppController.h"
+#include "app/Utf8.h"
+#include "platform/Accessibility.h"
+#include "platform/Workspace.h"
+#include "presentation/SlideApplications.h"
+#include "presentation/SlideTargetChoice.h"
+#include "presentation/TitleMatcher.h"
+
+namespace stagehopper {
+
+const platform::SlideApplication* AppController::slideApplication(std::string_view bundleId) const {
+    for (const auto* rows : {&commonSlideApplications(), &platform_.slideApplications}) {
+        const auto row =
+            std::ranges::find(*rows, bundleId, &platform::SlideApplication::bundleIdentifier);
+        if (row != rows->end()) return &*row;
+    }
+    return nullptr;
+}
+
+std::optional<int> AppController::slideBundlePriority(std::string_view bundleId) const {
+    const auto* row = slideApplication(bundleId);
+    if (row == nullptr) return std::nullopt;
+    return row->priority;
+}
+
+std::vector<std::string> AppController::windowTitles(platform::Pid pid) {
+    const auto application = platform_.accessibility.applicationElement(pid);
+    std::vector<std::string> titles;
+    for (const auto& window :
+         axChildrenAttribute(*application, platform::AccessibilityAttribute::windows)) {
+        const auto title = axStringAttribute(*window, platform::AccessibilityAttribute::title);
+        if (!title) continue;
+        if (const auto text = trimmed(*title); !text.empty()) titles.emplace_back(text);
+    }
+    return titles;
+}
+
+bool AppController::isLikelyPresentationWindow(std::string_view title, std::string_view bundleId) {
+    return titleSuggestsSlides(normalizedTitle(platform_.text, title), bundleId);
+}
+
+std::optional<SlideTargetCandidate> AppController::resolveSlideTargetCandidate(
+    const std::optional<std::string>& selfBundleId,
+    const std::optional<platform::RunningApplication>& front) {
+    std::vector<RankedCandidate> candidates;
+    for (const auto& running : platform_.workspace.runningApplications()) {
+        const auto& bundleId = running.bundleIdentifier;
+        if (!bundleId || bundleId == selfBundleId) continue;
+        const auto priority = slideBundlePriority(*bundleId);
+        if (!priority) continue;
+        const auto titles = windowTitles(running.processIdentifier);
+        if (titles.empty()) continue;
+        // Preview shows images and texts too. The others are not asked: WPS puts titles of its own
+        // on its show windows.
+        if (bundleId == "com.apple.Preview" &&
+            std::ranges::none_of(titles, [&](const std::string& title) {
+                return isLikelyPresentationWindow(title, *bundleId);
+            })) {
+            continue;
+        }
+        candidates.push_back({{running, *bundleId, titles}, *priority});
+    }
+
+    SlideTargetHistory history{lastSlideTargetPID, lastSlideTargetBundleId, std::nullopt};
+    if (front) history.frontPid = front->processIdentifier;
+    return chooseSlideTarget(candidates, history);
+}
+
+}  // namespace stagehopper

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/Workspace.h"
+#include "presentation/SlideTargetCandidate.h"
+
+namespace stagehopper {
+
+/// What was stepped before and what is in front now.
+struct SlideTargetHistory {
+    std::optional<platform::Pid> lastPid;
+    std::optional<std::string> lastBundleId;
+    std::optional<platform::Pid> frontPid;
+};
+
+/// A candidate with its rank, lower first.
+struct RankedCandidate {
+    SlideTargetCandidate candidate;
+    int priority = 0;
+};
+
+/// The candidate to step: the previous process, else the previous product, else the one in front,
+/// else the best rank and, among equals, the lowest process id. The previous one wins over the one
+/// in front so that a glance into another program does not move the remote.
+std::optional<SlideTargetCandidate> chooseSlideTarget(
+    const std::vector<RankedCandidate>& candidates, const SlideTargetHistory& history);
+
+/// Whether the title of a window of `bundleId` says that slides are in it. `normalizedTitle` is
+/// folded, trimmed and lower-case. Programs whose titles do not tell count as yes.
+bool titleSuggestsSlides(std::string_view normalizedTitle, std::string_view bundleId);
+
+}  // namespace stagehopper

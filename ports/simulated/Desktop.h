@@ -1,0 +1,75 @@
+#pragma once
+
+#include <memory>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/Platform.h"
+#include "ports/simulated/Journal.h"
+#include "ports/simulated/Program.h"
+#include "ports/simulated/SimulatedAccessibility.h"
+#include "ports/simulated/SimulatedApplication.h"
+#include "ports/simulated/SimulatedClock.h"
+#include "ports/simulated/SimulatedDispatch.h"
+#include "ports/simulated/SimulatedFileSystem.h"
+#include "ports/simulated/SimulatedHost.h"
+#include "ports/simulated/SimulatedKeyboard.h"
+#include "ports/simulated/SimulatedSystemLog.h"
+#include "ports/simulated/SimulatedText.h"
+#include "ports/simulated/SimulatedUserInterface.h"
+#include "ports/simulated/SimulatedWorkspace.h"
+
+namespace stagehopper::simulated {
+
+/// A whole desktop in memory, with virtual time and one journal of effects. The test's thread plays
+/// the main thread; nothing happens but what the test lets happen.
+class Desktop {
+public:
+    Desktop();
+    Desktop(const Desktop&) = delete;
+    Desktop& operator=(const Desktop&) = delete;
+
+    /// Valid as long as the desktop; `slideApplications` is copied as it stands.
+    platform::Platform platform();
+
+    // --- time -------------------------------------------------------------------------------
+    void runReady() { dispatch.runReady(); }
+    void advance(std::chrono::nanoseconds duration) { dispatch.advance(duration); }
+    /// Forwards to a point of the wall clock; one that has passed is left alone.
+    void advanceTo(platform::Date date);
+    void sleepFor(std::chrono::nanoseconds duration) { dispatch.sleepFor(duration); }
+
+    // --- the application --------------------------------------------------------------------
+    /// Makes it the delegate, finishes launching and runs what is due.
+    void launch(const std::shared_ptr<platform::ApplicationDelegate>& delegate);
+    [[nodiscard]] const WindowState& panelWindow() { return userInterface.window(); }
+    [[nodiscard]] Page panelPage() { return userInterface.page(); }
+    void userClosesPanel() { userInterface.userClosesWindow(); }
+    void userPressesMenuItem(std::string_view title) { application.userPressesMenuItem(title); }
+
+    // --- other programs ---------------------------------------------------------------------
+    void addProgram(Program program) { workspace.start(std::move(program)); }
+    void quitProgram(platform::Pid pid) { workspace.quit(pid); }
+    void bringToFront(platform::Pid pid) { workspace.front = pid; }
+    void bringNothingToFront() { workspace.front.reset(); }
+    [[nodiscard]] std::optional<platform::Pid> frontPid() const { return workspace.front; }
+    /// Throws when no such process runs.
+    [[nodiscard]] RunningProgram& program(platform::Pid pid);
+
+    SimulatedClock clock;
+    Journal journal;
+    SimulatedDispatch dispatch;
+    SimulatedApplication application;
+    SimulatedUserInterface userInterface;
+    SimulatedWorkspace workspace;
+    SimulatedAccessibility accessibility;
+    SimulatedKeyboard keyboard;
+    SimulatedFileSystem files;
+    SimulatedHost host;
+    SimulatedSystemLog systemLog;
+    SimulatedText text;
+    std::vector<platform::SlideApplication> slideApplications;
+};
+
+}  // namespace stagehopper::simulated

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstddef>
+#include <mutex>
+#include <string>
+#include <vector>
+
+#include "platform/Clock.h"
+
+namespace stagehopper::simulated {
+
+class SimulatedClock;
+
+struct JournalEntry {
+    /// Since the desktop was made, whatever the wall clock said.
+    std::chrono::nanoseconds at;
+    std::string effect;
+};
+
+/// Everything that the application did to its surroundings, in order. Any thread.
+///
+/// The effects read: `window "T" shown`, `window "T" closed`, `page /dir/panel.html loaded`,
+/// `script evaluated: …`, `activation policy regular`, `main menu set`, `application activated`,
+/// `application terminated`, `accessibility prompt shown`, `url opened: …`, `log: …`,
+/// `pressed "T" of 42`, `key 121 down to 42`, `key 124 up to the focus`.
+class Journal {
+public:
+    explicit Journal(const SimulatedClock& clock) : clock_(clock) {}
+
+    void add(std::string effect);
+
+    /// A point in the journal, for `effectsSince`.
+    [[nodiscard]] std::size_t mark() const;
+    [[nodiscard]] std::vector<std::string> effectsSince(std::size_t mark) const;
+    [[nodiscard]] std::vector<JournalEntry> entries() const;
+
+private:
+    const SimulatedClock& clock_;
+    mutable std::mutex mutex_;
+    std::vector<JournalEntry> entries_;
+};
+
+}  // namespace stagehopper::simulated

@@ -1,0 +1,110 @@
+#pragma once
+
+#include <chrono>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/Accessibility.h"
+#include "platform/KeyboardEvents.h"
+
+namespace stagehopper::simulated {
+
+/// An entry of a program's menu, with everything that can be odd about one.
+struct MenuNode {
+    /// Absent: the title cannot be read.
+    std::optional<std::string> title;
+    std::string roleName{platform::accessibility_role::menuItem};
+    /// Absent: the state cannot be read.
+    std::optional<bool> isEnabled = true;
+    platform::AccessibilityError resultOfPress = platform::AccessibilityError::success;
+    std::vector<MenuNode> children;
+    /// Entries of a menu that stands behind the menu attribute instead of among the children.
+    std::vector<MenuNode> menuAttribute;
+    /// Not an element at all.
+    bool odd = false;
+
+    MenuNode role(std::string_view name) &&;
+    MenuNode disabled() &&;
+    MenuNode unreadableTitle() &&;
+    MenuNode unreadableEnabled() &&;
+    MenuNode pressResult(platform::AccessibilityError result) &&;
+    MenuNode withMenuAttribute(std::vector<MenuNode> entries) &&;
+};
+
+MenuNode item(std::string_view title);
+MenuNode submenu(std::string_view title, std::vector<MenuNode> children);
+/// Something in the list of a menu's children that is not an element.
+MenuNode oddEntry();
+
+/// A program before it is started: `program("com.apple.Preview").pid(60).window("deck.pdf")`.
+class Program {
+public:
+    Program pid(platform::Pid pid) &&;
+    Program window(std::string_view title) &&;
+    /// A window whose title cannot be read.
+    Program untitledWindow() &&;
+    /// A top-level menu. Without any, the program has no menu bar.
+    Program menu(std::string_view title, std::vector<MenuNode> entries) &&;
+    /// None of its attributes can be read.
+    Program unreadable() &&;
+    /// Keys cannot be posted to it, for this reason.
+    Program refusesKeys(std::string_view reason) &&;
+
+    [[nodiscard]] platform::Pid processIdentifier() const { return processIdentifier_; }
+
+private:
+    friend Program program(std::optional<std::string> bundleId);
+    friend class RunningProgram;
+
+    platform::Pid processIdentifier_ = 0;
+    std::optional<std::string> bundleIdentifier_;
+    std::vector<std::optional<std::string>> windows_;
+    std::vector<MenuNode> menus_;
+    bool readable_ = true;
+    std::string keyRefusal_;
+};
+
+Program program(std::optional<std::string> bundleId = std::nullopt);
+
+/// A key that arrived at a program.
+struct ReceivedKey {
+    platform::VirtualKey key;
+    bool down;
+    /// Since the desktop was made.
+    std::chrono::nanoseconds at;
+};
+
+/// A program that runs, or ran: what it shows and what arrived at it.
+class RunningProgram {
+public:
+    explicit RunningProgram(Program program) : program_(std::move(program)) {}
+
+    [[nodiscard]] platform::RunningApplication application() const {
+        return {program_.processIdentifier_, program_.bundleIdentifier_};
+    }
+    [[nodiscard]] const std::vector<std::optional<std::string>>& windows() const {
+        return program_.windows_;
+    }
+    [[nodiscard]] const std::vector<MenuNode>& menus() const { return program_.menus_; }
+    [[nodiscard]] bool readable() const { return program_.readable_; }
+    [[nodiscard]] const std::string& keyRefusal() const { return program_.keyRefusal_; }
+
+    void closeWindows() { program_.windows_.clear(); }
+    void receive(const ReceivedKey& key) { keys_.push_back(key); }
+    void itemWasPressed(std::string title) { pressed_.push_back(std::move(title)); }
+
+    [[nodiscard]] const std::vector<ReceivedKey>& keys() const { return keys_; }
+    /// The codes of the keys that went down.
+    [[nodiscard]] std::vector<int> keysDown() const;
+    /// Titles of the menu items that were pressed.
+    [[nodiscard]] const std::vector<std::string>& pressed() const { return pressed_; }
+
+private:
+    Program program_;
+    std::vector<ReceivedKey> keys_;
+    std::vector<std::string> pressed_;
+};
+
+}  // namespace stagehopper::simulated

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <string_view>
+
+#include "platform/Application.h"
+#include "ports/simulated/Journal.h"
+#include "ports/simulated/SimulatedDispatch.h"
+
+namespace stagehopper::simulated {
+
+/// The application object. Main thread only.
+class SimulatedApplication final : public platform::Application {
+public:
+    SimulatedApplication(Journal& journal, SimulatedDispatch& dispatch)
+        : journal_(journal), dispatch_(dispatch) {}
+
+    void setDelegate(std::weak_ptr<platform::ApplicationDelegate> delegate) override;
+    void setActivationPolicy(platform::ActivationPolicy policy) override;
+    void setMainMenu(const platform::MainMenu& menu) override;
+    void activate() override;
+    void terminate() override;
+    /// Launches, then runs all that is due, letting time pass, until it is terminated. A desktop
+    /// on which nothing is left to happen would run for ever: that throws.
+    int run() override;
+
+    /// The first half of `run`: tests go on from there by moving time themselves.
+    void finishLaunching();
+    /// Asks the delegate whether to quit, as the system does.
+    void lastWindowWasClosed();
+    /// The user chooses the item with this title; unknown titles throw.
+    void userPressesMenuItem(std::string_view title);
+
+    [[nodiscard]] bool terminated() const { return terminated_; }
+    [[nodiscard]] const platform::MainMenu& menu() const { return menu_; }
+
+private:
+    Journal& journal_;
+    SimulatedDispatch& dispatch_;
+    std::weak_ptr<platform::ApplicationDelegate> delegate_;
+    platform::MainMenu menu_;
+    bool terminated_ = false;
+};
+
+}  // namespace stagehopper::simulated

@@ -1,0 +1,106 @@
+#include "ports/simulated/SimulatedFileSystem.h"
+
+#include <algorithm>
+
+namespace stagehopper::simulated {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr int mostLinks = 40;  // as in a real kernel: links in a circle end somewhere
+
+bool isInside(const fs::path& path, const fs::path& directory) {
+    return std::mismatch(directory.begin(), directory.end(), path.begin(), path.end()).first ==
+           directory.end();
+}
+
+}  // namespace
+
+fs::path SimulatedFileSystem::resolved(const fs::path& path) const {
+    fs::path rest = path.lexically_normal();
+    for (int followed = 0; followed < mostLinks; ++followed) {
+        fs::path walked;
+        bool replaced = false;
+        for (auto part = rest.begin(); part != rest.end(); ++part) {
+            walked /= *part;
+            const auto entry = entries_.find(walked);
+            if (entry == entries_.end() || entry->second.linkTarget.empty()) continue;
+            fs::path next = walked.parent_path() / entry->second.linkTarget;
+            for (++part; part != rest.end(); ++part) next /= *part;
+            rest = next.lexically_normal();
+            replaced = true;
+            break;
+        }
+        if (!replaced) break;
+    }
+    return rest;
+}
+
+bool SimulatedFileSystem::fileExists(const fs::path& path) {
+    const std::lock_guard lock(mutex_);
+    const auto target = resolved(path);
+    const auto entry = entries_.find(target);
+    if (entry != entries_.end()) return entry->second.linkTarget.empty();
+    return std::ranges::any_of(
+        entries_, [&target](const auto& other) { return isInside(other.first, target); });
+}
+
+bool SimulatedFileSystem::createFile(const fs::path& path, std::string_view contents) {
+    const std::lock_guard lock(mutex_);
+    if (!canCreate_) return false;
+    return entries_.try_emplace(path, Entry{std::string(contents), true, {}}).second;
+}
+
+bool SimulatedFileSystem::appendToFile(const fs::path& path, std::string_view bytes) {
+    const std::lock_guard lock(mutex_);
+    const auto entry = entries_.find(path);
+    if (entry == entries_.end() || !entry->second.linkTarget.empty() || !entry->second.writable) {
+        return false;
+    }
+    entry->second.contents += bytes;
+    return true;
+}
+
+fs::path SimulatedFileSystem::resolvingSymlinks(const fs::path& path) {
+    const std::lock_guard lock(mutex_);
+    return resolved(path);
+}
+
+void SimulatedFileSystem::put(const fs::path& path, std::string_view contents) {
+    const std::lock_guard lock(mutex_);
+    entries_.insert_or_assign(path, Entry{std::string(contents), true, {}});
+}
+
+void SimulatedFileSystem::link(const fs::path& path, const fs::path& target) {
+    const std::lock_guard lock(mutex_);
+    entries_.insert_or_assign(path, Entry{{}, true, target});
+}
+
+void SimulatedFileSystem::remove(const fs::path& path) {
+    const std::lock_guard lock(mutex_);
+    entries_.erase(path);
+}
+
+void SimulatedFileSystem::setWritable(const fs::path& path, bool writable) {
+    const std::lock_guard lock(mutex_);
+    entries_.at(path).writable = writable;
+}
+
+void SimulatedFileSystem::setCanCreate(bool canCreate) {
+    const std::lock_guard lock(mutex_);
+    canCreate_ = canCreate;
+}
+
+bool SimulatedFileSystem::exists(const fs::path& path) const {
+    const std::lock_guard lock(mutex_);
+    return entries_.contains(path);
+}
+
+std::string SimulatedFileSystem::contents(const fs::path& path) const {
+    const std::lock_guard lock(mutex_);
+    const auto entry = entries_.find(path);
+    return entry == entries_.end() ? std::string{} : entry->second.contents;
+}
+
+}  // namespace stagehopper::simulated

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <atomic>
+
+#include "platform/Host.h"
+
+namespace stagehopper::simulated {
+
+/// A process as a test wants it. Its fields are set before other threads ask.
+class SimulatedHost final : public platform::Host {
+public:
+    std::optional<std::string> bundleIdentifier() override { return bundleId; }
+    std::optional<std::filesystem::path> bundleResourceDirectory() override {
+        return resourceDirectory;
+    }
+    std::vector<std::string> arguments() override { return commandLine; }
+    std::filesystem::path currentDirectory() override { return workingDirectory; }
+    /// The same sequence in every run, so that a run can be repeated exactly.
+    std::string makeUuid() override;
+    /// `time`, whatever the date.
+    std::string localizedTime(platform::Date date) override;
+
+    std::optional<std::string> bundleId;
+    std::optional<std::filesystem::path> resourceDirectory;
+    std::vector<std::string> commandLine{"/app/stagehopper"};
+    std::filesystem::path workingDirectory = "/";
+    std::string time = "12:00:00";
+
+private:
+    std::atomic<unsigned> uuids_{0};
+};
+
+}  // namespace stagehopper::simulated

@@ -1,0 +1,82 @@
+#include "ports/simulated/SimulatedText.h"
+
+#include <cstddef>
+
+namespace stagehopper::simulated {
+
+namespace {
+
+constexpr std::string_view replacement = "\xEF\xBF\xBD";
+/// Base letters of U+00E0 to U+00FF; a blank stands for a letter that has none.
+constexpr std::string_view baseLetters = "aaaaaa ceeeeiiii nooooo  uuuuy y";
+
+unsigned char byteAt(std::string_view text, std::size_t i) {
+    return i < text.size() ? static_cast<unsigned char>(text[i]) : 0;
+}
+
+/// Length of the well-formed sequence at the beginning; 0 for none. Good enough for a simulation:
+/// overlong forms pass.
+std::size_t sequenceLength(std::string_view text) {
+    const auto lead = byteAt(text, 0);
+    std::size_t length = 0;
+    if (lead < 0x80U) return 1;
+    if (lead >= 0xC2U && lead < 0xE0U) length = 2;
+    if (lead >= 0xE0U && lead < 0xF0U) length = 3;
+    if (lead >= 0xF0U && lead < 0xF5U) length = 4;
+    for (std::size_t i = 1; i < length; ++i) {
+        if ((byteAt(text, i) & 0xC0U) != 0x80U) return 0;
+    }
+    return length;
+}
+
+std::string lowerCharacter(std::string_view character) {
+    std::string lower(character);
+    if (character.size() == 1 && character[0] >= 'A' && character[0] <= 'Z') {
+        lower[0] = static_cast<char>(character[0] - 'A' + 'a');
+    }
+    // À to Þ lie 0x20 before à to þ; the multiplication sign among them stays.
+    const auto second = byteAt(character, 1);
+    if (byteAt(character, 0) == 0xC3U && second <= 0x9EU && second != 0x97U) {
+        lower[1] = static_cast<char>(second + 0x20U);
+    }
+    return lower;
+}
+
+std::string foldCharacter(std::string_view character) {
+    const std::string lower = lowerCharacter(character);
+    const auto lead = byteAt(lower, 0);
+    const auto second = byteAt(lower, 1);
+    const bool combiningAccent = lead == 0xCCU || (lead == 0xCDU && second <= 0xAFU);
+    if (combiningAccent) return {};
+    if (lead != 0xC3U || second < 0xA0U) return lower;
+    const char base = baseLetters[second - 0xA0U];
+    return base == ' ' ? lower : std::string(1, base);
+}
+
+template <class Change>
+std::string eachCharacter(std::string_view text, Change change) {
+    std::string changed;
+    while (!text.empty()) {
+        const auto length = sequenceLength(text);
+        if (length == 0) {
+            changed += replacement;
+            text.remove_prefix(1);
+            continue;
+        }
+        changed += change(text.substr(0, length));
+        text.remove_prefix(length);
+    }
+    return changed;
+}
+
+}  // namespace
+
+std::string SimulatedText::folded(std::string_view text) {
+    return eachCharacter(text, foldCharacter);
+}
+
+std::string SimulatedText::lowercased(std::string_view text) {
+    return eachCharacter(text, lowerCharacter);
+}
+
+}  // namespace stagehopper::simulated

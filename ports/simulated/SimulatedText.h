@@ -1,0 +1,15 @@
+#pragma once
+
+#include "platform/Text.h"
+
+namespace stagehopper::simulated {
+
+/// Folds ASCII, Latin-1 and combining accents; other scripts stay as they are. Enough for titles in
+/// English, French, German and Chinese, the same in every locale. Any thread.
+class SimulatedText final : public platform::Text {
+public:
+    std::string folded(std::string_view text) override;
+    std::string lowercased(std::string_view text) override;
+};
+
+}  // namespace stagehopper::simulated

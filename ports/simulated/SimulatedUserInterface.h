@@ -1,0 +1,91 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/UserInterface.h"
+#include "ports/simulated/Journal.h"
+#include "ports/simulated/SimulatedDispatch.h"
+
+namespace stagehopper::simulated {
+
+/// A window as the user sees it.
+struct WindowState {
+    std::string title;
+    platform::Rect contentRect;
+    unsigned styleMask = 0;
+    platform::Size minimumSize;
+    std::shared_ptr<platform::WebView> contentView;
+    bool centered = false;
+    bool key = false;
+    bool visible = false;
+    /// False once it was closed, by the user or by dropping its handle.
+    bool open = true;
+};
+
+/// A page in a web view: what the application asked of it.
+struct PageState {
+    platform::WebViewConfiguration configuration;
+    std::filesystem::path file;
+    std::filesystem::path readAccess;
+    std::vector<std::string> evaluatedScripts;
+};
+
+/// The page's side of a web view. Keeps nothing alive: a page whose view is gone still runs here,
+/// but what it posts reaches nobody. The getters need a view that is still there.
+class Page {
+public:
+    Page(std::weak_ptr<PageState> state, SimulatedDispatch& dispatch)
+        : state_(std::move(state)), dispatch_(&dispatch) {}
+
+    /// Posts a text to the handler of that name; it is delivered when the main queue runs.
+    void posts(const std::string& handler, std::string_view text) const;
+    /// Posts something that is no text.
+    void postsNonText(const std::string& handler) const;
+
+    [[nodiscard]] std::filesystem::path file() const { return state_.lock()->file; }
+    [[nodiscard]] std::filesystem::path readAccess() const { return state_.lock()->readAccess; }
+    [[nodiscard]] std::vector<std::string> evaluatedScripts() const {
+        return state_.lock()->evaluatedScripts;
+    }
+    [[nodiscard]] std::vector<std::string> userScripts() const;
+    [[nodiscard]] std::vector<std::string> handlerNames() const;
+
+private:
+    void post(platform::ScriptMessage message) const;
+
+    std::weak_ptr<PageState> state_;
+    SimulatedDispatch* dispatch_;
+};
+
+/// Windows and web views in memory. Main thread only.
+class SimulatedUserInterface final : public platform::UserInterface {
+public:
+    SimulatedUserInterface(Journal& journal, SimulatedDispatch& dispatch)
+        : journal_(journal), dispatch_(dispatch) {}
+
+    std::shared_ptr<platform::Window> makeWindow(const platform::WindowOptions& options) override;
+    std::shared_ptr<platform::WebView> makeWebView(
+        const platform::Rect& frame, const platform::WebViewConfiguration& configuration) override;
+
+    /// The window made last; throws when there was none.
+    [[nodiscard]] WindowState& window();
+    /// The page of the web view made last; throws when there was none.
+    [[nodiscard]] Page page();
+    /// The user closes the window made last.
+    void userClosesWindow();
+    /// Called when a window that the user closed was the last one.
+    std::function<void()> lastWindowWasClosed;
+
+private:
+    Journal& journal_;
+    SimulatedDispatch& dispatch_;
+    std::vector<std::shared_ptr<WindowState>> windows_;
+    std::weak_ptr<PageState> page_;
+    bool madePage_ = false;
+};
+
+}  // namespace stagehopper::simulated

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <chrono>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/Platform.h"
+
+namespace stagehopper {
+
+namespace platform {
+class WebView;
+class Window;
+}  // namespace platform
+
+/// A port under test, and what its user and its surroundings do. One per test.
+class PortHarness {
+public:
+    virtual ~PortHarness() = default;
+
+    virtual platform::Platform platform() = 0;
+    /// Lets the main thread work, in the port's own time, until `done` holds. False when the limit
+    /// came first.
+    virtual bool runUntil(const std::function<bool()>& done,
+                          std::chrono::seconds limit = std::chrono::seconds{10}) = 0;
+
+    /// The user closes this window.
+    virtual void userCloses(platform::Window& window) = 0;
+    /// Loads an empty page and waits until its scripts can run.
+    virtual void loadEmptyPage(platform::WebView& view) = 0;
+    /// The page of this view posts a text, or a number, to a handler.
+    virtual void pagePosts(platform::WebView& view, std::string_view handler,
+                           std::string_view text) = 0;
+    virtual void pagePostsNumber(platform::WebView& view, std::string_view handler) = 0;
+
+    /// An empty directory for this test.
+    virtual std::filesystem::path temporaryDirectory() = 0;
+    /// What others put into the file system, and what they find there.
+    virtual void plantFile(const std::filesystem::path& path, std::string_view contents) = 0;
+    virtual void plantLink(const std::filesystem::path& path,
+                           const std::filesystem::path& target) = 0;
+    virtual std::string contentsOf(const std::filesystem::path& path) = 0;
+};
+
+/// Each port's test program defines it.
+std::unique_ptr<PortHarness> makePortHarness();
+
+}  // namespace stagehopper

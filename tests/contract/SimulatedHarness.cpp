@@ -1,0 +1,53 @@
+#include "ports/simulated/Desktop.h"
+#include "tests/contract/PortHarness.h"
+
+namespace stagehopper {
+
+namespace {
+
+class SimulatedHarness final : public PortHarness {
+public:
+    platform::Platform platform() override { return desktop_.platform(); }
+
+    bool runUntil(const std::function<bool()>& done, std::chrono::seconds limit) override {
+        const auto end = desktop_.clock.elapsed() + limit;
+        while (!done()) {
+            if (desktop_.clock.elapsed() > end || !desktop_.dispatch.runNext()) return done();
+        }
+        return true;
+    }
+
+    // The tests make one window and one view each, so the desktop's latest is the one meant.
+    void userCloses(platform::Window& /*window*/) override { desktop_.userClosesPanel(); }
+    void loadEmptyPage(platform::WebView& view) override { view.loadFile("/page.html", "/"); }
+    void pagePosts(platform::WebView& /*view*/, std::string_view handler,
+                   std::string_view text) override {
+        desktop_.panelPage().posts(std::string(handler), text);
+    }
+    void pagePostsNumber(platform::WebView& /*view*/, std::string_view handler) override {
+        desktop_.panelPage().postsNonText(std::string(handler));
+    }
+
+    std::filesystem::path temporaryDirectory() override { return "/tmp/test"; }
+    void plantFile(const std::filesystem::path& path, std::string_view contents) override {
+        desktop_.files.put(path, contents);
+    }
+    void plantLink(const std::filesystem::path& path,
+                   const std::filesystem::path& target) override {
+        desktop_.files.link(path, target);
+    }
+    std::string contentsOf(const std::filesystem::path& path) override {
+        return desktop_.files.contents(path);
+    }
+
+private:
+    simulated::Desktop desktop_;
+};
+
+}  // namespace
+
+std::unique_ptr<PortHarness> makePortHarness() {
+    return std::make_unique<SimulatedHarness>();
+}
+
+}  // namespace stagehopper

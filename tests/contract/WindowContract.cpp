@@ -1,0 +1,144 @@
+// Windows, pages and what the pages post, the same on every port.
+
+#include <gmock/gmock.h>
+
+#include "platform/Application.h"
+#include "platform/Dispatch.h"
+#include "platform/UserInterface.h"
+#include "tests/contract/PortHarness.h"
+
+namespace stagehopper {
+namespace {
+
+using namespace std::chrono_literals;
+using namespace std::string_literals;
+using testing::ElementsAre;
+
+class Recorder final : public platform::ScriptMessageHandler {
+public:
+    void didReceive(const platform::ScriptMessage& message) override {
+        texts.push_back(message.text.value_or("(no text)"));
+        names.push_back(message.name);
+        if (onMessage) onMessage();
+    }
+    std::vector<std::string> texts;
+    std::vector<std::string> names;
+    std::function<void()> onMessage;
+};
+
+class WindowContract : public testing::Test {
+protected:
+    WindowContract() {
+        configuration.messageHandlers["bridge"] = recorder;
+        view = port.userInterface.makeWebView({0, 0, {300, 200}}, configuration);
+        window = port.userInterface.makeWindow(
+            {{0, 0, {300, 200}}, platform::windowTitled | platform::windowClosable});
+        window->setTitle("Contract");
+        window->setContentView(view);
+        window->makeKeyAndOrderFront();
+        harness->loadEmptyPage(*view);
+    }
+    [[nodiscard]] bool untilTexts(std::size_t count) {
+        return harness->runUntil([this, count] { return recorder->texts.size() >= count; });
+    }
+    void runFor(platform::Duration delay) {
+        bool over = false;
+        const auto end = port.dispatch.afterMain(delay, [&over] { over = true; });
+        ASSERT_TRUE(harness->runUntil([&over] { return over; }));
+    }
+
+    std::unique_ptr<PortHarness> harness = makePortHarness();
+    platform::Platform port = harness->platform();
+    std::shared_ptr<Recorder> recorder = std::make_shared<Recorder>();
+    platform::WebViewConfiguration configuration;
+    std::shared_ptr<platform::WebView> view;
+    std::shared_ptr<platform::Window> window;
+};
+
+TEST_F(WindowContract, TextsArriveInTheOrderOfPosting) {
+    for (int i = 0; i < 20; ++i) harness->pagePosts(*view, "bridge", std::to_string(i));
+    ASSERT_TRUE(untilTexts(20));
+    for (std::size_t i = 0; i < 20; ++i) EXPECT_EQ(recorder->texts[i], std::to_string(i));
+    EXPECT_THAT(recorder->names, testing::Each("bridge"));
+}
+
+TEST_F(WindowContract, AnythingButATextArrivesAsNoText) {
+    harness->pagePostsNumber(*view, "bridge");
+    ASSERT_TRUE(untilTexts(1));
+    EXPECT_THAT(recorder->texts, ElementsAre("(no text)"));
+}
+
+TEST_F(WindowContract, TextsKeepEveryCharacter) {
+    const auto text = "a\0b\n\"\\ é 下一张 😀"s;
+    harness->pagePosts(*view, "bridge", text);
+    harness->pagePosts(*view, "bridge", "");
+    ASSERT_TRUE(untilTexts(2));
+    EXPECT_THAT(recorder->texts, ElementsAre(text, ""));
+}
+
+TEST_F(WindowContract, WhatIsPostedToAnUnknownHandlerReachesNobody) {
+    harness->pagePosts(*view, "elsewhere", "lost");
+    harness->pagePosts(*view, "bridge", "found");
+    ASSERT_TRUE(untilTexts(1));
+    runFor(50ms);
+    EXPECT_THAT(recorder->texts, ElementsAre("found"));
+}
+
+TEST_F(WindowContract, NothingArrivesAfterTheViewWasDropped) {
+    harness->pagePosts(*view, "bridge", "too late");
+    window.reset();
+    view.reset();
+    runFor(200ms);
+    EXPECT_TRUE(recorder->texts.empty());
+}
+
+TEST_F(WindowContract, AHandlerMayDropTheViewThatCalledIt) {
+    recorder->onMessage = [this] {
+        window.reset();
+        view.reset();
+    };
+    harness->pagePosts(*view, "bridge", "first");
+    harness->pagePosts(*view, "bridge", "second");
+    ASSERT_TRUE(untilTexts(1));
+    runFor(200ms);
+    EXPECT_THAT(recorder->texts, ElementsAre("first"));
+}
+
+TEST_F(WindowContract, AViewHoldsItsHandlers) {
+    const std::weak_ptr<Recorder> observed = recorder;
+    configuration.messageHandlers.clear();
+    recorder.reset();
+    EXPECT_FALSE(observed.expired());
+    window.reset();
+    view.reset();
+    EXPECT_TRUE(harness->runUntil([&observed] { return observed.expired(); }));
+}
+
+class Asked final : public platform::ApplicationDelegate {
+public:
+    void applicationDidFinishLaunching() override { onLaunch(); }
+    bool applicationShouldTerminateAfterLastWindowClosed() override {
+        ++asked;
+        return true;
+    }
+    void applicationWillTerminate() override { ++told; }
+
+    std::function<void()> onLaunch;
+    int asked = 0;
+    int told = 0;
+};
+
+TEST_F(WindowContract, ClosingTheLastWindowAsksTheDelegateAndQuits) {
+    const auto delegate = std::make_shared<Asked>();
+    std::unique_ptr<platform::WorkItem> close;
+    delegate->onLaunch = [&] {
+        close = port.dispatch.afterMain(1ms, [this] { harness->userCloses(*window); });
+    };
+    port.application.setDelegate(delegate);
+    EXPECT_EQ(port.application.run(), 0);
+    EXPECT_EQ(delegate->asked, 1);
+    EXPECT_EQ(delegate->told, 1);
+}
+
+}  // namespace
+}  // namespace stagehopper

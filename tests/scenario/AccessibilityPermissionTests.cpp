@@ -1,0 +1,132 @@
+#include <gmock/gmock.h>
+
+#include "resources/AccessibilityHintScript.h"
+#include "tests/scenario/Stage.h"
+
+namespace stagehopper {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class AccessibilityPermission : public testing::Test {
+protected:
+    AccessibilityPermission() {
+        stage.desktop.accessibility.trusted = false;
+        stage.launch();
+    }
+    void userSwitchesSlideControlOn() { stage.pagePosts("CMD:enableSlideControl"); }
+
+    Stage stage;
+};
+
+TEST_F(AccessibilityPermission, SwitchingSlideControlOnPromptsWithThePanelInFront) {
+    const auto mark = stage.desktop.journal.mark();
+    userSwitchesSlideControlOn();
+    EXPECT_THAT(stage.lines(),
+                ElementsAre("accessibility_prompt_on_toggle_on user_initiated=true",
+                            "accessibility_prompt_requested bringing_panel_forward=true",
+                            "user_hint_shown accessibility_and_restart_hint"));
+    EXPECT_EQ(stage.desktop.accessibility.prompts, 1);
+    EXPECT_THAT(stage.desktop.journal.effectsSince(mark),
+                testing::IsSupersetOf({"window \"Stagehopper\" shown", "application activated",
+                                       "accessibility prompt shown"}));
+}
+
+TEST_F(AccessibilityPermission, ThePanelComesForwardBeforeThePrompt) {
+    const auto mark = stage.desktop.journal.mark();
+    userSwitchesSlideControlOn();
+    const auto effects = stage.desktop.journal.effectsSince(mark);
+    const auto at = [&effects](const char* effect) {
+        return std::ranges::find(effects, effect) - effects.begin();
+    };
+    EXPECT_LT(at("window \"Stagehopper\" shown"), at("application activated"));
+    EXPECT_LT(at("application activated"), at("accessibility prompt shown"));
+}
+
+TEST_F(AccessibilityPermission, ThePromptIsRaisedOncePerRun) {
+    userSwitchesSlideControlOn();
+    stage.desktop.advance(1h);
+    stage.forget();
+    userSwitchesSlideControlOn();
+    EXPECT_EQ(stage.desktop.accessibility.prompts, 1);
+    EXPECT_THAT(stage.lines(), ElementsAre("accessibility_prompt_on_toggle_on user_initiated=true",
+                                           "user_hint_shown accessibility_and_restart_hint"));
+}
+
+TEST_F(AccessibilityPermission, WithTrustNothingIsAsked) {
+    stage.desktop.accessibility.trusted = true;
+    userSwitchesSlideControlOn();
+    EXPECT_THAT(stage.lines(), ElementsAre("accessibility_prompt_on_toggle_on user_initiated=true",
+                                           "accessibility_check already_authorized=true"));
+    EXPECT_EQ(stage.desktop.accessibility.prompts, 0);
+    EXPECT_THAT(stage.desktop.panelPage().evaluatedScripts(), IsEmpty());
+}
+
+TEST_F(AccessibilityPermission, RequestingItWithTrustDoesAndLogsNothing) {
+    stage.desktop.accessibility.trusted = true;
+    stage.app->requestAccessibilityIfNeeded();
+    EXPECT_THAT(stage.lines(), IsEmpty());
+    EXPECT_EQ(stage.desktop.accessibility.prompts, 0);
+}
+
+TEST_F(AccessibilityPermission, TheHintCallsThePagesFunctions) {
+    userSwitchesSlideControlOn();
+    EXPECT_THAT(stage.desktop.panelPage().evaluatedScripts(),
+                ElementsAre(std::string(accessibilityHintScript)));
+}
+
+TEST_F(AccessibilityPermission, TheHintIsShownAtMostOnceInFourSeconds) {
+    const auto start = stage.desktop.clock.now();
+    stage.app->showSlideAccessibilityHintThrottled();
+    stage.desktop.advanceTo(start + 3900ms);
+    stage.app->showSlideAccessibilityHintThrottled();
+    stage.desktop.advanceTo(start + 4100ms);
+    stage.app->showSlideAccessibilityHintThrottled();
+    EXPECT_THAT(stage.lines(), ElementsAre("user_hint_shown accessibility_and_restart_hint",
+                                           "blocked_no_accessibility hint_throttled interval_s=4.0",
+                                           "user_hint_shown accessibility_and_restart_hint"));
+    EXPECT_EQ(stage.desktop.panelPage().evaluatedScripts().size(), 2U);
+}
+
+TEST_F(AccessibilityPermission, TheHintIsShownAgainAfterExactlyFourSeconds) {
+    const auto start = stage.desktop.clock.now();
+    stage.app->showSlideAccessibilityHintThrottled();
+    stage.desktop.advanceTo(start + 4s);
+    stage.app->showSlideAccessibilityHintThrottled();
+    EXPECT_EQ(stage.lines("user_hint_shown").size(), 2U);
+}
+
+TEST(AccessibilityHint, WithoutAPanelCountsAsShown) {
+    Stage stage;
+    stage.app->showSlideAccessibilityHintThrottled();
+    stage.app->showSlideAccessibilityHintThrottled();
+    EXPECT_THAT(stage.lines(),
+                ElementsAre("user_hint_shown accessibility_and_restart_hint",
+                            "blocked_no_accessibility hint_throttled interval_s=4.0"));
+}
+
+TEST(AccessibilityPrompt, WithoutAPanelIsStillRaised) {
+    Stage stage;
+    stage.desktop.accessibility.trusted = false;
+    stage.app->requestAccessibilityIfNeeded();
+    EXPECT_EQ(stage.desktop.accessibility.prompts, 1);
+}
+
+TEST_F(AccessibilityPermission, TheSettingsPageIsOpenedOnRequest) {
+    stage.pagePosts("CMD:openAccessibilitySettings");
+    EXPECT_THAT(stage.lines(), ElementsAre("open_accessibility_settings user_initiated=true"));
+    EXPECT_THAT(stage.desktop.workspace.openedUrls,
+                ElementsAre("x-apple.systempreferences:com.apple.preference.security?"
+                            "Privacy_Accessibility"));
+}
+
+TEST_F(AccessibilityPermission, ASettingsPageThatCannotBeOpenedIsNotReported) {
+    stage.desktop.workspace.canOpen = false;
+    stage.pagePosts("CMD:openAccessibilitySettings");
+    EXPECT_THAT(stage.lines(), ElementsAre("open_accessibility_settings user_initiated=true"));
+}
+
+}  // namespace
+}  // namespace stagehopper

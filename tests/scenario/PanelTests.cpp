@@ -1,0 +1,204 @@
+// The panel window, its page, and what the page may post.
+
+#include <gmock/gmock.h>
+
+#include "resources/PanelScript.h"
+#include "tests/scenario/Programs.h"
+#include "tests/scenario/Stage.h"
+
+namespace stagehopper {
+namespace {
+
+using namespace std::string_literals;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+TEST(Panel, IsAnOrdinaryWindowInTheMiddleWithTheKeyboard) {
+    Stage stage;
+    stage.launch();
+    const auto& window = stage.desktop.panelWindow();
+    EXPECT_EQ(window.title, "Stagehopper");
+    EXPECT_EQ(window.contentRect, (platform::Rect{0, 0, {520, 680}}));
+    EXPECT_EQ(window.minimumSize, (platform::Size{380, 480}));
+    EXPECT_EQ(window.styleMask, 15U);
+    EXPECT_TRUE(window.centered);
+    EXPECT_TRUE(window.key);
+    EXPECT_TRUE(window.visible);
+}
+
+TEST(Panel, ShowsItsPageWhichMayReadItsSiblings) {
+    Stage stage;
+    stage.launch();
+    EXPECT_EQ(stage.desktop.panelPage().file(), "/app/Resources/panel.html");
+    EXPECT_EQ(stage.desktop.panelPage().readAccess(), "/app/Resources");
+    EXPECT_THAT(stage.desktop.panelPage().userScripts(), ElementsAre(std::string(panelScript)));
+    EXPECT_THAT(stage.desktop.panelPage().handlerNames(), ElementsAre("bridge"));
+}
+
+TEST(Panel, ANumberPostedByThePageCausesNothing) {
+    Stage stage;
+    stage.launch();
+    stage.desktop.panelPage().postsNonText("bridge");
+    stage.desktop.runReady();
+    EXPECT_THAT(stage.lines(), IsEmpty());
+}
+
+TEST(Panel, ClosingItQuits) {
+    Stage stage;
+    stage.launch();
+    stage.desktop.userClosesPanel();
+    EXPECT_TRUE(stage.desktop.application.terminated());
+}
+
+TEST(Panel, ClosingItWhileAStepWaitsDropsTheStep) {
+    Stage stage;
+    stage.desktop.addProgram(keynote(40).window("deck.key"));
+    stage.launch();
+    stage.app->consumeSlideEvent("next", "1", "test");
+    stage.desktop.userClosesPanel();
+    stage.desktop.runReady();
+    EXPECT_THAT(stage.desktop.program(40).keys(), IsEmpty());
+}
+
+TEST(Panel, QuittingWithWorkQueuedDropsTheWork) {
+    Stage stage;
+    stage.desktop.addProgram(keynote(40).window("deck.key"));
+    stage.launch();
+    stage.app->consumeSlideEvent("next", "1", "test");
+    stage.app->consumeSlideEvent("next", "2", "test");
+    stage.desktop.userPressesMenuItem("退出 Stagehopper");
+    stage.app.reset();
+    stage.desktop.runReady();
+    EXPECT_THAT(stage.desktop.program(40).keys(), IsEmpty());
+}
+
+TEST(Panel, APagePostingAfterItsWindowIsGoneReachesNobody) {
+    Stage stage;
+    stage.launch();
+    auto page = stage.desktop.panelPage();
+    stage.desktop.userClosesPanel();
+    stage.app.reset();
+    page.posts("bridge", "DBG:anybody there?");
+    stage.desktop.runReady();
+    EXPECT_THAT(stage.lines(), IsEmpty());
+}
+
+TEST(Panel, TheControllerIsHeldByItsEntryPointAlone) {
+    Stage stage;
+    stage.desktop.addProgram(keynote(40).window("deck.key"));
+    stage.launch();
+    stage.step("next");
+    stage.app->consumeSlideEvent("next", "", "test");
+    const std::weak_ptr<AppController> observed = stage.app;
+    EXPECT_EQ(observed.use_count(), 1);
+    stage.app.reset();
+    EXPECT_TRUE(observed.expired());
+}
+
+class ResourceDirectory : public testing::Test {
+protected:
+    ResourceDirectory() {
+        stage.desktop.files.remove("/app/Resources/panel.html");
+        stage.desktop.host.resourceDirectory = "/bundle";
+        stage.desktop.host.commandLine = {"/opt/bin/stagehopper"};
+        stage.desktop.host.workingDirectory = "/home/user";
+    }
+    Stage stage;
+};
+
+TEST_F(ResourceDirectory, IsTheBundlesWhenThePanelIsInIt) {
+    stage.desktop.files.put("/bundle/panel.html", "");
+    stage.desktop.files.put("/opt/bin/Resources/panel.html", "");
+    EXPECT_EQ(stage.app->resourceDir(), "/bundle");
+}
+
+TEST_F(ResourceDirectory, IsBesideTheExecutableWhenTheBundleLacksThePanel) {
+    stage.desktop.files.put("/bundle/overlay.html", "");
+    stage.desktop.files.put("/opt/bin/Resources/panel.html", "");
+    EXPECT_EQ(stage.app->resourceDir(), "/opt/bin/Resources");
+}
+
+TEST_F(ResourceDirectory, IsBesideTheExecutableWhenThereIsNoBundle) {
+    stage.desktop.host.resourceDirectory = std::nullopt;
+    stage.desktop.files.put("/opt/bin/Resources/panel.html", "");
+    EXPECT_EQ(stage.app->resourceDir(), "/opt/bin/Resources");
+}
+
+TEST_F(ResourceDirectory, FollowsALinkToTheExecutable) {
+    stage.desktop.files.put("/opt/stagehopper/stagehopper", "");
+    stage.desktop.files.put("/opt/stagehopper/Resources/panel.html", "");
+    stage.desktop.files.link("/opt/bin/stagehopper", "/opt/stagehopper/stagehopper");
+    EXPECT_EQ(stage.app->resourceDir(), "/opt/stagehopper/Resources");
+}
+
+TEST_F(ResourceDirectory, ARelativeProgramPathStartsAtTheWorkingDirectory) {
+    stage.desktop.host.commandLine = {"build/stagehopper"};
+    stage.desktop.files.put("/home/user/build/Resources/panel.html", "");
+    EXPECT_EQ(stage.app->resourceDir(), "/home/user/build/Resources");
+}
+
+TEST_F(ResourceDirectory, IsElseTheWorkingDirectorysWhetherItExistsOrNot) {
+    EXPECT_EQ(stage.app->resourceDir(), "/home/user/Resources");
+}
+
+using BridgeDispatch = testing::Test;
+
+TEST(BridgeDispatch, DebugTextBecomesALine) {
+    Stage stage;
+    stage.launch();
+    stage.pagePosts("DBG:hello | world");
+    EXPECT_THAT(stage.lines(), ElementsAre("panel_debug hello | world"));
+}
+
+TEST(BridgeDispatch, EmptyDebugTextBecomesALineWithoutDetail) {
+    Stage stage;
+    stage.launch();
+    stage.pagePosts("DBG:");
+    EXPECT_THAT(stage.lines(), ElementsAre("panel_debug"));
+}
+
+TEST(BridgeDispatch, ASlideStepReachesTheProgram) {
+    Stage stage;
+    stage.desktop.addProgram(keynote(40).window("deck.key"));
+    stage.launch();
+    stage.pagePosts("PPT:prev|7|panel");
+    EXPECT_THAT(stage.lines("native_bridge_received"),
+                ElementsAre("native_bridge_received direction=prev seq=7 source=panel"));
+    EXPECT_THAT(stage.desktop.program(40).keysDown(), ElementsAre(123));
+}
+
+TEST(BridgeDispatch, WhatIsNotRecognisedIsIgnoredSilently) {
+    Stage stage;
+    stage.launch();
+    const auto mark = stage.desktop.journal.mark();
+    for (const auto& text :
+         {""s, "CMD:showOverlay "s, "CMD:"s, "cmd:enableSlideControl"s, "CMD:enableSlideControl\n"s,
+          "WSCONN:|AB"s, "WSCONN:ws://h/x|"s, "hello"s, "\0"s, "\xFF\xFE"s}) {
+        stage.pagePosts(text);
+    }
+    EXPECT_THAT(stage.desktop.journal.effectsSince(mark), IsEmpty());
+}
+
+TEST(BridgeDispatch, AHugeMessageIsWrittenWhole) {
+    Stage stage;
+    stage.launch();
+    const std::string text(10'000'000, 'x');
+    stage.pagePosts("DBG:" + text);
+    EXPECT_EQ(stage.lines().back().size(), text.size() + "panel_debug "s.size());
+}
+
+TEST(BridgeDispatch, ABurstIsHandledInOrder) {
+    Stage stage;
+    stage.launch();
+    for (int i = 0; i < 10'000; ++i) {
+        stage.desktop.panelPage().posts("bridge", "DBG:" + std::to_string(i));
+    }
+    stage.desktop.runReady();
+    const auto lines = stage.lines();
+    ASSERT_EQ(lines.size(), 10'000U);
+    EXPECT_EQ(lines.front(), "panel_debug 0");
+    EXPECT_EQ(lines.back(), "panel_debug 9999");
+}
+
+}  // namespace
+}  // namespace stagehopper

@@ -36,13 +36,10 @@ nanoseconds toNanoseconds(platform::Duration duration) {
     return std::max(nanoseconds{0}, std::chrono::duration_cast<nanoseconds>(duration));
 }
 
-/// Marks the span in which work is run, so that work cannot run other work inside itself.
+/// Marks the span in which a task runs.
 class RunningSpan {
 public:
-    explicit RunningSpan(bool& running) : running_(running) {
-        if (running_) throw std::logic_error("time cannot be moved from inside a task");
-        running_ = true;
-    }
+    explicit RunningSpan(bool& running) : running_(running) { running_ = true; }
     ~RunningSpan() { running_ = false; }
     RunningSpan(const RunningSpan&) = delete;
     RunningSpan& operator=(const RunningSpan&) = delete;
@@ -111,12 +108,18 @@ void SimulatedDispatch::run(const std::shared_ptr<Work>& work, nanoseconds due) 
     schedule(next, work);
 }
 
+void SimulatedDispatch::requireIdle() const {
+    if (running_) throw std::logic_error("time cannot be moved from inside a task");
+}
+
 void SimulatedDispatch::runReady() {
+    requireIdle();
     nanoseconds due{};
     while (const auto work = takeDue(clock_.elapsed(), due)) run(work, due);
 }
 
 void SimulatedDispatch::advance(nanoseconds duration) {
+    requireIdle();
     const auto target = clock_.elapsed() + duration;
     nanoseconds due{};
     while (const auto work = takeDue(std::max(target, clock_.elapsed()), due)) run(work, due);
@@ -124,11 +127,13 @@ void SimulatedDispatch::advance(nanoseconds duration) {
 }
 
 void SimulatedDispatch::sleepFor(nanoseconds duration) {
+    requireIdle();
     clock_.passTime(duration);
     runReady();
 }
 
 bool SimulatedDispatch::runNext() {
+    requireIdle();
     nanoseconds due{};
     const auto work = takeDue(nanoseconds(std::numeric_limits<std::int64_t>::max()), due);
     if (!work) return false;

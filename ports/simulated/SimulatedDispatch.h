@@ -45,6 +45,8 @@ private:
     /// When it is due, and its place in the order of posting.
     using Key = std::pair<std::chrono::nanoseconds, std::uint64_t>;
 
+    /// A task that moved time would run other tasks inside itself: that throws.
+    void requireIdle() const;
     std::shared_ptr<Work> schedule(std::chrono::nanoseconds due, std::shared_ptr<Work> work);
     std::shared_ptr<Work> takeDue(std::chrono::nanoseconds limit, std::chrono::nanoseconds& due);
     void run(const std::shared_ptr<Work>& work, std::chrono::nanoseconds due);

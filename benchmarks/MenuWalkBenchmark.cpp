@@ -1,0 +1,108 @@
+// Searches a menu bar of 2,000 items in another program for its last item: with the product's
+// elements, and with a naive client's. Needs a desktop with accessibility switched on.
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <map>
+#include <vector>
+
+#include "benchmarks/MenuProgramRun.h"
+#include "benchmarks/MenuWalks.h"
+#include "benchmarks/NaiveElement.h"
+#include "ports/linux/desktop/AccessibilityBus.h"
+#include "ports/linux/desktop/AtSpiAccessibility.h"
+#include "ports/linux/desktop/X11Desktop.h"
+
+namespace stagehopper::benchmarks {
+namespace {
+
+constexpr std::string_view wantedTitle = "Next Slide";
+constexpr std::size_t itemsInBar = 2'000;
+
+using Milliseconds = std::chrono::duration<double, std::milli>;
+
+/// Every single search of a kind, for the percentiles.
+std::map<std::string, std::vector<double>>& searches() {
+    static std::map<std::string, std::vector<double>> all;
+    return all;
+}
+
+std::filesystem::path menuProgram() {
+    return std::filesystem::read_symlink("/proc/self/exe").parent_path() / STAGEHOPPER_MENU_PROGRAM;
+}
+
+/// Reads the menu bar with `readBar` and searches all of it, for as long as the benchmark runs.
+template <typename ReadBar>
+void search(benchmark::State& state, const std::string& name, ReadBar readBar) {
+    const MenuProgramRun program(menuProgram());
+    if (program.process() == 0) {
+        state.SkipWithError("the program with the menus did not come up");
+        return;
+    }
+    for (auto unused : state) {
+        static_cast<void>(unused);
+        std::size_t seen = 0;
+        const auto start = std::chrono::steady_clock::now();
+        const platform::UIElementRef bar = readBar(program.process());
+        const auto item = bar ? findItem(childrenOf(*bar), wantedTitle, seen) : nullptr;
+        searches()[name].push_back(Milliseconds(std::chrono::steady_clock::now() - start).count());
+        if (!item || seen < itemsInBar) {
+            state.SkipWithError("the last item of the menu bar was not found");
+            return;
+        }
+    }
+}
+
+void snapshotWalk(benchmark::State& state) {
+    linux_port::X11Desktop desktop;
+    linux_port::AtSpiAccessibility accessibility(desktop);
+    search(state, "snapshot", [&](platform::Pid process) -> platform::UIElementRef {
+        const auto read = accessibility.applicationElement(process)->attributeValue(
+            platform::AccessibilityAttribute::menuBar);
+        const auto* bar = read ? std::get_if<platform::UIElementRef>(&read->value) : nullptr;
+        return bar == nullptr ? nullptr : *bar;
+    });
+}
+
+void naiveWalk(benchmark::State& state) {
+    linux_port::AccessibilityBus bus;
+    search(state, "naive", [&bus](platform::Pid process) { return naiveMenuBar(bus, process); });
+}
+
+BENCHMARK(snapshotWalk)->Unit(benchmark::kMillisecond)->Iterations(60)->UseRealTime();
+BENCHMARK(naiveWalk)->Unit(benchmark::kMillisecond)->Iterations(12)->UseRealTime();
+
+/// `sorted` is not empty.
+double percentile(const std::vector<double>& sorted, double share) {
+    const auto last = static_cast<double>(sorted.size() - 1);
+    return sorted[static_cast<std::size_t>(share * last + 0.5)];
+}
+
+void report() {
+    std::map<std::string, double> medians;
+    for (auto& [name, times] : searches()) {
+        std::ranges::sort(times);
+        medians[name] = percentile(times, 0.5);
+        std::printf("%-9s %3zu searches: p50 %7.2f ms, p99 %7.2f ms\n", name.c_str(), times.size(),
+                    medians[name], percentile(times, 0.99));
+    }
+    if (medians.contains("naive") && medians.contains("snapshot")) {
+        std::printf("ratio     naive p50 / snapshot p50 = %.1f\n",
+                    medians["naive"] / medians["snapshot"]);
+    }
+}
+
+}  // namespace
+}  // namespace stagehopper::benchmarks
+
+int main(int argc, char** argv) {
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    stagehopper::benchmarks::report();
+    benchmark::Shutdown();
+    return 0;
+}

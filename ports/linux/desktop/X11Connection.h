@@ -1,0 +1,32 @@
+#pragma once
+
+#include <memory>
+
+// Xlib's own name for its display; its header is kept out of ours because it defines macros such
+// as None, Bool and Status.
+struct _XDisplay;
+
+namespace stagehopper::linux_port {
+
+/// One connection to the X server, or none where there is no server. Main thread only.
+///
+/// Every use stands in the scope of an `XErrorTrap`: without one, Xlib ends the program on errors.
+class X11Connection {
+public:
+    X11Connection();
+    ~X11Connection();
+    X11Connection(const X11Connection&) = delete;
+    X11Connection& operator=(const X11Connection&) = delete;
+
+    /// False when there is no server, and from the moment the connection is lost.
+    [[nodiscard]] bool isOpen() const { return display_ != nullptr && !lost_; }
+    [[nodiscard]] _XDisplay* display() const { return display_; }
+    [[nodiscard]] unsigned long rootWindow() const;
+    void noteLost() { lost_ = true; }
+
+private:
+    _XDisplay* display_;
+    bool lost_ = false;
+};
+
+}  // namespace stagehopper::linux_port

@@ -1,0 +1,83 @@
+#include "ports/linux/desktop/KeyTarget.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace stagehopper::linux_port {
+namespace {
+
+using testing::Eq;
+using testing::Optional;
+
+constexpr platform::Pid target = 40;
+constexpr platform::Pid other = 41;
+constexpr WindowId nowhere = 0;
+
+TopLevelWindow window(WindowId id, platform::Pid process, std::size_t stackingPosition) {
+    TopLevelWindow made;
+    made.id = id;
+    made.process = process;
+    made.stackingPosition = stackingPosition;
+    return made;
+}
+
+TEST(KeyTarget, TheTopmostWindowOfTheProcessTakesTheKeys) {
+    EXPECT_THAT(
+        keyTarget({window(1, target, 0), window(2, target, 5), window(3, other, 9)}, target, 3),
+        Optional(Eq(2U)));
+}
+
+TEST(KeyTarget, TheUsersWindowGoesBeforeTheTopmost) {
+    EXPECT_THAT(keyTarget({window(1, target, 0), window(2, target, 5)}, target, 1),
+                Optional(Eq(1U)));
+}
+
+TEST(KeyTarget, TheSlideShowGoesBeforeTheUsersWindow) {
+    auto show = window(1, target, 0);
+    show.fullScreen = true;
+    EXPECT_THAT(keyTarget({show, window(2, target, 5)}, target, 2), Optional(Eq(1U)));
+}
+
+TEST(KeyTarget, AMinimisedWindowIsTheLastResort) {
+    auto minimised = window(1, target, 9);
+    minimised.hidden = true;
+    minimised.fullScreen = true;
+    EXPECT_THAT(keyTarget({minimised, window(2, target, 1)}, target, nowhere), Optional(Eq(2U)));
+    EXPECT_THAT(keyTarget({minimised}, target, nowhere), Optional(Eq(1U)));
+}
+
+TEST(KeyTarget, DocksAndDesktopsTakeNoKeys) {
+    auto dock = window(1, target, 9);
+    dock.furniture = true;
+    EXPECT_EQ(keyTarget({dock}, target, nowhere), std::nullopt);
+}
+
+TEST(KeyTarget, AWindowOfAnUnknownProcessBelongsToNobody) {
+    auto stray = window(1, target, 9);
+    stray.process.reset();
+    EXPECT_EQ(keyTarget({stray, window(2, other, 1)}, target, 2), std::nullopt);
+}
+
+struct ManagerCase {
+    const char* name;
+    FocusCare care;
+};
+
+class WindowManagers : public testing::TestWithParam<ManagerCase> {};
+
+TEST_P(WindowManagers, AreToldApartByTheirNames) {
+    EXPECT_EQ(focusCare(GetParam().name), GetParam().care) << GetParam().name;
+}
+
+INSTANTIATE_TEST_SUITE_P(FocusCare, WindowManagers,
+                         testing::Values(ManagerCase{"Mutter", FocusCare::leave},
+                                         ManagerCase{"GNOME Shell", FocusCare::leave},
+                                         ManagerCase{"Mutter (Muffin)", FocusCare::leave},
+                                         ManagerCase{"KWin", FocusCare::stay},
+                                         ManagerCase{"Openbox", FocusCare::giveBack},
+                                         ManagerCase{"Metacity", FocusCare::giveBack},
+                                         ManagerCase{"Xfwm4", FocusCare::giveBack},
+                                         ManagerCase{"", FocusCare::giveBack}));
+
+}  // namespace
+}  // namespace stagehopper::linux_port

@@ -1,0 +1,75 @@
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <optional>
+#include <string>
+
+#include "ports/linux/desktop/AtSpiAccessibility.h"
+#include "ports/linux/desktop/MasterKeyboard.h"
+#include "ports/linux/desktop/X11Desktop.h"
+#include "ports/linux/desktop/X11Workspace.h"
+
+namespace stagehopper::linux_port {
+namespace {
+
+/// An environment variable that has another value, or none, for a while.
+class Variable {
+public:
+    Variable(const char* name, const char* value) : name_(name) {
+        if (const char* old = std::getenv(name)) before_ = old;
+        value != nullptr ? setenv(name, value, 1) : unsetenv(name);
+    }
+    ~Variable() { before_ ? setenv(name_, before_->c_str(), 1) : unsetenv(name_); }
+    Variable(const Variable&) = delete;
+    Variable& operator=(const Variable&) = delete;
+
+private:
+    const char* name_;
+    std::optional<std::string> before_;
+};
+
+/// Neither an X display nor a session bus, as in a bare Wayland session or on a server.
+class WithoutDesktop : public testing::Test {
+protected:
+    Variable noDisplay{"DISPLAY", nullptr};
+    Variable noBus{"DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent/bus"};
+    X11Desktop desktop;
+};
+
+TEST_F(WithoutDesktop, NobodyRunsAndNobodyIsInFront) {
+    X11Workspace workspace(desktop);
+    EXPECT_TRUE(workspace.runningApplications().empty());
+    EXPECT_EQ(workspace.frontmostApplication(), std::nullopt);
+    EXPECT_FALSE(workspace.open("unheard-of-scheme:anything"));
+}
+
+TEST_F(WithoutDesktop, WeAreNotTrustedAndProgramsHaveNoAttributes) {
+    AtSpiAccessibility accessibility(desktop);
+    EXPECT_FALSE(accessibility.isProcessTrusted());
+    const auto program = accessibility.applicationElement(1);
+    ASSERT_TRUE(program);
+    EXPECT_FALSE(program->attributeValue(platform::AccessibilityAttribute::menuBar));
+    EXPECT_FALSE(program->attributeValue(platform::AccessibilityAttribute::focusedWindow));
+    EXPECT_NE(program->press(), platform::AccessibilityError::success);
+}
+
+TEST_F(WithoutDesktop, KeysAreRefusedWithAReason) {
+    MasterKeyboard keyboard(desktop);
+    const auto key = keyboard.makeKeyboardEvent(platform::virtual_key::pageDown, true);
+    ASSERT_TRUE(key);
+    const auto toProcess = keyboard.postToProcess(1, *key);
+    EXPECT_FALSE(toProcess);
+    EXPECT_FALSE(toProcess.reason().empty());
+    const auto toFocus = keyboard.postToFocus(*key);
+    EXPECT_FALSE(toFocus);
+    EXPECT_FALSE(toFocus.reason().empty());
+}
+
+TEST_F(WithoutDesktop, AKeyThatNoSlideNeedsCannotBeMade) {
+    MasterKeyboard keyboard(desktop);
+    constexpr platform::VirtualKey returnKey = 36;
+    EXPECT_EQ(keyboard.makeKeyboardEvent(returnKey, true), nullptr);
+}
+
+}  // namespace
+}  // namespace stagehopper::linux_port

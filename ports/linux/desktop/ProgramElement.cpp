@@ -31,17 +31,19 @@ UIElementRef windowElement(std::string title) {
 std::optional<AttributeValue> ProgramElement::attributeValue(
     AccessibilityAttribute attribute) const {
     switch (attribute) {
-        case AccessibilityAttribute::role:
-            return AttributeValue{std::string(platform::accessibility_role::application)};
         case AccessibilityAttribute::windows:
-        case AccessibilityAttribute::children:
-            return AttributeValue{windows()};
+        case AccessibilityAttribute::children: {
+            auto found = windows();
+            if (found.empty()) return std::nullopt;
+            return AttributeValue{std::move(found)};
+        }
         case AccessibilityAttribute::focusedWindow:
             return valueOf(focusedWindow());
         case AccessibilityAttribute::menuBar:
             return valueOf(menuBar());
         case AccessibilityAttribute::enabled:
         case AccessibilityAttribute::menu:
+        case AccessibilityAttribute::role:
         case AccessibilityAttribute::title:
             break;
     }

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <gtk/gtk.h>
+
+namespace stagehopper::linux_port {
+
+/// The window that tells name, version and licence. Main thread only. Closed with its owner.
+class AboutPanel {
+public:
+    AboutPanel() = default;
+    ~AboutPanel();
+    AboutPanel(const AboutPanel&) = delete;
+    AboutPanel& operator=(const AboutPanel&) = delete;
+
+    /// Shows the panel beside `parent`, or brings the one that is open to the front. The program
+    /// goes on beside it.
+    void show(GtkWindow* parent);
+
+private:
+    static void responded(GtkWidget* dialog, int response, void* self) noexcept;
+    static void destroyed(GtkWidget* dialog, void* self) noexcept;
+
+    GtkWidget* dialog_ = nullptr;
+};
+
+}  // namespace stagehopper::linux_port

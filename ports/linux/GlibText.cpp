@@ -1,0 +1,46 @@
+#include "ports/linux/GlibText.h"
+
+#include <glib.h>
+
+#include "ports/linux/desktop/GlibPointers.h"
+
+namespace stagehopper::linux_port {
+
+namespace {
+
+/// Well-formed and without NUL, at which GLib's other functions would stop.
+TextPointer madeValid(std::string_view text) {
+    if (text.empty()) return TextPointer(g_strdup(""));
+    return TextPointer(g_utf8_make_valid(text.data(), static_cast<gssize>(text.size())));
+}
+
+bool isDiacritic(gunichar character) {
+    const auto type = g_unichar_type(character);
+    return type == G_UNICODE_NON_SPACING_MARK || type == G_UNICODE_ENCLOSING_MARK;
+}
+
+}  // namespace
+
+std::string GlibText::folded(std::string_view text) {
+    const auto valid = madeValid(text);
+    // Lower case first: it knows the locale's letters (Turkish İ and I), which case folding,
+    // the same everywhere, does not.
+    const TextPointer lower(g_utf8_strdown(valid.get(), -1));
+    const TextPointer sameCase(g_utf8_casefold(lower.get(), -1));
+    const TextPointer decomposed(g_utf8_normalize(sameCase.get(), -1, G_NORMALIZE_ALL));
+
+    std::string result;
+    for (const char* at = decomposed.get(); *at != '\0';) {
+        const char* const next = g_utf8_next_char(at);
+        if (!isDiacritic(g_utf8_get_char(at))) result.append(at, next);
+        at = next;
+    }
+    return result;
+}
+
+std::string GlibText::lowercased(std::string_view text) {
+    const auto valid = madeValid(text);
+    return TextPointer(g_utf8_strdown(valid.get(), -1)).get();
+}
+
+}  // namespace stagehopper::linux_port

@@ -1,0 +1,59 @@
+#include "ports/linux/LinuxHost.h"
+
+#include <glib.h>
+
+#include <chrono>
+#include <memory>
+#include <system_error>
+
+#include "ports/linux/ProgramNames.h"
+#include "ports/linux/desktop/GlibPointers.h"
+
+namespace stagehopper::linux_port {
+
+namespace {
+
+struct DateTimeUnref {
+    void operator()(GDateTime* dateTime) const { g_date_time_unref(dateTime); }
+};
+using DateTimePointer = std::unique_ptr<GDateTime, DateTimeUnref>;
+
+}  // namespace
+
+LinuxHost::LinuxHost(int argumentCount, const char* const* arguments)
+    : arguments_(arguments, arguments + argumentCount) {}
+
+std::optional<std::string> LinuxHost::bundleIdentifier() {
+    return applicationId;
+}
+
+std::optional<std::filesystem::path> LinuxHost::bundleResourceDirectory() {
+    // Not the first argument: whoever starts a program may write anything there.
+    std::error_code error;
+    const auto executable = std::filesystem::read_symlink("/proc/self/exe", error);
+    if (error) return std::nullopt;
+    auto directory = executable.parent_path().parent_path() / "share" / programName;
+    if (!std::filesystem::is_directory(directory, error)) return std::nullopt;
+    return directory;
+}
+
+std::filesystem::path LinuxHost::currentDirectory() {
+    std::error_code error;
+    return std::filesystem::current_path(error);
+}
+
+std::string LinuxHost::makeUuid() {
+    const TextPointer lowerCase(g_uuid_string_random());
+    const TextPointer upperCase(g_ascii_strup(lowerCase.get(), -1));
+    return upperCase.get();
+}
+
+std::string LinuxHost::localizedTime(platform::Date date) {
+    const auto seconds = std::chrono::floor<std::chrono::seconds>(date.time_since_epoch()).count();
+    const DateTimePointer local(g_date_time_new_from_unix_local(seconds));
+    if (!local) return {};
+    const TextPointer text(g_date_time_format(local.get(), "%X"));
+    return text ? text.get() : std::string{};
+}
+
+}  // namespace stagehopper::linux_port

@@ -3,18 +3,11 @@
 #include <utility>
 
 #include "app/BridgeHandler.h"
+#include "app/SlideSocketIdentity.h"
 #include "platform/Dispatch.h"
 #include "platform/Host.h"
 
 namespace stagehopper {
-
-namespace {
-
-std::string makeUserId(platform::Host& host) {
-    return "overlay-native-" + host.makeUuid().substr(0, 8);
-}
-
-}  // namespace
 
 std::shared_ptr<AppController> AppController::create(platform::Platform platform) {
     // Not make_shared: the constructor is private.
@@ -26,7 +19,7 @@ std::shared_ptr<AppController> AppController::create(platform::Platform platform
 AppController::AppController(platform::Platform platform)
     : platform_(std::move(platform)),
       bridge(std::make_shared<BridgeHandler>()),
-      nativeSlideSocketUserId(makeUserId(platform_.host)) {}
+      nativeSlideSocketUserId(slideSocketUserId(platform_.host.makeUuid())) {}
 
 AppController::~AppController() = default;
 

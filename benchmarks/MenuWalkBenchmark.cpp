@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <cstdio>
 #include <filesystem>
 #include <map>
@@ -91,7 +92,7 @@ BENCHMARK(naiveWalk)->Unit(benchmark::kMillisecond)->Iterations(12)->UseRealTime
 /// `sorted` is not empty.
 double percentile(const std::vector<double>& sorted, double share) {
     const auto last = static_cast<double>(sorted.size() - 1);
-    return sorted[static_cast<std::size_t>(share * last + 0.5)];
+    return sorted[static_cast<std::size_t>(std::lround(share * last))];
 }
 
 void report() {

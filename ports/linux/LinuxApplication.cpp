@@ -115,10 +115,17 @@ void LinuxApplication::windowOpened(LinuxWindow& window) {
 
 void LinuxApplication::windowClosed(LinuxWindow& window) {
     if (std::erase(openWindows_, &window) == 0 || !openWindows_.empty()) return;
-    // Later: a window may be closed from inside any operation of the delegate.
-    dispatch_.asyncMain([weak = std::weak_ptr(alive_)] {
-        if (const auto self = weak.lock()) (*self)->lastWindowClosed();
-    });
+    // Later, since a window may be closed from inside any operation of the delegate; but before all
+    // that is queued: who closes the panel does not want the steps that still wait.
+    using Alive = std::weak_ptr<LinuxApplication*>;
+    g_idle_add_full(
+        G_PRIORITY_HIGH, [](void* alive) { return askWhetherToQuit(*static_cast<Alive*>(alive)); },
+        new Alive(alive_), [](void* alive) { delete static_cast<Alive*>(alive); });
+}
+
+int LinuxApplication::askWhetherToQuit(const std::weak_ptr<LinuxApplication*>& alive) noexcept {
+    if (const auto self = alive.lock()) (*self)->lastWindowClosed();
+    return G_SOURCE_REMOVE;
 }
 
 void LinuxApplication::lastWindowClosed() {

@@ -46,6 +46,7 @@ private:
 
     [[nodiscard]] bool isRegistered() const;
     void launch();
+    static int askWhetherToQuit(const std::weak_ptr<LinuxApplication*>& alive) noexcept;
     void lastWindowClosed();
 
     GlibDispatch& dispatch_;

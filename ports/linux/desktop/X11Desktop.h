@@ -24,7 +24,7 @@ public:
     X11Connection& connection() { return connection_; }
 
 private:
-    TopLevelWindow describe(WindowId window);
+    TopLevelWindow describe(WindowId id);
     std::optional<platform::Pid> processOf(WindowId window);
     WindowId managedWindowAbove(WindowId window);
 

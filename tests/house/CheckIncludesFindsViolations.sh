@@ -1,0 +1,68 @@
+#!/usr/bin/env bash
+# Plants one violation of each kind in a tree of its own and sees whether the check names it.
+#
+#   CheckIncludesFindsViolations.sh CHECK_INCLUDES
+set -euo pipefail
+
+check=$1
+tree=$(mktemp -d)
+trap 'rm -rf "$tree"' EXIT
+failures=0
+
+plant() {
+    mkdir -p "$tree/$(dirname "$1")"
+    printf '%s\n' "$2" >"$tree/$1"
+}
+
+# expect_violation FILE TEXT: the check fails and its report is about this file alone.
+expect_violation() {
+    local report status=0
+    plant "$1" "$2"
+    report=$("$check" "$tree") || status=$?
+    rm "$tree/$1"
+    if ((status == 0)) || [[ $report != "$1:1: "* ]] || (($(wc -l <<<"$report") != 1)); then
+        echo "not found, or something else was: $1 with: $2"
+        echo "  status $status, report: $report"
+        failures=$((failures + 1))
+    fi
+}
+
+expect_clean() {
+    local report
+    plant "$1" "$2"
+    if ! report=$("$check" "$tree"); then
+        echo "wrongly reported: $report"
+        failures=$((failures + 1))
+    fi
+}
+
+# These stay in the tree, so that a violation has to be found among many lawful lines.
+expect_clean platform/Clock.h '#include <chrono>'
+expect_clean app/Panel.cpp '#include "platform/Clock.h"'
+expect_clean presentation/Menu.cpp '#include "resources/Script.h"'
+expect_clean ports/linux/LinuxClock.cpp '#include <sys/time.h>'
+expect_clean ports/linux/desktop/Keys.cpp '#include "ports/linux/Keys.h"'
+expect_clean ports/linux/main.cpp '#include "app/AppController.h"'
+expect_clean ports/linux/Seat.cpp '#ifdef __linux__'
+expect_clean tests/unit/Tests.cpp '#include "app/Panel.h"'
+expect_clean tools/story/Story.cpp '#include <X11/Xlib.h>'
+expect_clean app/Comment.cpp '// #include <gtk/gtk.h>'
+
+expect_violation platform/Bad.h '#include "app/AppController.h"'
+expect_violation platform/Bad.h '#include <X11/Xlib.h>'
+expect_violation app/Bad.cpp '#include "presentation/TitleMatcher.h"'
+expect_violation app/Bad.cpp '#include "ports/linux/LinuxClock.h"'
+expect_violation app/Bad.cpp '  #  include <unistd.h>'
+expect_violation app/Bad.cpp '#include "Panel.h"'
+expect_violation app/Bad.cpp '#if defined(__APPLE__)'
+expect_violation presentation/Bad.cpp '#include "slidechannel/SlideSocket.h"'
+expect_violation presentation/Bad.cpp '#elif defined(_WIN32)'
+expect_violation ports/linux/Bad.cpp '#include "app/AppController.h"'
+expect_violation ports/linux/Bad.cpp '#include "ports/simulated/Journal.h"'
+expect_violation ports/linux/desktop/Bad.cpp '#include "presentation/SlideTarget.h"'
+expect_violation ports/linux/main.cpp '#include "presentation/SlideTarget.h"'
+expect_violation companion/Bad.cpp '#include "platform/Clock.h"'
+expect_violation tests/unit/Bad.cpp '#ifdef __linux__'
+expect_violation extras/Bad.h '#include <string>'
+
+((failures == 0))

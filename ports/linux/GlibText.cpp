@@ -2,6 +2,9 @@
 
 #include <glib.h>
 
+#include <optional>
+#include <utility>
+
 #include "ports/linux/desktop/GlibPointers.h"
 
 namespace stagehopper::linux_port {
@@ -14,6 +17,20 @@ TextPointer madeValid(std::string_view text) {
     return TextPointer(g_utf8_make_valid(text.data(), static_cast<gssize>(text.size())));
 }
 
+/// Lower case without a look into the tables, for what most titles are. Not for the letter I, whose
+/// lower case is another one in Turkish, and not for NUL.
+std::optional<std::string> plainLowercased(std::string_view text) {
+    std::string lower(text);
+    for (auto& character : lower) {
+        const bool plain = character > '\0' && character <= '~' && character != 'I';
+        if (!plain) return std::nullopt;
+        if (character >= 'A' && character <= 'Z') {
+            character = static_cast<char>(character - 'A' + 'a');
+        }
+    }
+    return lower;
+}
+
 bool isDiacritic(gunichar character) {
     const auto type = g_unichar_type(character);
     return type == G_UNICODE_NON_SPACING_MARK || type == G_UNICODE_ENCLOSING_MARK;
@@ -22,6 +39,7 @@ bool isDiacritic(gunichar character) {
 }  // namespace
 
 std::string GlibText::folded(std::string_view text) {
+    if (auto plain = plainLowercased(text)) return std::move(*plain);
     const auto valid = madeValid(text);
     // Lower case first: it knows the locale's letters (Turkish İ and I), which case folding,
     // the same everywhere, does not.
@@ -39,6 +57,7 @@ std::string GlibText::folded(std::string_view text) {
 }
 
 std::string GlibText::lowercased(std::string_view text) {
+    if (auto plain = plainLowercased(text)) return std::move(*plain);
     const auto valid = madeValid(text);
     return TextPointer(g_utf8_strdown(valid.get(), -1)).get();
 }

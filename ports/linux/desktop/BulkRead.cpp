@@ -1,7 +1,5 @@
 #include "ports/linux/desktop/BulkRead.h"
 
-#include "ports/linux/desktop/AccessibilityBus.h"
-
 namespace stagehopper::linux_port {
 
 namespace {
@@ -16,13 +14,15 @@ VariantPointer field(const VariantPointer& tuple, gsize index) {
 
 }  // namespace
 
-BulkRead::BulkRead(AccessibilityBus& bus, const ObjectReference& object) : bus_(object.bus) {
-    bus.announceInterest();
-    const auto result = bus.call({{object.bus, "/org/a11y/atspi/cache"},
-                                  "org.a11y.atspi.Cache",
-                                  "GetItems",
-                                  replyType,
-                                  nullptr});
+BusCall BulkRead::call(const ObjectReference& object) {
+    return {{object.bus, "/org/a11y/atspi/cache"},
+            "org.a11y.atspi.Cache",
+            "GetItems",
+            replyType,
+            nullptr};
+}
+
+BulkRead::BulkRead(const ObjectReference& object, const CallResult& result) : bus_(object.bus) {
     if (!result.reply) return;
     const VariantPointer items(g_variant_get_child_value(result.reply.get(), 0));
     const auto count = g_variant_n_children(items.get());

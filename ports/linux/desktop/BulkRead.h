@@ -4,7 +4,8 @@
 #include <string>
 #include <unordered_map>
 
-#include "ports/linux/desktop/AtSpiReads.h"
+#include "ports/linux/desktop/AtSpiRole.h"
+#include "ports/linux/desktop/BusCall.h"
 
 namespace stagehopper::linux_port {
 
@@ -19,8 +20,11 @@ public:
         bool hasChildren = false;
     };
 
-    /// Empty when the program of `object` has no cache to offer or takes too long.
-    BulkRead(AccessibilityBus& bus, const ObjectReference& object);
+    /// The call to send, for the program that `object` belongs to. Toolkits answer it only after
+    /// AccessibilityBus::announceInterest.
+    static BusCall call(const ObjectReference& object);
+    /// Empty when the program of `object` has no cache to offer or took too long.
+    BulkRead(const ObjectReference& object, const CallResult& result);
 
     /// Null for an object that the cache leaves out.
     [[nodiscard]] const Entry* find(const ObjectReference& object) const;

@@ -11,7 +11,8 @@ namespace {
 constexpr std::size_t deepestMenu = 9;
 // Likewise, for a tree without an end in its breadth.
 constexpr std::size_t mostNodes = 20'000;
-// From here on one big answer about the whole program comes sooner than many small ones.
+// From here on one big answer about the whole program comes sooner than many small ones, and with
+// it at hand the rest of the bar costs no more than one menu.
 constexpr std::size_t bulkFrom = 100;
 
 }  // namespace
@@ -31,14 +32,36 @@ const std::vector<std::size_t>& MenuTree::children(std::size_t index) {
 }
 
 void MenuTree::load(std::size_t menu) {
-    Level level{menu};
-    if (bulk_) {
-        // With the bulk of it at hand, the rest of the bar costs no more than this menu alone.
-        level = nodes_[0].children;
-        std::erase_if(level, [this](std::size_t other) { return loaded_[other - 1]; });
+    loaded_[menu - 1] = true;
+    auto level = append({menu}, childrenOf(*bus_, {nodes_[menu].object}));
+    if (!bulk_ && nodes_.size() > bulkFrom) {
+        const auto rest = readInBulk();
+        level.insert(level.end(), rest.begin(), rest.end());
     }
-    for (const auto other : level) loaded_[other - 1] = true;
+    readRolesAndTitles(level);
     while (!level.empty()) level = readBelow(level);
+}
+
+MenuTree::Level MenuTree::readInBulk() {
+    bus_->announceInterest();
+    Level others;
+    std::vector<BusCall> calls;
+    // First, since its answer takes longest to be taken in; the program works on the rest
+    // meanwhile.
+    calls.push_back(BulkRead::call(nodes_[0].object));
+    for (const auto menu : nodes_[0].children) {
+        if (loaded_[menu - 1]) continue;
+        loaded_[menu - 1] = true;
+        others.push_back(menu);
+        calls.push_back(at_spi_call::children(nodes_[menu].object));
+    }
+    const auto results = bus_->call(std::move(calls));
+    bulk_ = std::make_unique<BulkRead>(nodes_[0].object, results.front());
+    std::vector<std::optional<References>> children;
+    for (std::size_t i = 1; i < results.size(); ++i) {
+        children.push_back(at_spi_reply::children(results[i]));
+    }
+    return append(others, children);
 }
 
 MenuTree::Level MenuTree::readBelow(const Level& parents) {
@@ -55,9 +78,6 @@ MenuTree::Level MenuTree::readBelow(const Level& parents) {
     }
     if (asked.empty()) return {};
     auto level = append(asked, childrenOf(*bus_, objects));
-    if (!bulk_ && nodes_.size() > bulkFrom) {
-        bulk_ = std::make_unique<BulkRead>(*bus_, nodes_[0].object);
-    }
     readRolesAndTitles(level);
     return level;
 }

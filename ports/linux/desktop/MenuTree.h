@@ -42,6 +42,9 @@ private:
 
     /// Reads everything below a menu of the bar.
     void load(std::size_t menu);
+    /// Reads the program's cache and, in the same round, the children of all menus of the bar that
+    /// are not loaded yet; answers these children, roles and titles still to be read.
+    Level readInBulk();
     /// Adds the children of these nodes, with role and title, and answers them.
     Level readBelow(const Level& parents);
     Level append(const Level& parents, const std::vector<std::optional<References>>& children);

@@ -86,7 +86,7 @@ void naiveWalk(benchmark::State& state) {
     search(state, "naive", [&bus](platform::Pid process) { return naiveMenuBar(bus, process); });
 }
 
-BENCHMARK(snapshotWalk)->Unit(benchmark::kMillisecond)->Iterations(60)->UseRealTime();
+BENCHMARK(snapshotWalk)->Unit(benchmark::kMillisecond)->Iterations(200)->UseRealTime();
 BENCHMARK(naiveWalk)->Unit(benchmark::kMillisecond)->Iterations(12)->UseRealTime();
 
 /// `sorted` is not empty.
@@ -98,10 +98,14 @@ double percentile(const std::vector<double>& sorted, double share) {
 void report() {
     std::map<std::string, double> medians;
     for (auto& [name, times] : searches()) {
+        // At the first search the toolkit makes its accessible objects; they stay from then on.
+        const double first = times.front();
+        times.erase(times.begin());
+        if (times.empty()) continue;
         std::ranges::sort(times);
         medians[name] = percentile(times, 0.5);
-        std::printf("%-9s %3zu searches: p50 %7.2f ms, p99 %7.2f ms\n", name.c_str(), times.size(),
-                    medians[name], percentile(times, 0.99));
+        std::printf("%-9s first %7.2f ms, then %3zu searches: p50 %7.2f ms, p99 %7.2f ms\n",
+                    name.c_str(), first, times.size(), medians[name], percentile(times, 0.99));
     }
     if (medians.contains("naive") && medians.contains("snapshot")) {
         std::printf("ratio     naive p50 / snapshot p50 = %.1f\n",

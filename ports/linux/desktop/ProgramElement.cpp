@@ -1,5 +1,7 @@
 #include "ports/linux/desktop/ProgramElement.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 
 #include "ports/linux/desktop/AccessibilityBus.h"
@@ -56,6 +58,8 @@ platform::AccessibilityError ProgramElement::press() const {
 
 std::vector<ProgramElement::BusWindow> ProgramElement::busWindows() const {
     std::vector<BusWindow> windows;
+    // Our own windows would have to be described by this very thread, which waits for the answer.
+    if (process_ == getpid()) return windows;
     const auto root = bus_->applicationOf(process_);
     if (!root) return windows;
     const auto objects = childrenOf(*bus_, {*root}).front();

@@ -1,0 +1,99 @@
+// What a page can post, through the real web engine: nothing of it may hurt the program.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "tests/desktop/KeptDebugLog.h"
+#include "tests/desktop/RemotePanel.h"
+
+namespace stagehopper::desktop {
+namespace {
+
+using namespace std::string_literals;
+
+class Bridge : public testing::Test {
+protected:
+    /// Runs a script, and waits until all that it posted has been dealt with.
+    std::vector<std::string> diagnosticsOf(const std::string& script) {
+        const auto mark = panel_->mark();
+        panel_.run(script);
+        panel_.run("post('DBG:that was all')");
+        EXPECT_TRUE(panel_->logs("that was all", mark, std::chrono::seconds(20)));
+        auto lines = panel_->diagnosticsSince(mark);
+        if (!lines.empty()) lines.pop_back();
+        return lines;
+    }
+
+    KeptDebugLog keptLog_;
+    VirtualDesktop desktop_;
+    RemotePanel panel_{desktop_};
+};
+
+TEST_F(Bridge, ABodyOfTenMegabytesArrivesWhole) {
+    const auto lines = diagnosticsOf("post('DBG:' + 'x'.repeat(10 * 1024 * 1024))");
+    ASSERT_EQ(lines.size(), 1U);
+    EXPECT_EQ(lines.front(), "panel_debug " + std::string(10 * 1024 * 1024, 'x'));
+}
+
+TEST_F(Bridge, ANulByteInABodyArrivesAsItIs) {
+    EXPECT_EQ(diagnosticsOf("post('DBG:before\\u0000behind')"),
+              std::vector{"panel_debug before\0behind"s});
+}
+
+TEST_F(Bridge, CharactersOfAllPlanesArriveAsTheyAre) {
+    EXPECT_EQ(diagnosticsOf("post('DBG:é 幻灯片 🎞')"),
+              std::vector{"panel_debug é 幻灯片 🎞"s});
+}
+
+TEST_F(Bridge, AHalfOfASurrogatePairDoesNoHarm) {
+    const auto lines = diagnosticsOf(
+        "post('DBG:\\ud800'); post('\\udc00'); post('PPT:next|\\ud800|x'); post('DBG:whole')");
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), "panel_debug whole"), 1);
+    EXPECT_EQ(panel_.value("'still there'"), "still there");
+}
+
+TEST_F(Bridge, BodiesThatAreNoTextsAreIgnored) {
+    EXPECT_TRUE(
+        diagnosticsOf("for (const body of [5, 1.5, true, null, undefined, {a: 1}, ['DBG:x'],"
+                      " new Date()]) post(body)")
+            .empty());
+}
+
+TEST_F(Bridge, UnknownCommandsAreIgnored) {
+    EXPECT_TRUE(
+        diagnosticsOf("for (const body of ['', 'CMD:', 'CMD:quit', 'cmd:showOverlay', 'PPT',"
+                      " 'CMD:enableSlideControl ', ' DBG:x', 'WSCONN:|']) post(body)")
+            .empty());
+}
+
+TEST_F(Bridge, AStepWithAnUnknownDirectionIsRefusedAndAlsoLogged) {
+    const auto mark = panel_->mark();
+    panel_.run("electronAPI.sendPptSlide('previous')");
+    ASSERT_TRUE(panel_->logs("blocked_invalid_direction", mark));
+    EXPECT_EQ(panel_->diagnosticsSince(mark),
+              (std::vector{"native_bridge_received direction=previous seq=- source="s,
+                           "blocked_invalid_direction raw=previous"s}));
+}
+
+TEST_F(Bridge, ARepeatedSequenceTagCountsOnce) {
+    const auto lines = diagnosticsOf(
+        "electronAPI.sendPptSlide('x', 7, 'page'); electronAPI.sendPptSlide('x', 7, 'page')");
+    EXPECT_EQ(
+        std::count(lines.begin(), lines.end(), "duplicate_dropped direction=x seq=7 source=page"),
+        1);
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), "blocked_invalid_direction raw=x"), 1);
+}
+
+TEST_F(Bridge, TenThousandMessagesAtOnceAllArriveInOrder) {
+    constexpr int count = 10'000;
+    const auto lines = diagnosticsOf("for (let i = 0; i < " + std::to_string(count) +
+                                     "; i++) electronAPI.sendDebugLog(`message ${i}`)");
+    ASSERT_EQ(lines.size(), static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i) {
+        ASSERT_EQ(lines[static_cast<std::size_t>(i)], "panel_debug message " + std::to_string(i));
+    }
+}
+
+}  // namespace
+}  // namespace stagehopper::desktop

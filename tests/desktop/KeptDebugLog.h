@@ -1,0 +1,22 @@
+#pragma once
+
+#include <filesystem>
+
+namespace stagehopper::desktop {
+
+/// Where the program writes its diagnostic lines; the same for everybody on this machine.
+inline constexpr const char* debugLogFile = "/tmp/stagehopper_debug.log";
+
+/// Puts the user's own log file aside, and back at its end.
+class KeptDebugLog {
+public:
+    KeptDebugLog();
+    ~KeptDebugLog();
+    KeptDebugLog(const KeptDebugLog&) = delete;
+    KeptDebugLog& operator=(const KeptDebugLog&) = delete;
+
+private:
+    std::filesystem::path kept_;
+};
+
+}  // namespace stagehopper::desktop

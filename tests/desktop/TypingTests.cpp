@@ -1,0 +1,108 @@
+// The user goes on working in another window while steps go to the program in the background.
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <thread>
+
+#include "tests/desktop/RemotePanel.h"
+#include "tools/presentations/Deck.h"
+#include "tools/presentations/Impress.h"
+
+namespace stagehopper::desktop {
+namespace {
+
+/// Watches, on a connection and a thread of its own, that one window stays in front and keeps the
+/// keyboard.
+class FocusWatch {
+public:
+    FocusWatch(const VirtualDesktop& desktop, Window window)
+        : display_(DisplayString(desktop.display().get())), thread_([this, window] {
+              const Windows windows(display_);
+              while (!stop_) {
+                  ++looks_;
+                  if (windows.active() != window || windows.focused() != window) ++losses_;
+              }
+          }) {}
+    ~FocusWatch() { end(); }
+    FocusWatch(const FocusWatch&) = delete;
+    FocusWatch& operator=(const FocusWatch&) = delete;
+
+    void end() {
+        stop_ = true;
+        if (thread_.joinable()) thread_.join();
+    }
+    [[nodiscard]] int looks() const { return looks_; }
+    [[nodiscard]] int losses() const { return losses_; }
+
+private:
+    XDisplay display_;
+    std::atomic<bool> stop_ = false;
+    std::atomic<int> looks_ = 0;
+    std::atomic<int> losses_ = 0;
+    std::thread thread_;
+};
+
+class Typing : public testing::Test {
+protected:
+    /// Forty steps, there and back, while the user types with Shift held.
+    void expectThatTypingAndSteppingDoNotMeet(Presentation& presentation) {
+        RemotePanel panel(desktop_);
+        const auto typing = desktop_.start({programFolder() / "stagehopper_typing_window"});
+        const auto window =
+            desktop_.windows().waitForTitle("Typing window", std::chrono::seconds(10));
+        desktop_.windows().activate(window);
+        FocusWatch watch(desktop_, window);
+
+        const std::string word = "hop ";
+        std::string typed;
+        const auto mark = panel->mark();
+        desktop_.user().press(XK_Shift_L);
+        for (int step = 1; step <= 40; ++step) {
+            const bool forward = (step - 1) / (slideCount - 1) % 2 == 0;
+            const int position = (step - 1) % (slideCount - 1) + 1;
+            if (forward) {
+                panel.next();
+            } else {
+                panel.previous();
+            }
+            desktop_.user().type(word);
+            typed += word;
+            ASSERT_TRUE(presentation.waitForSlide(forward ? position + 1 : slideCount - position))
+                << "at step " << step << "\n"
+                << panel->output();
+        }
+        desktop_.user().release(XK_Shift_L);
+
+        std::string expected;
+        for (const char character : typed) {
+            expected += static_cast<char>(std::toupper(static_cast<unsigned char>(character)));
+        }
+        EXPECT_TRUE(
+            typing->output().waitForLine("text " + expected, std::chrono::seconds(10)).has_value())
+            << typing->output().linesFrom(0).back().text;
+        watch.end();
+        EXPECT_GT(watch.looks(), 100);
+        EXPECT_EQ(watch.losses(), 0);
+        for (const char* key : {"key Page_", "key Next", "key Prior", "key Right", "key Left"}) {
+            EXPECT_EQ(typing->output().count(key), 0U) << key;
+        }
+        EXPECT_EQ(panel->program().output().count("key_sent ", mark), 40U);
+        EXPECT_EQ(panel->program().output().count("key_undelivered", mark), 0U);
+    }
+
+    VirtualDesktop desktop_;
+};
+
+TEST_F(Typing, WithShiftHeldIsNotDisturbedByFortyStepsToAShowOfImpress) {
+    Impress impress(desktop_);
+    impress.startShow();
+    expectThatTypingAndSteppingDoNotMeet(impress);
+}
+
+TEST_F(Typing, WithShiftHeldIsNotDisturbedByFortyStepsToEvince) {
+    expectThatTypingAndSteppingDoNotMeet(*openInEvince(desktop_));
+}
+
+}  // namespace
+}  // namespace stagehopper::desktop

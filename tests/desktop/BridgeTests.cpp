@@ -46,11 +46,45 @@ TEST_F(Bridge, CharactersOfAllPlanesArriveAsTheyAre) {
               std::vector{"panel_debug é 幻灯片 🎞"s});
 }
 
-TEST_F(Bridge, AHalfOfASurrogatePairDoesNoHarm) {
-    const auto lines = diagnosticsOf(
-        "post('DBG:\\ud800'); post('\\udc00'); post('PPT:next|\\ud800|x'); post('DBG:whole')");
-    EXPECT_EQ(std::count(lines.begin(), lines.end(), "panel_debug whole"), 1);
-    EXPECT_EQ(panel_.value("'still there'"), "still there");
+TEST_F(Bridge, ANulByteBehindACommandMakesItAnotherText) {
+    EXPECT_TRUE(diagnosticsOf("post('CMD:enableSlideControl\\u0000')").empty());
+}
+
+TEST_F(Bridge, AHalfOfASurrogatePairIsReplacedAndNothingAroundItIsLost) {
+    EXPECT_EQ(diagnosticsOf("post('DBG:a\\ud800b'); post('\\udc00'); post('DBG:whole')"),
+              (std::vector{"panel_debug a\uFFFDb"s, "panel_debug whole"s}));
+}
+
+TEST_F(Bridge, AStepOfThePageWithTheTagZeroHasATag) {
+    const auto lines = diagnosticsOf("electronAPI.sendPptSlide('next', 0)");
+    ASSERT_FALSE(lines.empty());
+    EXPECT_EQ(lines.front(), "native_bridge_received direction=next seq=0 source=");
+}
+
+TEST_F(Bridge, AStepOfThePageOfADirectionAloneHasNoTagAndNoSource) {
+    const auto lines = diagnosticsOf("electronAPI.sendPptSlide('prev')");
+    ASSERT_FALSE(lines.empty());
+    EXPECT_EQ(lines.front(), "native_bridge_received direction=prev seq=- source=");
+}
+
+TEST_F(Bridge, OverlayDataOfThePanelGoesNowhere) {
+    EXPECT_TRUE(diagnosticsOf("electronAPI.sendOverlayData({}); "
+                              "electronAPI.sendParticipantsUpdate([])")
+                    .empty());
+}
+
+TEST_F(Bridge, APageInAFrameHasNoInterface) {
+    EXPECT_EQ(panel_.value("(() => { const frame = document.createElement('iframe');"
+                           " document.body.append(frame);"
+                           " return typeof frame.contentWindow.electronAPI; })()"),
+              "undefined");
+}
+
+TEST_F(Bridge, AStepStillWorksAfterABurstOfHugeBodies) {
+    diagnosticsOf("for (let i = 0; i < 5; ++i) post('PPT:' + 'x'.repeat(10_000_000) + '|' + i)");
+    const auto mark = panel_->mark();
+    panel_.next();
+    EXPECT_TRUE(panel_->logs("blocked_no_target", mark));
 }
 
 TEST_F(Bridge, BodiesThatAreNoTextsAreIgnored) {

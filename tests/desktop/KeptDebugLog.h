@@ -7,7 +7,8 @@ namespace stagehopper::desktop {
 /// Where the program writes its diagnostic lines; the same for everybody on this machine.
 inline constexpr const char* debugLogFile = "/tmp/stagehopper_debug.log";
 
-/// Puts the user's own log file aside, and back at its end.
+/// Puts the user's own log file aside, and back at its end. Two test runs at once wait for each
+/// other here.
 class KeptDebugLog {
 public:
     KeptDebugLog();
@@ -16,6 +17,7 @@ public:
     KeptDebugLog& operator=(const KeptDebugLog&) = delete;
 
 private:
+    int lock_ = -1;
     std::filesystem::path kept_;
 };
 

@@ -1,5 +1,5 @@
-// The debug log file, which has one fixed place for all: these tests put what they find there
-// aside.
+// The debug log file, which lies where everybody can write: it comes back when it is deleted, and
+// what somebody put in its place is left alone.
 
 #include <gmock/gmock.h>
 
@@ -9,6 +9,7 @@
 #include <regex>
 #include <sstream>
 
+#include "tests/desktop/KeptDebugLog.h"
 #include "tests/desktop/RemotePanel.h"
 
 namespace stagehopper::desktop {
@@ -16,28 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path logFile = "/tmp/stagehopper_debug.log";
-
-/// Keeps the file of whoever uses this machine, and puts it back.
-class PutAside {
-public:
-    PutAside() {
-        if (fs::symlink_status(logFile).type() != fs::file_type::not_found) {
-            fs::rename(logFile, kept_);
-        }
-    }
-    ~PutAside() {
-        fs::remove(logFile);
-        if (fs::symlink_status(kept_).type() != fs::file_type::not_found) {
-            fs::rename(kept_, logFile);
-        }
-    }
-    PutAside(const PutAside&) = delete;
-    PutAside& operator=(const PutAside&) = delete;
-
-private:
-    fs::path kept_ = logFile.native() + ".put-aside-by-a-test";
-};
+const fs::path logFile = debugLogFile;
 
 std::string contents(const fs::path& file) {
     std::ostringstream text;
@@ -54,7 +34,7 @@ protected:
         ASSERT_TRUE(panel->logs("panel_debug end of " + text, mark)) << panel->output();
     }
 
-    PutAside aside_;
+    KeptDebugLog keptLog_;
     VirtualDesktop desktop_;
 };
 

@@ -61,7 +61,7 @@ VirtualDesktop::VirtualDesktop(const DesktopOptions& options)
     }
     startXServer(options.xServerArguments);
     startMessageBus();
-    startWindowManager();
+    startWindowManager(options.windowManager);
     setAccessibility(busAddress_, options.accessibility);
     accessible_ = std::make_unique<AccessibleTree>(busAddress_);
 }
@@ -105,8 +105,8 @@ void VirtualDesktop::startMessageBus() {
     environment_.push_back("DBUS_SESSION_BUS_ADDRESS=" + busAddress_);
 }
 
-void VirtualDesktop::startWindowManager() {
-    windowManager_ = start({"mutter", "--x11", "--sm-disable"});
+void VirtualDesktop::startWindowManager(const std::vector<std::string>& command) {
+    windowManager_ = start(command);
     const bool manages = waitFor(
         [this] {
             return !windowManager_->isRunning() ||
@@ -114,7 +114,7 @@ void VirtualDesktop::startWindowManager() {
         },
         startLimit);
     if (!manages || !windowManager_->isRunning()) {
-        throw DesktopError("mutter did not start:\n" + windowManager_->output().text());
+        throw DesktopError(command.front() + " did not start:\n" + windowManager_->output().text());
     }
 }
 

@@ -19,13 +19,14 @@ struct DesktopOptions {
     std::string language = "C.UTF-8";
     /// Whether programs find accessibility switched on.
     bool accessibility = true;
+    std::vector<std::string> windowManager = {"mutter", "--x11", "--sm-disable"};
     /// More for the X server's command line.
     std::vector<std::string> xServerArguments = {};
 };
 
 /// A desktop without a screen, with everything that a user's has and nothing of the user's: an X
-/// server of 1280 by 720, a message bus, a window manager that composites, an accessibility bus,
-/// and empty home folders. Up in half a second. One thread.
+/// server of 1280 by 720, a message bus, a window manager (mutter composites), an accessibility
+/// bus, and empty home folders. Up in half a second. One thread.
 ///
 /// Everything that was started on it ends with it, and its folder goes.
 class VirtualDesktop {
@@ -52,7 +53,7 @@ private:
     void makeFolders();
     void startXServer(const std::vector<std::string>& moreArguments);
     void startMessageBus();
-    void startWindowManager();
+    void startWindowManager(const std::vector<std::string>& command);
 
     std::vector<std::string> environment_;
     DesktopKeeper keeper_;

@@ -108,7 +108,11 @@ TEST(Delivery, ToAProgramThatEndedFindsNoTarget) {
     auto mark = panel->mark();
     panel.next();
     ASSERT_TRUE(evince->waitForSlide(2)) << panel->output();
+    const auto process = evince->process();
     evince->program().end();
+    // The window manager takes its window off the list a moment later.
+    ASSERT_TRUE(waitFor([&] { return desktop.windows().ofProcess(process).empty(); },
+                        std::chrono::seconds(5)));
     mark = panel->mark();
     panel.next();
     EXPECT_TRUE(panel->logs("blocked_no_target", mark)) << panel->output();

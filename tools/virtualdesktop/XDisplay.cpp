@@ -8,10 +8,6 @@ namespace stagehopper::desktop {
 
 namespace {
 
-struct FreedByX {
-    void operator()(void* memory) const { XFree(memory); }
-};
-
 // The handler runs in the thread whose request or answer it is about.
 thread_local bool errorSeen = false;
 
@@ -39,36 +35,32 @@ bool XDisplay::accepts(const std::function<void()>& requests) const {
     return !errorSeen;
 }
 
-std::vector<unsigned long> XDisplay::numbers(Window window, const char* property) const {
+XDisplay::Property XDisplay::read(Window window, const char* name, int format) const {
     Atom type = None;
-    int format = 0;
+    int foundFormat = 0;
     unsigned long count = 0;
     unsigned long rest = 0;
     unsigned char* data = nullptr;
-    const bool read = accepts([&] {
-        XGetWindowProperty(get(), window, atom(property), 0, 4096, False, AnyPropertyType, &type,
-                           &format, &count, &rest, &data);
+    const bool wasAccepted = accepts([&] {
+        XGetWindowProperty(get(), window, atom(name), 0, 4096, False, AnyPropertyType, &type,
+                           &foundFormat, &count, &rest, &data);
     });
-    const std::unique_ptr<unsigned char, FreedByX> owned(data);
-    if (!read || data == nullptr || format != 32) return {};
+    Property property{std::unique_ptr<unsigned char, FreedByX>(data), count};
+    if (!wasAccepted || data == nullptr || foundFormat != format) property.count = 0;
+    return property;
+}
+
+std::vector<unsigned long> XDisplay::numbers(Window window, const char* property) const {
+    const auto found = read(window, property, 32);
     // Xlib hands 32-bit values over as longs.
-    const auto* values = reinterpret_cast<const unsigned long*>(data);
-    return {values, values + count};
+    const auto* values = reinterpret_cast<const unsigned long*>(found.data.get());
+    return {values, values + found.count};
 }
 
 std::string XDisplay::text(Window window, const char* property) const {
-    Atom type = None;
-    int format = 0;
-    unsigned long count = 0;
-    unsigned long rest = 0;
-    unsigned char* data = nullptr;
-    const bool read = accepts([&] {
-        XGetWindowProperty(get(), window, atom(property), 0, 4096, False, AnyPropertyType, &type,
-                           &format, &count, &rest, &data);
-    });
-    const std::unique_ptr<unsigned char, FreedByX> owned(data);
-    if (!read || data == nullptr || format != 8) return {};
-    return {reinterpret_cast<const char*>(data), count};
+    const auto found = read(window, property, 8);
+    if (found.count == 0) return {};
+    return {reinterpret_cast<const char*>(found.data.get()), found.count};
 }
 
 Time XDisplay::time() const {

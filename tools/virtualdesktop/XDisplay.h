@@ -37,6 +37,17 @@ private:
     struct Close {
         void operator()(Display* display) const { XCloseDisplay(display); }
     };
+    struct FreedByX {
+        void operator()(void* memory) const { XFree(memory); }
+    };
+    struct Property {
+        std::unique_ptr<unsigned char, FreedByX> data;
+        unsigned long count = 0;
+    };
+
+    /// Empty when the window has no such property with values of `format` bits.
+    [[nodiscard]] Property read(Window window, const char* name, int format) const;
+
     std::unique_ptr<Display, Close> display_;
 };
 

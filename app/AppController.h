@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -13,6 +14,8 @@
 #include "platform/Application.h"
 #include "platform/Clock.h"
 #include "platform/Platform.h"
+#include "platform/Screens.h"
+#include "platform/Window.h"
 #include "platform/Workspace.h"
 
 namespace stagehopper::platform {
@@ -21,7 +24,6 @@ class Panel;
 class Timer;
 class WebSocketTask;
 class WebView;
-class Window;
 class WorkItem;
 }  // namespace stagehopper::platform
 
@@ -32,7 +34,7 @@ class TitleMatcher;
 struct KeyStrategy;
 struct SlideTargetCandidate;
 
-/// The application: its delegate, the owner of all its state, and every operation on it.
+/// The application: its and its panel's delegate, the owner of all its state, and every operation on it.
 ///
 /// This header is the table of contents; the bodies stand in the folders of their subsystems.
 /// Main thread only, unless an operation says otherwise. No operation throws or reports failure to
@@ -41,6 +43,8 @@ struct SlideTargetCandidate;
 /// The entry point holds the one strong reference. Work that outlives a call holds the controller
 /// weakly and does nothing when it is gone.
 class AppController final : public platform::ApplicationDelegate,
+                            public platform::WindowDelegate,
+                            public platform::ScreenObserver,
                             public std::enable_shared_from_this<AppController> {
 public:
     static std::shared_ptr<AppController> create(platform::Platform platform);
@@ -54,8 +58,10 @@ public:
     void applicationDidFinishLaunching() override;
     /// Always true: closing the panel quits.
     bool applicationShouldTerminateAfterLastWindowClosed() override;
-    /// The shut-down sequence.
+    /// The shut-down sequence. Blocks until the backend has exited.
     void applicationWillTerminate() override;
+    /// Takes the overlay away with the panel window.
+    void windowWillClose(const platform::Window* window) override;
 
     // --- Diagnostic log (app/DiagnosticLog.cpp) ---------------------------------------------
 
@@ -72,6 +78,73 @@ public:
     void buildPanelWindow();
     /// Acts on one text posted by the panel page; what it does not recognise is ignored.
     void handleBridgeRaw(std::string_view raw);
+
+    // --- Overlay (app/OverlayWindow.cpp) ----------------------------------------------------
+
+    /// Shows the overlay above everything on the main screen, and makes it first when there is
+    /// none. Without a screen nothing happens.
+    void showOverlay();
+    /// Removes the overlay and its page, if there is one.
+    void destroyOverlay();
+    /// Fits the overlay to the main screen.
+    void screenDidChange() override;
+
+    // --- Backend (backend/BackendSupervisor.cpp, backend/HealthProbe.cpp) -------------------
+
+    /// One attempt to start the backend executable `name` in `resourceDir`; after the third in a
+    /// series nothing happens. Outcomes go to the system log.
+    void attemptLaunchBundledBackend(const std::filesystem::path& resourceDir,
+                                     const std::string& name);
+    /// Ends the backend that this program started and starts no other until the user asks.
+    /// Returns at once; the end is awaited in the background.
+    void stopBundledBackendFromUser();
+    /// Whether a healthy backend listens on that port of the loopback interface. Any thread but the
+    /// URL session's; blocks it for up to 0.35 s.
+    bool healthCheckLocalPort(std::int64_t port);
+    /// "http://127.0.0.1:PORT" of the first healthy port from 3000 to 3050. Blocks like the probes
+    /// that it makes.
+    std::optional<std::string> firstHealthyLocalBackendBaseURL();
+
+    // --- Network tuning (network/AwdlControl.cpp, network/WifiKeepAlive.cpp) ----------------
+
+    /// Whether Apple Wireless Direct Link is on. Blocks; not for the main thread. Absent when the
+    /// system could not be asked.
+    std::optional<bool> isAWDLUp();
+    /// Switches AWDL off through an administrator prompt, in the background.
+    void disableAWDLIfNeeded();
+    /// Does so as soon as the backend is healthy, unless that takes more than 45 s.
+    void scheduleAwdlOptimizationAfterBackendReady();
+    /// Starts the prompt that switches AWDL on again, and does not wait for it.
+    void restoreAWDL();
+    /// The gateway of the first default route; absent when there is none. Blocks.
+    std::optional<std::string> getDefaultGateway();
+    /// Starts the ping that keeps the Wi-Fi link awake.
+    void startWifiKeepAlive();
+
+    // --- Meeting discovery (slidechannel/MeetingDiscovery.cpp) ------------------------------
+
+    /// Looks for the active meeting now and every 4 s. Failures are silent.
+    void startNativeSlideDiscovery();
+    /// One round: asks the backend, chooses a meeting, connects. Skipped while one is under way.
+    void discoverActiveMeetingAndConnectIfNeeded();
+
+    // --- Slide socket (slidechannel/SlideSocket.cpp, slidechannel/SlideMessages.cpp) --------
+
+    /// Joins the room on that server, unless it is joined already. `reason` is for the log.
+    void connectNativeSlideSocket(const std::string& serverUrl, const std::string& roomCode,
+                                  std::string_view reason);
+    /// Drops the connection, if there is one, and stops its pings.
+    void cancelNativeSlideSocket(std::string_view reason);
+    /// Connects again in 1 s, instead of any reconnect that waits.
+    void scheduleNativeSlideSocketReconnect(const std::string& serverUrl,
+                                            const std::string& roomCode, std::string_view reason);
+    /// Pings the room's connection every 15 s.
+    void startNativeSlidePingLoop(const std::string& roomCode);
+    /// Waits for the next message, as long as this room is joined. Main thread and the URL
+    /// session's queue.
+    void receiveNativeSlideSocketMessages(const std::string& expectedRoomCode);
+    /// Acts on one text from the room; what it does not understand is ignored.
+    void handleNativeSlideSocketText(std::string_view text);
 
     // --- Slide events (presentation/SlideIntake.cpp) ----------------------------------------
 
@@ -147,6 +220,25 @@ private:
 
     void enableSlideControl();
     void openAccessibilitySettings();
+    void hideOverlay();
+    /// Connects the slide socket and, in a moment, the overlay's page.
+    void connectOverlayAndSocket(const std::string& serverUrl, const std::string& roomCode);
+    /// The frame of the screen that the overlay covers; absent when there is no screen.
+    std::optional<platform::Rect> overlayFrame();
+
+    /// Starts a series of launches, unless a healthy backend answers.
+    void launchBackendUnlessHealthy();
+    void bundledBackendDidExit(const std::filesystem::path& resourceDir, const std::string& name,
+                               std::int32_t status);
+    void scheduleBundledBackendRetry(const std::filesystem::path& resourceDir,
+                                     const std::string& name);
+    void waitForBackendThenDisableAWDL();
+    /// Starts an AppleScript; null when the runner could not be started.
+    std::shared_ptr<platform::ChildProcess> startAppleScript(std::string_view script);
+
+    void nativeSlideSocketDidFail(const std::string& expectedRoomCode, std::string_view error);
+    void pingNativeSlideSocket(const std::string& roomCode);
+    void nativeSlidePingDidFail(const std::string& roomCode, std::string_view error);
     /// Posts one key press and release, 50 ms apart.
     void sendSlideKey(platform::Pid process, const KeyStrategy& strategy,
                       std::string_view direction);
@@ -157,8 +249,11 @@ private:
 
     platform::Platform platform_;
 
-    // The whole state. Names and order are fixed; the ones that nothing drives yet belong to the
-    // overlay, the backend, the network tuning and the slide channel.
+    /// For what the URL session's queue reads of the slide socket: written under it by the main
+    /// thread, which alone may read without it.
+    std::mutex nativeSlideSocketMutex_;
+
+    // The whole state. Names and order are fixed.
     // Atomic: also read on other threads, where a stale value is harmless.
 
     std::shared_ptr<platform::Window> panelWindow;

@@ -1,7 +1,11 @@
+#include <string>
+#include <utility>
 #include <variant>
 
 #include "app/AppController.h"
 #include "app/BridgeMessage.h"
+#include "platform/Dispatch.h"
+#include "platform/WebView.h"
 #include "platform/Workspace.h"
 
 namespace stagehopper {
@@ -11,6 +15,19 @@ namespace {
 // Opens the Accessibility page of the system's privacy settings; every port knows this URL.
 constexpr std::string_view accessibilitySettingsUrl =
     "x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility";
+
+// The page of an overlay that was made just now has loaded by then.
+constexpr platform::Duration overlayConnectDelay{0.5};
+
+/// Safe between the double quotes of a script's text, as far as backslashes and quotes go.
+std::string escapedForScript(std::string_view text) {
+    std::string escaped;
+    for (const char character : text) {
+        if (character == '\\' || character == '"') escaped += '\\';
+        escaped += character;
+    }
+    return escaped;
+}
 
 template <class... Handlers>
 struct Overloaded : Handlers... {
@@ -25,30 +42,49 @@ void AppController::handleBridgeRaw(std::string_view raw) {
     std::visit(Overloaded{
                    [this](BridgeCommand command) {
                        switch (command) {
+                           case BridgeCommand::showOverlay:
+                               return showOverlay();
+                           case BridgeCommand::hideOverlay:
+                               return hideOverlay();
+                           case BridgeCommand::destroyOverlay:
+                               return destroyOverlay();
+                           case BridgeCommand::startBundledBackend:
+                               bundledBackendUserStopped = false;
+                               return launchBackendUnlessHealthy();
+                           case BridgeCommand::stopBundledBackend:
+                               return stopBundledBackendFromUser();
+                           case BridgeCommand::requestAwdlBeforeMeeting:
+                               slideNavLog("awdl_prompt_on_meeting_start", "user_initiated=true");
+                               return scheduleAwdlOptimizationAfterBackendReady();
                            case BridgeCommand::enableSlideControl:
                                return enableSlideControl();
                            case BridgeCommand::openAccessibilitySettings:
                                return openAccessibilitySettings();
-                           // Understood, but not acted on until the overlay, the backend
-                           // supervision and the network tuning are there.
-                           case BridgeCommand::showOverlay:
-                           case BridgeCommand::hideOverlay:
-                           case BridgeCommand::destroyOverlay:
-                           case BridgeCommand::startBundledBackend:
-                           case BridgeCommand::stopBundledBackend:
-                           case BridgeCommand::requestAwdlBeforeMeeting:
-                               return;
                        }
                    },
                    [this](const SlideStep& step) {
                        consumeSlideEvent(step.direction, step.seq, step.source);
                    },
                    [this](const DebugText& debug) { slideNavLog("panel_debug", debug.text); },
-                   // Waits for the slide socket.
-                   [](const ConnectRequest&) {},
+                   [this](const ConnectRequest& request) {
+                       connectOverlayAndSocket(std::string(request.serverUrl),
+                                               std::string(request.roomCode));
+                   },
                    [](const UnknownMessage&) {},
                },
                parseBridgeMessage(raw));
+}
+
+void AppController::connectOverlayAndSocket(const std::string& serverUrl,
+                                            const std::string& roomCode) {
+    connectNativeSlideSocket(serverUrl, roomCode, "panel_wsconn");
+    auto script = "window._connectOverlay(\"" + escapedForScript(serverUrl) + "\", \"" +
+                  escapedForScript(roomCode) + "\")";
+    platform_.dispatch.asyncMainAfter(
+        overlayConnectDelay, [weak = weak_from_this(), script = std::move(script)] {
+            const auto self = weak.lock();
+            if (self && self->overlayWebView) self->overlayWebView->evaluateJavaScript(script);
+        });
 }
 
 void AppController::enableSlideControl() {

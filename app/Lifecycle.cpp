@@ -1,26 +1,34 @@
 #include "app/AppController.h"
 #include "app/MainMenu.h"
 #include "platform/Application.h"
+#include "platform/ChildProcess.h"
 #include "platform/Dispatch.h"
+#include "platform/Screens.h"
 
 namespace stagehopper {
-
-// Not there yet, and therefore not in these sequences: looking for and starting the backend,
-// meeting discovery, the Wi-Fi keep-alive, following screen changes; their ends at quit, and the
-// log lines that report them.
 
 void AppController::applicationDidFinishLaunching() {
     slideNavLog("app_launched", "Stagehopper starting up");
     platform_.application.setActivationPolicy(platform::ActivationPolicy::regular);
     platform_.application.setMainMenu(mainMenu());
     buildPanelWindow();
+    launchBackendUnlessHealthy();
+    slideNavLog("app_launched", "backend auto-start requested");
+    startNativeSlideDiscovery();
+    slideNavLog("app_launched", "nativeSlideDiscovery started");
     platform_.application.activate();
+    startWifiKeepAlive();
     // Says why no dialog was seen: each is raised only when the user acts in the panel.
     slideNavLog("app_launched", "no_auto_prompts — awdl_on_meeting_start; accessibility_on_toggle");
+    platform_.screens.addObserver(weak_from_this());
 }
 
 bool AppController::applicationShouldTerminateAfterLastWindowClosed() {
     return true;
+}
+
+void AppController::windowWillClose(const platform::Window* window) {
+    if (window == panelWindow.get()) destroyOverlay();
 }
 
 void AppController::applicationWillTerminate() {
@@ -31,6 +39,15 @@ void AppController::applicationWillTerminate() {
     nativeSlidePingTimer.reset();
     if (nativeSlideReconnectWorkItem) nativeSlideReconnectWorkItem->cancel();
     nativeSlideReconnectWorkItem.reset();
+    cancelNativeSlideSocket("app_terminating");
+    if (backendProcess) {
+        backendProcess->terminate();
+        backendProcess->waitUntilExit();
+        backendProcess.reset();
+    }
+    // Not awaited: it holds nothing that anybody waits for.
+    if (keepAliveProcess) keepAliveProcess->terminate();
+    if (awdlDisabled) restoreAWDL();
 }
 
 }  // namespace stagehopper

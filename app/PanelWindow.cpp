@@ -56,6 +56,7 @@ void AppController::buildPanelWindow() {
     panelWindow->setMinimumSize(panelMinimumSize);
     panelWindow->setContentView(panelWebView);
     panelWindow->center();
+    panelWindow->setDelegate(weak_from_this());
     panelWindow->makeKeyAndOrderFront();
 
     const auto resources = resourceDir();

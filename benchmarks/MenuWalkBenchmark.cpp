@@ -4,17 +4,16 @@
 
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
 #include <chrono>
-#include <cmath>
 #include <cstdio>
 #include <filesystem>
 #include <map>
 #include <vector>
 
 #include "app/AppController.h"
-#include "benchmarks/MenuProgramRun.h"
 #include "benchmarks/NaiveElement.h"
+#include "benchmarks/Percentiles.h"
+#include "benchmarks/TargetProgramRun.h"
 #include "ports/linux/GlibText.h"
 #include "ports/linux/desktop/AccessibilityBus.h"
 #include "ports/linux/desktop/AtSpiAccessibility.h"
@@ -54,7 +53,7 @@ UIElementRef findLastItem(const UIElement& menuBar) {
 /// Reads the menu bar with `readBar` and searches all of it, for as long as the benchmark runs.
 template <typename ReadBar>
 void search(benchmark::State& state, const std::string& name, ReadBar readBar) {
-    const MenuProgramRun program(menuProgram());
+    const TargetProgramRun program(menuProgram());
     if (program.process() == 0) {
         state.SkipWithError("the program with the menus did not come up");
         return;
@@ -89,12 +88,6 @@ void naiveWalk(benchmark::State& state) {
 BENCHMARK(snapshotWalk)->Unit(benchmark::kMillisecond)->Iterations(200)->UseRealTime();
 BENCHMARK(naiveWalk)->Unit(benchmark::kMillisecond)->Iterations(12)->UseRealTime();
 
-/// `sorted` is not empty.
-double percentile(const std::vector<double>& sorted, double share) {
-    const auto last = static_cast<double>(sorted.size() - 1);
-    return sorted[static_cast<std::size_t>(std::lround(share * last))];
-}
-
 void report() {
     std::map<std::string, double> medians;
     for (auto& [name, times] : searches()) {
@@ -102,7 +95,6 @@ void report() {
         const double first = times.front();
         times.erase(times.begin());
         if (times.empty()) continue;
-        std::ranges::sort(times);
         medians[name] = percentile(times, 0.5);
         std::printf("%-9s first %7.2f ms, then %3zu searches: p50 %7.2f ms, p99 %7.2f ms\n",
                     name.c_str(), first, times.size(), medians[name], percentile(times, 0.99));

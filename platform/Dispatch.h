@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "platform/Clock.h"
+#include "platform/Semaphore.h"
 
 namespace stagehopper::platform {
 
@@ -42,6 +43,10 @@ public:
     /// Runs `task` on the main thread every `interval`, the first time one interval from now, also
     /// while menus are open. Missed rounds are not made up for. Main thread only.
     [[nodiscard]] virtual std::unique_ptr<Timer> repeatMain(Duration interval, Task task) = 0;
+    /// Runs `task` on the main queue `delay` from now; nobody can cancel it. Any thread.
+    virtual void asyncMainAfter(Duration delay, Task task) = 0;
+    /// Any thread.
+    [[nodiscard]] virtual std::shared_ptr<Semaphore> makeSemaphore() = 0;
 };
 
 }  // namespace stagehopper::platform

@@ -13,6 +13,8 @@ public:
     virtual ~FileSystem() = default;
     /// Whether something stands under that path, links followed.
     virtual bool fileExists(const std::filesystem::path& path) = 0;
+    /// Whether that path is an ordinary file, links followed, that we may execute.
+    virtual bool isExecutableFile(const std::filesystem::path& path) = 0;
     /// Creates an ordinary file with `contents` and default permissions. False when anything
     /// stands under that path already or the file cannot be made.
     virtual bool createFile(const std::filesystem::path& path, std::string_view contents) = 0;

@@ -5,7 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "platform/ChildProcess.h"
 #include "platform/Clock.h"
+#include "platform/Workspace.h"
 
 namespace stagehopper::platform {
 
@@ -20,6 +22,9 @@ public:
     /// The command line; the first entry is the executable's path.
     virtual std::vector<std::string> arguments() = 0;
     virtual std::filesystem::path currentDirectory() = 0;
+    /// Variables that are no UTF-8 text, or have no name, may be left out.
+    virtual Environment environment() = 0;
+    virtual Pid processIdentifier() = 0;
     /// A fresh random UUID: 36 characters, upper case, with hyphens.
     virtual std::string makeUuid() = 0;
     /// The local time of day with seconds, as the user's locale writes it, without a date.

@@ -8,13 +8,16 @@ namespace stagehopper::platform {
 
 class Accessibility;
 class Application;
+class ChildProcesses;
 class Clock;
 class Dispatch;
 class FileSystem;
 class Host;
 class KeyboardEvents;
+class Screens;
 class SystemLog;
 class Text;
+class UrlSession;
 class UserInterface;
 class Workspace;
 
@@ -23,13 +26,16 @@ class Workspace;
 struct Platform {
     Accessibility& accessibility;
     Application& application;
+    ChildProcesses& childProcesses;
     Clock& clock;
     Dispatch& dispatch;
     FileSystem& fileSystem;
     Host& host;
     KeyboardEvents& keyboardEvents;
+    Screens& screens;
     SystemLog& systemLog;
     Text& text;
+    UrlSession& urlSession;
     UserInterface& userInterface;
     Workspace& workspace;
     /// Programs that exist only on this platform. They stand behind the ones known everywhere.

@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/Geometry.h"
+
 namespace stagehopper::platform {
 
 /// One value that a page posted to a script-message handler.
@@ -48,6 +50,11 @@ public:
                           const std::filesystem::path& readAccess) = 0;
     /// Runs `script` in the main frame; its result and its errors are not reported.
     virtual void evaluateJavaScript(std::string_view script) = 0;
+    /// Where the page paints nothing, what lies behind the view shows through. Before the page is
+    /// loaded.
+    virtual void setDrawsBackground(bool drawsBackground) = 0;
+    /// In its window's coordinates.
+    virtual void setFrame(const Rect& frame) = 0;
 };
 
 }  // namespace stagehopper::platform

@@ -15,12 +15,24 @@ enum WindowStyle : unsigned {
     windowClosable = 1U << 1U,
     windowMiniaturizable = 1U << 2U,
     windowResizable = 1U << 3U,
+    /// Showing or clicking it never activates the program; panels only.
+    panelNonactivating = 1U << 7U,
 };
 
 struct WindowOptions {
     Rect contentRect;
     /// `WindowStyle` bits.
     unsigned styleMask = 0;
+};
+
+class Window;
+
+/// Told on the main thread when a window of its is about to close.
+class WindowDelegate {
+public:
+    virtual ~WindowDelegate() = default;
+    /// `window` may be null when the system does not say which.
+    virtual void windowWillClose(const Window* window) = 0;
 };
 
 /// An ordinary window, hidden until ordered front. Main thread only. Dropping it closes it.
@@ -34,6 +46,8 @@ public:
     virtual void setContentView(const std::shared_ptr<WebView>& view) = 0;
     /// Centres the window on its screen.
     virtual void center() = 0;
+    /// Held weakly.
+    virtual void setDelegate(std::weak_ptr<WindowDelegate> delegate) = 0;
     /// Shows the window above the program's others and gives it the keyboard.
     virtual void makeKeyAndOrderFront() = 0;
 };

@@ -6,7 +6,7 @@
 #include "platform/Accessibility.h"
 #include "platform/Application.h"
 #include "platform/UserInterface.h"
-#include "presentation/LogDetail.h"
+#include "app/LogDetail.h"
 #include "resources/AccessibilityHintScript.h"
 
 namespace stagehopper {

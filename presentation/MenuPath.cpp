@@ -3,7 +3,7 @@
 
 #include "app/AppController.h"
 #include "platform/Accessibility.h"
-#include "presentation/LogDetail.h"
+#include "app/LogDetail.h"
 #include "presentation/TitleMatcher.h"
 
 namespace stagehopper {

@@ -8,7 +8,7 @@
 #include "platform/KeyboardEvents.h"
 #include "platform/Workspace.h"
 #include "presentation/KeyStrategy.h"
-#include "presentation/LogDetail.h"
+#include "app/LogDetail.h"
 #include "presentation/SlideTargetCandidate.h"
 
 namespace stagehopper {

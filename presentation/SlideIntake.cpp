@@ -6,7 +6,7 @@
 #include "platform/Clock.h"
 #include "platform/Dispatch.h"
 #include "platform/Text.h"
-#include "presentation/LogDetail.h"
+#include "app/LogDetail.h"
 #include "presentation/SlideEvent.h"
 
 namespace stagehopper {

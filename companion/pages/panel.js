@@ -1,55 +1,24 @@
 // The panel page. It speaks to Stagehopper through `window.electronAPI`, which is there before
-// this script runs, and gets no answer: it can say what it sent, never what came of it.
+// this script runs, and gets no answer: it can say what it sent, never what came of it. Steps go
+// that way, too, so that they work without any backend.
 "use strict";
 
 (() => {
-    const listedSteps = 50;
-    const listedCharacters = 80;
     const stepKeys = { ArrowRight: "next", PageDown: "next", ArrowLeft: "prev", PageUp: "prev" };
 
     const host = window.electronAPI;
-    const language = navigator.language.toLowerCase().startsWith("zh") ? "zh" : "en";
-    const texts = panelTexts[language];
-    const byId = (id) => document.getElementById(id);
+    const texts = panelTexts[panelLanguage];
+    const steps = new PanelSteps(texts);
 
     // Starts at the time of loading, so that a reloaded page never repeats a tag: Stagehopper
-    // takes a repeated tag for a step that it has seen.
+    // takes a repeated tag for a step that it has seen. The letter keeps it apart from the numbers
+    // of the meeting, which start at a time as well.
     let lastSequence = Date.now();
-
-    function writeTexts() {
-        document.documentElement.lang = language === "zh" ? "zh-CN" : "en";
-        for (const element of document.querySelectorAll("[data-text]")) {
-            element.textContent = texts[element.dataset.text];
-        }
-        for (const element of document.querySelectorAll("[data-label]")) {
-            element.setAttribute("aria-label", texts[element.dataset.label]);
-        }
-        for (const element of document.querySelectorAll("[data-placeholder]")) {
-            element.placeholder = texts[element.dataset.placeholder];
-        }
-    }
-
-    function listSent(kind, name) {
-        const entry = document.createElement("li");
-        entry.className = kind;
-        const label = document.createElement("span");
-        label.textContent = name;
-        const time = document.createElement("time");
-        // In the engine's own locale: `navigator.language` is no language tag everywhere ("c").
-        time.textContent = new Date().toLocaleTimeString();
-        entry.append(label, time);
-
-        byId("nothing-sent").hidden = true;
-        const list = byId("sent-list");
-        list.prepend(entry);
-        while (list.children.length > listedSteps) list.lastElementChild.remove();
-        list.scrollTop = 0;
-    }
 
     function sendStep(direction) {
         lastSequence += 1;
-        host.sendPptSlide(direction, lastSequence, "panel");
-        listSent(direction, direction === "next" ? texts.nextSlide : texts.previousSlide);
+        host.sendPptSlide(direction, `p${lastSequence}`, "panel");
+        steps.addStep(direction, texts.fromHere);
     }
 
     function keysAreOn() {
@@ -72,7 +41,7 @@
     function onKey(event) {
         const direction = stepKeys[event.key];
         const modified = event.ctrlKey || event.altKey || event.metaKey || event.shiftKey;
-        const typing = event.target instanceof HTMLInputElement;
+        const typing = event.target.matches("input, select");
         if (!direction || modified || typing || event.repeat || !keysAreOn()) return;
         event.preventDefault();
         sendStep(direction);
@@ -82,7 +51,7 @@
         event.preventDefault();
         const field = byId("debug-text");
         host.sendDebugLog(field.value);
-        listSent("debug", field.value.slice(0, listedCharacters));
+        steps.addDebugLine(field.value);
         field.value = "";
     }
 
@@ -104,12 +73,14 @@
         window._showAccessibilityRestartHint = () => { byId("restart-hint").hidden = false; };
     }
 
-    writeTexts();
+    writePanelTexts(texts);
     showControlState(false);
     if (host) {
         connect();
+        new PanelRoom(host, texts, steps);
     } else {
         byId("no-host").hidden = false;
-        byId("controls").disabled = true;
+        for (const id of ["controls", "debug-text", "debug-send"]) byId(id).disabled = true;
+        document.body.classList.add("no-host");
     }
 })();

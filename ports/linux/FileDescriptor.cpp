@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
 
 namespace stagehopper::linux_port {
@@ -18,6 +19,17 @@ bool writeAll(int file, std::string_view bytes) {
         bytes.remove_prefix(static_cast<std::size_t>(written));
     }
     return true;
+}
+
+std::string readToEnd(int file) {
+    std::string bytes;
+    std::array<char, 4096> piece{};
+    for (;;) {
+        const auto count = ::read(file, piece.data(), piece.size());
+        if (count < 0 && errno == EINTR) continue;
+        if (count <= 0) return bytes;
+        bytes.append(piece.data(), static_cast<std::size_t>(count));
+    }
 }
 
 }  // namespace stagehopper::linux_port

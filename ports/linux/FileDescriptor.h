@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -23,5 +24,7 @@ private:
 
 /// Writes all of `bytes`, in one piece where the system lets us. False when that fails.
 bool writeAll(int file, std::string_view bytes);
+/// Reads up to the end of the file, or up to an error. Blocks as long as the other side does.
+std::string readToEnd(int file);
 
 }  // namespace stagehopper::linux_port

@@ -2,10 +2,11 @@
 
 #include <glib.h>
 
-#include <algorithm>
 #include <chrono>
-#include <cmath>
 #include <utility>
+
+#include "ports/linux/ThreadSemaphore.h"
+#include "ports/linux/WaitingTime.h"
 
 namespace stagehopper::linux_port {
 
@@ -13,14 +14,7 @@ namespace {
 
 using Instant = TaskQueue::Instant;
 
-/// A day-long wait is possible, an endless one would overflow the clock.
-constexpr platform::Duration longestWait = std::chrono::hours(24 * 365);
 constexpr platform::Duration shortestInterval = std::chrono::milliseconds(1);
-
-Instant::duration waitOf(platform::Duration wanted, platform::Duration shortest) {
-    if (std::isnan(wanted.count())) wanted = shortest;
-    return std::chrono::duration_cast<Instant::duration>(std::clamp(wanted, shortest, longestWait));
-}
 
 /// One task in the queue, which may be gone before its handle is.
 struct QueuedTask {
@@ -101,15 +95,23 @@ void GlibDispatch::asyncGlobal(platform::QualityOfService /*every thread is an o
 
 std::unique_ptr<platform::WorkItem> GlibDispatch::afterMain(platform::Duration delay,
                                                             platform::Task task) {
-    const auto due = Instant::clock::now() + waitOf(delay, platform::Duration::zero());
+    const auto due = Instant::clock::now() + waitingTime(delay);
     return std::make_unique<QueuedWorkItem>(QueuedTask{queue_, queue_->add(due, std::move(task))});
 }
 
 std::unique_ptr<platform::Timer> GlibDispatch::repeatMain(platform::Duration interval,
                                                           platform::Task task) {
-    const auto wait = waitOf(interval, shortestInterval);
+    const auto wait = waitingTime(interval, shortestInterval);
     return std::make_unique<QueuedTimer>(QueuedTask{
         queue_, queue_->addRepeating(Instant::clock::now() + wait, wait, std::move(task))});
+}
+
+void GlibDispatch::asyncMainAfter(platform::Duration delay, platform::Task task) {
+    queue_->add(Instant::clock::now() + waitingTime(delay), std::move(task));
+}
+
+std::shared_ptr<platform::Semaphore> GlibDispatch::makeSemaphore() {
+    return std::make_shared<ThreadSemaphore>();
 }
 
 void GlibDispatch::close() {

@@ -23,6 +23,8 @@ public:
                                                   platform::Task task) override;
     std::unique_ptr<platform::Timer> repeatMain(platform::Duration interval,
                                                 platform::Task task) override;
+    void asyncMainAfter(platform::Duration delay, platform::Task task) override;
+    std::shared_ptr<platform::Semaphore> makeSemaphore() override;
 
     /// Nothing starts any more: what is queued is dropped, and so is what comes later.
     void close();

@@ -1,9 +1,11 @@
 #include "ports/linux/LinuxHost.h"
 
 #include <glib.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <memory>
+#include <string_view>
 #include <system_error>
 
 #include "ports/linux/ProgramNames.h"
@@ -40,6 +42,23 @@ std::optional<std::filesystem::path> LinuxHost::bundleResourceDirectory() {
 std::filesystem::path LinuxHost::currentDirectory() {
     std::error_code error;
     return std::filesystem::current_path(error);
+}
+
+platform::Environment LinuxHost::environment() {
+    platform::Environment variables;
+    for (char** entry = environ; *entry != nullptr; ++entry) {
+        const std::string_view text(*entry);
+        const auto nameEnd = text.find('=');
+        if (nameEnd == 0 || nameEnd == std::string_view::npos) continue;
+        if (g_utf8_validate_len(text.data(), text.size(), nullptr) == FALSE) continue;
+        // Of two with one name the first counts, as for everybody who asks the system.
+        variables.emplace(text.substr(0, nameEnd), text.substr(nameEnd + 1));
+    }
+    return variables;
+}
+
+platform::Pid LinuxHost::processIdentifier() {
+    return ::getpid();
 }
 
 std::string LinuxHost::makeUuid() {

@@ -15,6 +15,8 @@ public:
     std::optional<std::filesystem::path> bundleResourceDirectory() override;
     std::vector<std::string> arguments() override { return arguments_; }
     std::filesystem::path currentDirectory() override;
+    platform::Environment environment() override;
+    platform::Pid processIdentifier() override;
     std::string makeUuid() override;
     std::string localizedTime(platform::Date date) override;
 

@@ -1,13 +1,25 @@
 #include "ports/linux/LinuxUserInterface.h"
 
+#include "ports/linux/LinuxPanel.h"
 #include "ports/linux/LinuxWebView.h"
 #include "ports/linux/LinuxWindow.h"
+#include "ports/linux/PageLanguages.h"
 
 namespace stagehopper::linux_port {
+
+LinuxUserInterface::LinuxUserInterface(LinuxApplication& application, platform::SystemLog& log)
+    : application_(application), log_(log) {
+    tellPagesTheUsersLanguages();
+}
 
 std::shared_ptr<platform::Window> LinuxUserInterface::makeWindow(
     const platform::WindowOptions& options) {
     return std::make_shared<LinuxWindow>(application_, options);
+}
+
+std::shared_ptr<platform::Panel> LinuxUserInterface::makePanel(
+    const platform::PanelOptions& options) {
+    return std::make_shared<LinuxPanel>(options, log_);
 }
 
 std::shared_ptr<platform::WebView> LinuxUserInterface::makeWebView(

@@ -1,23 +1,27 @@
 #pragma once
 
+#include "platform/SystemLog.h"
 #include "platform/UserInterface.h"
 
 namespace stagehopper::linux_port {
 
 class LinuxApplication;
 
-/// Makes GTK windows and WebKit views. Main thread only. `application` outlives what it makes.
+/// Makes GTK windows and WebKit views. Main thread only. `application` and `log` outlive what it
+/// makes.
 class LinuxUserInterface final : public platform::UserInterface {
 public:
-    explicit LinuxUserInterface(LinuxApplication& application) : application_(application) {}
+    LinuxUserInterface(LinuxApplication& application, platform::SystemLog& log);
 
     std::shared_ptr<platform::Window> makeWindow(const platform::WindowOptions& options) override;
+    std::shared_ptr<platform::Panel> makePanel(const platform::PanelOptions& options) override;
     /// The frame has no say: a view fills its window.
     std::shared_ptr<platform::WebView> makeWebView(
         const platform::Rect& frame, const platform::WebViewConfiguration& configuration) override;
 
 private:
     LinuxApplication& application_;
+    platform::SystemLog& log_;
 };
 
 }  // namespace stagehopper::linux_port

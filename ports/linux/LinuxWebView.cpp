@@ -101,6 +101,19 @@ void LinuxWebView::evaluateJavaScript(std::string_view script) {
                                         nullptr, nullptr, nullptr);
 }
 
+void LinuxWebView::setDrawsBackground(bool drawsBackground) {
+    const GdkRGBA colour = drawsBackground ? GdkRGBA{1, 1, 1, 1} : GdkRGBA{0, 0, 0, 0};
+    webkit_web_view_set_background_color(webView(), &colour);
+    // Without layers WebKitGTK 2.50 paints what changes in a transparent view over what was there:
+    // everything that moves leaves a trail.
+    webkit_settings_set_hardware_acceleration_policy(
+        webkit_web_view_get_settings(webView()), drawsBackground
+                                                     ? WEBKIT_HARDWARE_ACCELERATION_POLICY_NEVER
+                                                     : WEBKIT_HARDWARE_ACCELERATION_POLICY_ALWAYS);
+}
+
+void LinuxWebView::setFrame(const platform::Rect& /*frame*/) {}
+
 int LinuxWebView::loadFailed(WebKitWebView* /*view*/, WebKitLoadEvent /*event*/, char* /*uri*/,
                              GError* /*error*/, void* /*self*/) noexcept {
     // Instead of WebKit's own page about the error: the view stays empty.

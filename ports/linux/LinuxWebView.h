@@ -24,6 +24,9 @@ public:
     void loadFile(const std::filesystem::path& file,
                   const std::filesystem::path& readAccess) override;
     void evaluateJavaScript(std::string_view script) override;
+    void setDrawsBackground(bool drawsBackground) override;
+    /// The frame has no say: a view fills its window or panel and follows its size.
+    void setFrame(const platform::Rect& frame) override;
 
     [[nodiscard]] GtkWidget* widget() const { return view_.get(); }
 

@@ -1,21 +1,17 @@
 #include "ports/linux/LinuxWindow.h"
 
-#include <cmath>
 #include <string>
 #include <utility>
 
 #include "ports/linux/LinuxApplication.h"
 #include "ports/linux/LinuxWebView.h"
 #include "ports/linux/MenuBar.h"
+#include "ports/linux/Pixels.h"
 #include "ports/linux/WindowRaising.h"
 
 namespace stagehopper::linux_port {
 
 namespace {
-
-int pixels(double length) {
-    return static_cast<int>(std::lround(length));
-}
 
 /// A widget that its window or container does not own alone.
 ObjectPointer<GtkWidget> owned(GtkWidget* widget) {
@@ -29,7 +25,8 @@ LinuxWindow::LinuxWindow(LinuxApplication& application, const platform::WindowOp
       contentSize_(options.contentRect.size),
       window_(owned(gtk_application_window_new(application.gtkApplication()))),
       layout_(gtk_box_new(GTK_ORIENTATION_VERTICAL, 0)),
-      contentFrame_(gtk_event_box_new()) {
+      contentFrame_(gtk_event_box_new()),
+      alive_(std::make_shared<LinuxWindow*>(this)) {
     const auto has = [&options](platform::WindowStyle bit) {
         return (options.styleMask & bit) != 0 ? TRUE : FALSE;
     };
@@ -69,6 +66,10 @@ void LinuxWindow::setContentView(const std::shared_ptr<platform::WebView>& view)
 
 void LinuxWindow::center() {
     if (window_) gtk_window_set_position(gtkWindow(), GTK_WIN_POS_CENTER);
+}
+
+void LinuxWindow::setDelegate(std::weak_ptr<platform::WindowDelegate> delegate) {
+    delegate_ = std::move(delegate);
 }
 
 void LinuxWindow::makeKeyAndOrderFront() {
@@ -112,8 +113,19 @@ int LinuxWindow::deleteRequested(GtkWidget* /*window*/, GdkEvent* /*event*/, voi
     return GDK_EVENT_STOP;
 }
 
+void LinuxWindow::tellDelegate() {
+    // Let go first: whatever it does, it hears of this window once.
+    if (const auto delegate = std::exchange(delegate_, {}).lock()) {
+        delegate->windowWillClose(this);
+    }
+}
+
 void LinuxWindow::close() {
     if (!window_) return;
+    const std::weak_ptr<LinuxWindow*> alive = alive_;
+    tellDelegate();
+    // The delegate may have dropped the window, which has closed it.
+    if (alive.expired() || !window_) return;
     // The page outlives its window when somebody else holds it.
     setContentView(nullptr);
     removeMenu();

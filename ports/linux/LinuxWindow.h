@@ -29,6 +29,7 @@ public:
     void setMinimumSize(platform::Size size) override;
     void setContentView(const std::shared_ptr<platform::WebView>& view) override;
     void center() override;
+    void setDelegate(std::weak_ptr<platform::WindowDelegate> delegate) override;
     void makeKeyAndOrderFront() override;
 
     /// Replaces the menu bar; an empty menu takes it away.
@@ -43,6 +44,7 @@ private:
 
     void open();
     void close();
+    void tellDelegate();
     void removeMenu();
 
     LinuxApplication& application_;
@@ -54,7 +56,10 @@ private:
     GtkWidget* menuBar_ = nullptr;
     ObjectPointer<GtkAccelGroup> menuKeys_;
     std::shared_ptr<LinuxWebView> content_;
+    std::weak_ptr<platform::WindowDelegate> delegate_;
     bool opened_ = false;
+    /// Tells whether the delegate has dropped us. Last: it dies first.
+    std::shared_ptr<LinuxWindow*> alive_;
 };
 
 }  // namespace stagehopper::linux_port

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <system_error>
 
@@ -23,6 +24,11 @@ bool isOrdinaryFile(const FileDescriptor& file) {
 bool PosixFileSystem::fileExists(const std::filesystem::path& path) {
     std::error_code error;
     return std::filesystem::exists(path, error);
+}
+
+bool PosixFileSystem::isExecutableFile(const std::filesystem::path& path) {
+    std::error_code error;
+    return std::filesystem::is_regular_file(path, error) && ::access(path.c_str(), X_OK) == 0;
 }
 
 bool PosixFileSystem::createFile(const std::filesystem::path& path, std::string_view contents) {

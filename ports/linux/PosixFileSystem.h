@@ -9,6 +9,7 @@ namespace stagehopper::linux_port {
 class PosixFileSystem final : public platform::FileSystem {
 public:
     bool fileExists(const std::filesystem::path& path) override;
+    bool isExecutableFile(const std::filesystem::path& path) override;
     bool createFile(const std::filesystem::path& path, std::string_view contents) override;
     bool appendToFile(const std::filesystem::path& path, std::string_view bytes) override;
     std::filesystem::path resolvingSymlinks(const std::filesystem::path& path) override;

@@ -10,6 +10,7 @@
 #include "ports/linux/GlibText.h"
 #include "ports/linux/LinuxApplication.h"
 #include "ports/linux/LinuxHost.h"
+#include "ports/linux/LinuxScreens.h"
 #include "ports/linux/LinuxSystemLog.h"
 #include "ports/linux/LinuxUserInterface.h"
 #include "ports/linux/PosixFileSystem.h"
@@ -20,6 +21,8 @@
 #include "ports/linux/desktop/MasterKeyboard.h"
 #include "ports/linux/desktop/X11Desktop.h"
 #include "ports/linux/desktop/X11Workspace.h"
+#include "ports/linux/network/BeastUrlSession.h"
+#include "ports/linux/processes/LinuxChildProcesses.h"
 
 // The entry point of the Linux program: the only place where the application meets this port.
 
@@ -35,37 +38,55 @@ struct SharedServices {
     GlibText text;
     LinuxHost host;
     GlibDispatch dispatch;
+    LinuxChildProcesses childProcesses;
 };
 
 /// From the open display to its end. The controller goes before the objects that it uses; nobody
-/// else holds it strongly.
+/// else holds it strongly by then.
 int runOnDisplay(SharedServices& services) {
     LinuxApplication application(services.dispatch);
     // Before anything else is made: a second start must leave the keyboard of the first alone.
     if (application.isRunningElsewhere()) return application.run();
 
-    LinuxUserInterface userInterface(application);
+    LinuxUserInterface userInterface(application, services.systemLog);
     X11Desktop desktop;
+    LinuxScreens screens(desktop);
     X11Workspace workspace(desktop);
     AtSpiAccessibility accessibility(desktop);
-    MasterKeyboard keyboard(desktop);
+    auto keyboard = std::make_unique<MasterKeyboard>(desktop);
+    auto urlSession = std::make_unique<BeastUrlSession>();
 
     const auto controller = AppController::create({
         .accessibility = accessibility,
         .application = application,
+        .childProcesses = services.childProcesses,
         .clock = services.clock,
         .dispatch = services.dispatch,
         .fileSystem = services.fileSystem,
         .host = services.host,
-        .keyboardEvents = keyboard,
+        .keyboardEvents = *keyboard,
+        .screens = screens,
         .systemLog = services.systemLog,
         .text = services.text,
+        .urlSession = *urlSession,
         .userInterface = userInterface,
         .workspace = workspace,
         .slideApplications = slideApplications(),
     });
     application.setDelegate(controller);
-    return application.run();
+    const int status = application.run();
+
+    // What runs on other threads may hold the controller for a moment: it ends first, so that the
+    // controller goes here and nowhere else.
+    urlSession.reset();
+    services.childProcesses.close();
+    // A blocking wait cannot be interrupted: the process ends around it. The second keyboard is the
+    // one thing of ours that would stay behind.
+    if (services.dispatch.hasRunningGlobalTasks() || services.childProcesses.hasRunningHandlers()) {
+        keyboard.reset();
+        std::_Exit(status);
+    }
+    return status;
 }
 
 }  // namespace
@@ -79,14 +100,10 @@ int main(int argc, char** argv) {
     // A reader of our output that went away must not take the program with it.
     std::signal(SIGPIPE, SIG_IGN);
 
-    SharedServices services{{}, {}, {}, {}, LinuxHost(argc, argv), {}};
+    SharedServices services{{}, {}, {}, {}, LinuxHost(argc, argv), {}, {}};
     if (!openDisplay()) {
         services.systemLog.write("Stagehopper: cannot open a display; is DISPLAY set?");
         return EXIT_FAILURE;
     }
-    const int status = runOnDisplay(services);
-    // A blocking wait on another thread cannot be interrupted: the process ends around it, before
-    // the services that it may use are gone.
-    if (services.dispatch.hasRunningGlobalTasks()) std::_Exit(status);
-    return status;
+    return runOnDisplay(services);
 }

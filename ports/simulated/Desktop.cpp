@@ -8,18 +8,41 @@ namespace stagehopper::simulated {
 Desktop::Desktop()
     : journal(clock),
       dispatch(clock),
+      processes(journal, dispatch),
+      network(journal, dispatch),
       application(journal, dispatch),
       userInterface(journal, dispatch),
       workspace(journal),
       accessibility(journal, workspace),
       keyboard(journal, clock, workspace),
       systemLog(journal) {
+    clock.sleepOnGlobalQueue = [this](std::chrono::nanoseconds duration) {
+        return dispatch.sleepOnGlobalQueue(duration);
+    };
     userInterface.lastWindowWasClosed = [this] { application.lastWindowWasClosed(); };
 }
 
+// What blocks on a global queue uses the other members: it goes while they are there.
+Desktop::~Desktop() {
+    dispatch.close();
+}
+
 platform::Platform Desktop::platform() {
-    return {accessibility, application, clock, dispatch,      files,     host,
-            keyboard,      systemLog,   text,  userInterface, workspace, slideApplications};
+    return {.accessibility = accessibility,
+            .application = application,
+            .childProcesses = processes,
+            .clock = clock,
+            .dispatch = dispatch,
+            .fileSystem = files,
+            .host = host,
+            .keyboardEvents = keyboard,
+            .screens = screens,
+            .systemLog = systemLog,
+            .text = text,
+            .urlSession = network,
+            .userInterface = userInterface,
+            .workspace = workspace,
+            .slideApplications = slideApplications};
 }
 
 void Desktop::advanceTo(platform::Date date) {

@@ -10,13 +10,16 @@
 #include "ports/simulated/Program.h"
 #include "ports/simulated/SimulatedAccessibility.h"
 #include "ports/simulated/SimulatedApplication.h"
+#include "ports/simulated/SimulatedChildProcesses.h"
 #include "ports/simulated/SimulatedClock.h"
 #include "ports/simulated/SimulatedDispatch.h"
 #include "ports/simulated/SimulatedFileSystem.h"
 #include "ports/simulated/SimulatedHost.h"
 #include "ports/simulated/SimulatedKeyboard.h"
+#include "ports/simulated/SimulatedScreens.h"
 #include "ports/simulated/SimulatedSystemLog.h"
 #include "ports/simulated/SimulatedText.h"
+#include "ports/simulated/SimulatedUrlSession.h"
 #include "ports/simulated/SimulatedUserInterface.h"
 #include "ports/simulated/SimulatedWorkspace.h"
 
@@ -27,6 +30,7 @@ namespace stagehopper::simulated {
 class Desktop {
 public:
     Desktop();
+    ~Desktop();
     Desktop(const Desktop&) = delete;
     Desktop& operator=(const Desktop&) = delete;
 
@@ -44,7 +48,9 @@ public:
     /// Makes it the delegate, finishes launching and runs what is due.
     void launch(const std::shared_ptr<platform::ApplicationDelegate>& delegate);
     [[nodiscard]] const WindowState& panelWindow() { return userInterface.window(); }
-    [[nodiscard]] Page panelPage() { return userInterface.page(); }
+    [[nodiscard]] Page panelPage() { return userInterface.page(0); }
+    /// The page of the overlay made last; throws when there was none.
+    [[nodiscard]] Page overlayPage() { return userInterface.panelPage(); }
     void userClosesPanel() { userInterface.userClosesWindow(); }
     void userPressesMenuItem(std::string_view title) { application.userPressesMenuItem(title); }
 
@@ -60,6 +66,9 @@ public:
     SimulatedClock clock;
     Journal journal;
     SimulatedDispatch dispatch;
+    SimulatedChildProcesses processes;
+    SimulatedUrlSession network;
+    SimulatedScreens screens;
     SimulatedApplication application;
     SimulatedUserInterface userInterface;
     SimulatedWorkspace workspace;

@@ -20,7 +20,10 @@ struct JournalEntry {
 /// Everything that the application did to its surroundings, in order. Any thread.
 ///
 /// The effects read: `window "T" shown`, `window "T" closed`, `page /dir/panel.html loaded`,
-/// `script evaluated: …`, `activation policy regular`, `main menu set`, `application activated`,
+/// `script evaluated: …`, `panel ordered front`, `panel ordered out`, `panel moved`,
+/// `panel closed`, `process started: /sbin/ping …`, `process refused: …`,
+/// `process asked to end: ping`, `process ended: ping`, `socket opened: ws://…`, `socket pinged`,
+/// `socket closed with 1001`, `activation policy regular`, `main menu set`, `application activated`,
 /// `application terminated`, `accessibility prompt shown`, `url opened: …`, `log: …`,
 /// `pressed "T" of 42`, `key 121 down to 42`, `key 124 up to the focus`.
 class Journal {

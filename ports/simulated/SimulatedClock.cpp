@@ -14,6 +14,10 @@ platform::Date SimulatedClock::now() {
     return start + std::chrono::duration_cast<platform::Date::duration>(wall);
 }
 
+void SimulatedClock::sleep(std::chrono::microseconds duration) {
+    if (!sleepOnGlobalQueue || !sleepOnGlobalQueue(duration)) passTime(duration);
+}
+
 std::chrono::nanoseconds SimulatedClock::elapsed() const {
     return std::chrono::nanoseconds(elapsed_);
 }

@@ -1,9 +1,11 @@
 #include "ports/simulated/SimulatedDispatch.h"
 
 #include <algorithm>
+#include <atomic>
 #include <limits>
-#include <optional>
 #include <stdexcept>
+
+#include "ports/simulated/GlobalThread.h"
 
 namespace stagehopper::simulated {
 
@@ -13,6 +15,7 @@ struct SimulatedDispatch::Work {
     platform::Task task;
     /// Set for repeating work.
     std::optional<nanoseconds> interval;
+    Lane lane = Lane::main;
     bool cancelled = false;
 };
 
@@ -39,23 +42,65 @@ nanoseconds toNanoseconds(platform::Duration duration) {
 /// Marks the span in which a task runs.
 class RunningSpan {
 public:
-    explicit RunningSpan(bool& running) : running_(running) { running_ = true; }
-    ~RunningSpan() { running_ = false; }
+    explicit RunningSpan(bool& running) : running_(running), wasRunning_(running) {
+        running_ = true;
+    }
+    ~RunningSpan() { running_ = wasRunning_; }
     RunningSpan(const RunningSpan&) = delete;
     RunningSpan& operator=(const RunningSpan&) = delete;
 
 private:
     bool& running_;
+    bool wasRunning_;
+};
+
+class SimulatedSemaphore final : public platform::Semaphore {
+public:
+    explicit SimulatedSemaphore(SimulatedDispatch& dispatch) : dispatch_(dispatch) {}
+    void signal() override { ++count_; }
+    bool wait(platform::Duration limit) override {
+        const bool signalled =
+            dispatch_.blockUntil([this] { return count_ > 0; }, toNanoseconds(limit));
+        if (signalled) --count_;
+        return signalled;
+    }
+
+private:
+    SimulatedDispatch& dispatch_;
+    std::atomic<int> count_{0};
 };
 
 }  // namespace
 
+SimulatedDispatch::SimulatedDispatch(SimulatedClock& clock) : clock_(clock) {}
+
+SimulatedDispatch::~SimulatedDispatch() {
+    close();
+}
+
 void SimulatedDispatch::asyncMain(platform::Task task) {
-    schedule(clock_.elapsed(), std::make_shared<Work>(Work{std::move(task), {}}));
+    asyncMainAfter({}, std::move(task));
+}
+
+void SimulatedDispatch::asyncMainAfter(platform::Duration delay, platform::Task task) {
+    schedule(clock_.elapsed() + toNanoseconds(delay),
+             std::make_shared<Work>(Work{std::move(task), {}}));
+}
+
+void SimulatedDispatch::asyncSystem(platform::Duration delay, platform::Task task) {
+    schedule(clock_.elapsed() + toNanoseconds(delay),
+             std::make_shared<Work>(Work{std::move(task), {}, Lane::beside}));
 }
 
 void SimulatedDispatch::asyncGlobal(platform::QualityOfService /*quality*/, platform::Task task) {
-    asyncMain(std::move(task));
+    asyncSystem({}, [this, task = std::move(task)]() mutable {
+        globalThreads_.push_back(std::make_shared<GlobalThread>(std::move(task)));
+        globalThreads_.back()->resume();
+    });
+}
+
+std::shared_ptr<platform::Semaphore> SimulatedDispatch::makeSemaphore() {
+    return std::make_shared<SimulatedSemaphore>(*this);
 }
 
 std::unique_ptr<platform::WorkItem> SimulatedDispatch::afterMain(platform::Duration delay,
@@ -79,9 +124,12 @@ std::shared_ptr<SimulatedDispatch::Work> SimulatedDispatch::schedule(nanoseconds
 }
 
 std::shared_ptr<SimulatedDispatch::Work> SimulatedDispatch::takeDue(nanoseconds limit,
-                                                                    nanoseconds& due) {
+                                                                    nanoseconds& due,
+                                                                    bool besideMain) {
     const std::lock_guard lock(mutex_);
-    const auto first = queue_.begin();
+    const auto first = std::ranges::find_if(queue_, [besideMain](const auto& entry) {
+        return !besideMain || entry.second->lane == Lane::beside;
+    });
     if (first == queue_.end() || first->first.first > limit) return nullptr;
     due = first->first.first;
     auto work = std::move(first->second);
@@ -92,13 +140,12 @@ std::shared_ptr<SimulatedDispatch::Work> SimulatedDispatch::takeDue(nanoseconds 
 void SimulatedDispatch::run(const std::shared_ptr<Work>& work, nanoseconds due) {
     if (work->cancelled) return;
     if (due > clock_.elapsed()) clock_.passTime(due - clock_.elapsed());
-    const RunningSpan span(running_);
-    if (!work->interval) {
+    {
+        const RunningSpan span(running_);
         work->task();
-        return;
+        resumeUnblocked();
     }
-    work->task();
-    if (work->cancelled) return;
+    if (!work->interval || work->cancelled) return;
     // Rounds that went by meanwhile are not made up for.
     auto next = due + *work->interval;
     if (const auto now = clock_.elapsed(); next <= now) {
@@ -106,6 +153,60 @@ void SimulatedDispatch::run(const std::shared_ptr<Work>& work, nanoseconds due) 
         if (next <= now) next += *work->interval;
     }
     schedule(next, work);
+}
+
+void SimulatedDispatch::resumeUnblocked() {
+    // Each may post, signal or start others: look again from the start until none goes on.
+    for (bool again = true; again;) {
+        again = false;
+        for (const auto& thread : std::vector(globalThreads_)) {
+            if (thread->isFinished() || !thread->canGoOn()) continue;
+            thread->resume();
+            again = true;
+        }
+    }
+    std::erase_if(globalThreads_, [](const auto& thread) { return thread->isFinished(); });
+}
+
+bool SimulatedDispatch::blockUntil(const std::function<bool()>& done,
+                                   std::optional<nanoseconds> limit) {
+    std::optional<nanoseconds> deadline;
+    if (limit) deadline = clock_.elapsed() + *limit;
+    if (!GlobalThread::isCurrent()) return blockMainUntil(done, deadline);
+
+    if (deadline) {
+        // Nothing else may happen at that moment, and the thread must go on all the same.
+        schedule(*deadline, std::make_shared<Work>(Work{[] {}, {}, Lane::beside}));
+    }
+    GlobalThread::giveWayUntil(
+        [&] { return done() || (deadline && clock_.elapsed() >= *deadline); });
+    return done();
+}
+
+bool SimulatedDispatch::blockMainUntil(const std::function<bool()>& done,
+                                       std::optional<nanoseconds> deadline) {
+    constexpr nanoseconds never{std::numeric_limits<std::int64_t>::max()};
+    const RunningSpan span(running_);
+    resumeUnblocked();
+    while (!done()) {
+        nanoseconds due{};
+        if (const auto work = takeDue(deadline.value_or(never), due, true)) {
+            run(work, due);
+        } else if (deadline) {
+            if (*deadline > clock_.elapsed()) clock_.passTime(*deadline - clock_.elapsed());
+            resumeUnblocked();
+            return done();
+        } else {
+            throw std::logic_error("the main thread waits for what cannot come");
+        }
+    }
+    return true;
+}
+
+bool SimulatedDispatch::sleepOnGlobalQueue(nanoseconds duration) {
+    if (!GlobalThread::isCurrent()) return false;
+    blockUntil([] { return false; }, duration);
+    return true;
 }
 
 void SimulatedDispatch::requireIdle() const {
@@ -142,10 +243,13 @@ bool SimulatedDispatch::runNext() {
 }
 
 void SimulatedDispatch::close() {
-    std::map<Key, std::shared_ptr<Work>> dropped;  // destroyed without the lock: tasks own things
-    const std::lock_guard lock(mutex_);
-    closed_ = true;
-    dropped.swap(queue_);
+    {
+        std::map<Key, std::shared_ptr<Work>> dropped;  // destroyed without the lock: tasks own things
+        const std::lock_guard lock(mutex_);
+        closed_ = true;
+        dropped.swap(queue_);
+    }
+    for (const auto& thread : std::exchange(globalThreads_, {})) thread->abandon();
 }
 
 }  // namespace stagehopper::simulated

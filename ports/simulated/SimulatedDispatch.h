@@ -1,24 +1,32 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
+#include <memory>
 #include <mutex>
+#include <optional>
 #include <utility>
+#include <vector>
 
 #include "platform/Dispatch.h"
 #include "ports/simulated/SimulatedClock.h"
 
 namespace stagehopper::simulated {
 
+class GlobalThread;
+
 /// Queues and timers in virtual time. Posting: any thread. Running: the test's thread, which plays
 /// the main thread.
 ///
-/// Work is ordered by the time it is due and, among equals, by the order of posting. Work of the
-/// global queues is run in the same order, one piece after another: what blocks there blocks the
-/// whole desktop.
+/// Work is ordered by the time it is due and, among equals, by the order of posting. Only one piece
+/// runs at any moment, so that every run is the same. Work of the global queues may block: it gives
+/// way to the others until what it waits for has come. While the main thread blocks, all but its
+/// own work goes on.
 class SimulatedDispatch final : public platform::Dispatch {
 public:
-    explicit SimulatedDispatch(SimulatedClock& clock) : clock_(clock) {}
+    explicit SimulatedDispatch(SimulatedClock& clock);
+    ~SimulatedDispatch() override;
 
     void asyncMain(platform::Task task) override;
     void asyncGlobal(platform::QualityOfService quality, platform::Task task) override;
@@ -26,6 +34,17 @@ public:
                                                   platform::Task task) override;
     std::unique_ptr<platform::Timer> repeatMain(platform::Duration interval,
                                                 platform::Task task) override;
+    void asyncMainAfter(platform::Duration delay, platform::Task task) override;
+    std::shared_ptr<platform::Semaphore> makeSemaphore() override;
+
+    /// Runs `task`, which must not block, beside the main thread: what the system's own threads do.
+    void asyncSystem(platform::Duration delay, platform::Task task);
+    /// Blocks whoever calls it until `done`, or until `limit` has passed; true when done. Waiting
+    /// without a limit for what cannot come any more throws.
+    bool blockUntil(const std::function<bool()>& done,
+                    std::optional<std::chrono::nanoseconds> limit);
+    /// Blocks a piece of global work for that long; false on any other thread, without blocking.
+    bool sleepOnGlobalQueue(std::chrono::nanoseconds duration);
 
     /// Runs what is due, and what becomes due by running it, without letting time pass.
     void runReady();
@@ -35,10 +54,12 @@ public:
     void sleepFor(std::chrono::nanoseconds duration);
     /// Runs the next piece of work, letting time pass until it is due. False when there is none.
     bool runNext();
-    /// Drops all work; what is posted from now on is dropped too.
+    /// Drops all work, what blocks on a global queue included; what is posted from now on is
+    /// dropped too.
     void close();
 
 private:
+    enum class Lane { main, beside };
     /// One piece of work. Shared with the handle that may cancel it.
     struct Work;
     class Handle;
@@ -48,8 +69,14 @@ private:
     /// A task that moved time would run other tasks inside itself: that throws.
     void requireIdle() const;
     std::shared_ptr<Work> schedule(std::chrono::nanoseconds due, std::shared_ptr<Work> work);
-    std::shared_ptr<Work> takeDue(std::chrono::nanoseconds limit, std::chrono::nanoseconds& due);
+    /// With `besideMain`, work of the main thread is left alone.
+    std::shared_ptr<Work> takeDue(std::chrono::nanoseconds limit, std::chrono::nanoseconds& due,
+                                  bool besideMain = false);
     void run(const std::shared_ptr<Work>& work, std::chrono::nanoseconds due);
+    /// Blocked global work that need not wait any longer goes on.
+    void resumeUnblocked();
+    bool blockMainUntil(const std::function<bool()>& done,
+                        std::optional<std::chrono::nanoseconds> deadline);
 
     SimulatedClock& clock_;
     bool running_ = false;
@@ -58,6 +85,8 @@ private:
     std::map<Key, std::shared_ptr<Work>> queue_;
     std::uint64_t posted_ = 0;
     bool closed_ = false;
+    /// Global work that has started and not finished.
+    std::vector<std::shared_ptr<GlobalThread>> globalThreads_;
 };
 
 }  // namespace stagehopper::simulated

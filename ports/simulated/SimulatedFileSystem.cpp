@@ -49,7 +49,7 @@ bool SimulatedFileSystem::fileExists(const fs::path& path) {
 bool SimulatedFileSystem::createFile(const fs::path& path, std::string_view contents) {
     const std::lock_guard lock(mutex_);
     if (!canCreate_) return false;
-    return entries_.try_emplace(path, Entry{std::string(contents), true, {}}).second;
+    return entries_.try_emplace(path, Entry{.contents = std::string(contents)}).second;
 }
 
 bool SimulatedFileSystem::appendToFile(const fs::path& path, std::string_view bytes) {
@@ -69,17 +69,28 @@ fs::path SimulatedFileSystem::resolvingSymlinks(const fs::path& path) {
 
 void SimulatedFileSystem::put(const fs::path& path, std::string_view contents) {
     const std::lock_guard lock(mutex_);
-    entries_.insert_or_assign(path, Entry{std::string(contents), true, {}});
+    entries_.insert_or_assign(path, Entry{.contents = std::string(contents)});
 }
 
 void SimulatedFileSystem::link(const fs::path& path, const fs::path& target) {
     const std::lock_guard lock(mutex_);
-    entries_.insert_or_assign(path, Entry{{}, true, target});
+    entries_.insert_or_assign(path, Entry{.linkTarget = target});
 }
 
 void SimulatedFileSystem::remove(const fs::path& path) {
     const std::lock_guard lock(mutex_);
     entries_.erase(path);
+}
+
+bool SimulatedFileSystem::isExecutableFile(const fs::path& path) {
+    const std::lock_guard lock(mutex_);
+    const auto entry = entries_.find(resolved(path));
+    return entry != entries_.end() && entry->second.executable;
+}
+
+void SimulatedFileSystem::setExecutable(const fs::path& path, bool executable) {
+    const std::lock_guard lock(mutex_);
+    entries_.at(path).executable = executable;
 }
 
 void SimulatedFileSystem::setWritable(const fs::path& path, bool writable) {

@@ -12,6 +12,7 @@ namespace stagehopper::simulated {
 class SimulatedFileSystem final : public platform::FileSystem {
 public:
     bool fileExists(const std::filesystem::path& path) override;
+    bool isExecutableFile(const std::filesystem::path& path) override;
     bool createFile(const std::filesystem::path& path, std::string_view contents) override;
     bool appendToFile(const std::filesystem::path& path, std::string_view bytes) override;
     std::filesystem::path resolvingSymlinks(const std::filesystem::path& path) override;
@@ -20,6 +21,7 @@ public:
     void put(const std::filesystem::path& path, std::string_view contents);
     void link(const std::filesystem::path& path, const std::filesystem::path& target);
     void remove(const std::filesystem::path& path);
+    void setExecutable(const std::filesystem::path& path, bool executable);
     void setWritable(const std::filesystem::path& path, bool writable);
     /// False: the disk takes no new file.
     void setCanCreate(bool canCreate);
@@ -30,10 +32,11 @@ public:
 
 private:
     struct Entry {
-        std::string contents;
+        std::string contents{};
         bool writable = true;
+        bool executable = false;
         /// Empty for an ordinary file.
-        std::filesystem::path linkTarget;
+        std::filesystem::path linkTarget{};
     };
 
     [[nodiscard]] std::filesystem::path resolved(const std::filesystem::path& path) const;

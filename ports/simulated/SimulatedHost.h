@@ -15,6 +15,8 @@ public:
     }
     std::vector<std::string> arguments() override { return commandLine; }
     std::filesystem::path currentDirectory() override { return workingDirectory; }
+    platform::Environment environment() override { return variables; }
+    platform::Pid processIdentifier() override { return pid; }
     /// The same sequence in every run, so that a run can be repeated exactly.
     std::string makeUuid() override;
     /// `time`, whatever the date.
@@ -24,6 +26,8 @@ public:
     std::optional<std::filesystem::path> resourceDirectory;
     std::vector<std::string> commandLine{"/app/stagehopper"};
     std::filesystem::path workingDirectory = "/";
+    platform::Environment variables{{"HOME", "/home/user"}, {"PORT", "8080"}};
+    platform::Pid pid = 4711;
     std::string time = "12:00:00";
 
 private:

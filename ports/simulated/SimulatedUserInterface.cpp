@@ -8,11 +8,21 @@ namespace stagehopper::simulated {
 
 namespace {
 
+/// Once in a window's life.
+void tellDelegate(WindowState& window) {
+    if (!std::exchange(window.open, false)) return;
+    if (const auto delegate = window.delegate.lock()) delegate->windowWillClose(window.window);
+}
+
 class SimulatedWindow final : public platform::Window {
 public:
     SimulatedWindow(Journal& journal, std::shared_ptr<WindowState> state)
-        : journal_(journal), state_(std::move(state)) {}
+        : journal_(journal), state_(std::move(state)) {
+        state_->window = this;
+    }
     ~SimulatedWindow() override {
+        tellDelegate(*state_);
+        state_->window = nullptr;
         state_->open = state_->visible = false;
         state_->contentView.reset();
     }
@@ -24,6 +34,9 @@ public:
     void setContentView(const std::shared_ptr<platform::WebView>& view) override {
         state_->contentView = view;
     }
+    void setDelegate(std::weak_ptr<platform::WindowDelegate> delegate) override {
+        state_->delegate = std::move(delegate);
+    }
     void center() override { state_->centered = true; }
     void makeKeyAndOrderFront() override {
         state_->key = state_->visible = true;
@@ -33,6 +46,40 @@ public:
 private:
     Journal& journal_;
     std::shared_ptr<WindowState> state_;
+};
+
+class SimulatedPanel final : public platform::Panel {
+public:
+    SimulatedPanel(Journal& journal, std::shared_ptr<PanelState> state)
+        : journal_(journal), state_(std::move(state)) {}
+    ~SimulatedPanel() override {
+        state_->open = state_->visible = false;
+        state_->contentView.reset();
+        journal_.add("panel closed");
+    }
+    SimulatedPanel(const SimulatedPanel&) = delete;
+    SimulatedPanel& operator=(const SimulatedPanel&) = delete;
+
+    void setContentView(const std::shared_ptr<platform::WebView>& view) override {
+        state_->contentView = view;
+    }
+    void orderFrontRegardless() override {
+        state_->visible = true;
+        ++state_->timesOrderedFront;
+        journal_.add("panel ordered front");
+    }
+    void orderOut() override {
+        state_->visible = false;
+        journal_.add("panel ordered out");
+    }
+    void setFrame(const platform::Rect& frame) override {
+        state_->frame = frame;
+        journal_.add("panel moved");
+    }
+
+private:
+    Journal& journal_;
+    std::shared_ptr<PanelState> state_;
 };
 
 class SimulatedWebView final : public platform::WebView {
@@ -50,6 +97,10 @@ public:
         state_->evaluatedScripts.emplace_back(script);
         journal_.add("script evaluated: " + std::string(script));
     }
+    void setDrawsBackground(bool drawsBackground) override {
+        state_->drawsBackground = drawsBackground;
+    }
+    void setFrame(const platform::Rect& frame) override { state_->frame = frame; }
 
 private:
     Journal& journal_;
@@ -103,12 +154,21 @@ std::shared_ptr<platform::Window> SimulatedUserInterface::makeWindow(
     return std::make_shared<SimulatedWindow>(journal_, std::move(state));
 }
 
+std::shared_ptr<platform::Panel> SimulatedUserInterface::makePanel(
+    const platform::PanelOptions& options) {
+    auto state = std::make_shared<PanelState>();
+    state->options = options;
+    state->frame = options.contentRect;
+    panels_.push_back(state);
+    return std::make_shared<SimulatedPanel>(journal_, std::move(state));
+}
+
 std::shared_ptr<platform::WebView> SimulatedUserInterface::makeWebView(
-    const platform::Rect& /*frame*/, const platform::WebViewConfiguration& configuration) {
+    const platform::Rect& frame, const platform::WebViewConfiguration& configuration) {
     auto state = std::make_shared<PageState>();
     state->configuration = configuration;
-    page_ = state;
-    madePage_ = true;
+    state->frame = frame;
+    pages_.push_back(state);
     return std::make_shared<SimulatedWebView>(journal_, std::move(state));
 }
 
@@ -117,14 +177,28 @@ WindowState& SimulatedUserInterface::window() {
     return *windows_.back();
 }
 
-Page SimulatedUserInterface::page() {
-    if (!madePage_) throw std::logic_error("no web view was made");
-    return {page_, dispatch_};
+Page SimulatedUserInterface::page(std::size_t index) {
+    if (index >= pages_.size()) throw std::logic_error("no such web view was made");
+    return {pages_[index], dispatch_};
+}
+
+PanelState& SimulatedUserInterface::panel() {
+    if (panels_.empty()) throw std::logic_error("no panel was made");
+    return *panels_.back();
+}
+
+Page SimulatedUserInterface::panelPage() {
+    // The panel window has the first web view, each panel made since has one more.
+    return page(panels_.size());
 }
 
 void SimulatedUserInterface::userClosesWindow() {
-    auto& closed = window();
-    closed.open = closed.visible = closed.key = false;
+    // Held: the delegate may drop the window.
+    const auto closing = windows_.empty() ? nullptr : windows_.back();
+    if (!closing) throw std::logic_error("no window was made");
+    auto& closed = *closing;
+    tellDelegate(closed);
+    closed.visible = closed.key = false;
     closed.contentView.reset();
     journal_.add("window \"" + closed.title + "\" closed");
     const bool anyLeft =

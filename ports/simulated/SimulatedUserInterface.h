@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <string>
@@ -22,8 +23,22 @@ struct WindowState {
     bool centered = false;
     bool key = false;
     bool visible = false;
+    std::weak_ptr<platform::WindowDelegate> delegate;
+    /// What the application holds; gone with it.
+    const platform::Window* window = nullptr;
     /// False once it was closed, by the user or by dropping its handle.
     bool open = true;
+};
+
+/// A panel as the user sees it.
+struct PanelState {
+    platform::PanelOptions options;
+    platform::Rect frame;
+    std::shared_ptr<platform::WebView> contentView;
+    bool visible = false;
+    /// False once its handle was dropped.
+    bool open = true;
+    int timesOrderedFront = 0;
 };
 
 /// A page in a web view: what the application asked of it.
@@ -32,6 +47,8 @@ struct PageState {
     std::filesystem::path file;
     std::filesystem::path readAccess;
     std::vector<std::string> evaluatedScripts;
+    platform::Rect frame;
+    bool drawsBackground = true;
 };
 
 /// The page's side of a web view. Keeps nothing alive: a page whose view is gone still runs here,
@@ -46,6 +63,10 @@ public:
     /// Posts something that is no text.
     void postsNonText(const std::string& handler) const;
 
+    /// Whether its view is still there.
+    [[nodiscard]] bool isOpen() const { return !state_.expired(); }
+    [[nodiscard]] platform::Rect frame() const { return state_.lock()->frame; }
+    [[nodiscard]] bool drawsBackground() const { return state_.lock()->drawsBackground; }
     [[nodiscard]] std::filesystem::path file() const { return state_.lock()->file; }
     [[nodiscard]] std::filesystem::path readAccess() const { return state_.lock()->readAccess; }
     [[nodiscard]] std::vector<std::string> evaluatedScripts() const {
@@ -68,13 +89,19 @@ public:
         : journal_(journal), dispatch_(dispatch) {}
 
     std::shared_ptr<platform::Window> makeWindow(const platform::WindowOptions& options) override;
+    std::shared_ptr<platform::Panel> makePanel(const platform::PanelOptions& options) override;
     std::shared_ptr<platform::WebView> makeWebView(
         const platform::Rect& frame, const platform::WebViewConfiguration& configuration) override;
 
     /// The window made last; throws when there was none.
     [[nodiscard]] WindowState& window();
-    /// The page of the web view made last; throws when there was none.
-    [[nodiscard]] Page page();
+    /// The page of the web view that was made as the `index`th; throws when there was none.
+    [[nodiscard]] Page page(std::size_t index);
+    /// All panels ever made, oldest first.
+    [[nodiscard]] const std::vector<std::shared_ptr<PanelState>>& panels() const { return panels_; }
+    /// The panel made last, and its page; they throw when there was none.
+    [[nodiscard]] PanelState& panel();
+    [[nodiscard]] Page panelPage();
     /// The user closes the window made last.
     void userClosesWindow();
     /// Called when a window that the user closed was the last one.
@@ -84,8 +111,8 @@ private:
     Journal& journal_;
     SimulatedDispatch& dispatch_;
     std::vector<std::shared_ptr<WindowState>> windows_;
-    std::weak_ptr<PageState> page_;
-    bool madePage_ = false;
+    std::vector<std::shared_ptr<PanelState>> panels_;
+    std::vector<std::weak_ptr<PageState>> pages_;
 };
 
 }  // namespace stagehopper::simulated

@@ -5,7 +5,6 @@
 #include <atomic>
 #include <thread>
 
-#include "platform/Application.h"
 #include "platform/Clock.h"
 #include "platform/Dispatch.h"
 #include "tests/contract/PortHarness.h"
@@ -140,6 +139,31 @@ TEST_F(DispatchContract, CancellingATaskThatHasRunIsHarmless) {
     EXPECT_THAT(order, ElementsAre(1));
 }
 
+TEST_F(DispatchContract, DelayedTasksWithoutAHandleRunInTheOrderOfTheirTimes) {
+    dispatch.asyncMainAfter(30ms, [this] { order.push_back(3); });
+    dispatch.asyncMainAfter(10ms, [this] { order.push_back(2); });
+    dispatch.asyncMain([this] { order.push_back(1); });
+    ASSERT_TRUE(untilOrderHas(3));
+    EXPECT_THAT(order, ElementsAre(1, 2, 3));
+}
+
+TEST_F(DispatchContract, ADelayedTaskWithoutAHandleIsNotEarly) {
+    const auto start = port.clock.now();
+    platform::Date ran;
+    dispatch.asyncMainAfter(50ms, [&] {
+        ran = port.clock.now();
+        order.push_back(1);
+    });
+    ASSERT_TRUE(untilOrderHas(1));
+    EXPECT_GE(ran - start, 49ms);
+}
+
+TEST_F(DispatchContract, GlobalWorkMayDelayATask) {
+    dispatch.asyncGlobal(platform::QualityOfService::standard,
+                         [this] { dispatch.asyncMainAfter(1ms, [this] { order.push_back(1); }); });
+    EXPECT_TRUE(untilOrderHas(1));
+}
+
 TEST_F(DispatchContract, ATimerRepeatsAndItsFirstRoundIsOneIntervalAway) {
     const auto start = port.clock.now();
     platform::Date first;
@@ -181,62 +205,6 @@ TEST_F(DispatchContract, MissedRoundsAreNotMadeUpFor) {
     ASSERT_TRUE(harness->runUntil([&] { return rounds.size() >= 4; }));
     // Made-up rounds would follow each other at once.
     EXPECT_GE(rounds[3] - rounds[1], 40ms);
-}
-
-/// Quits right after launch.
-class Quitter final : public platform::ApplicationDelegate {
-public:
-    explicit Quitter(platform::Platform platform) : platform_(std::move(platform)) {}
-    void applicationDidFinishLaunching() override {
-        events.push_back("launched");
-        if (afterLaunch) afterLaunch();
-        platform_.dispatch.asyncMain([this] { platform_.application.terminate(); });
-    }
-    bool applicationShouldTerminateAfterLastWindowClosed() override { return true; }
-    void applicationWillTerminate() override { events.push_back("will terminate"); }
-
-    std::function<void()> afterLaunch;
-    std::vector<std::string> events;
-
-private:
-    platform::Platform platform_;
-};
-
-TEST_F(DispatchContract, RunReturnsZeroAfterTheDelegateWasToldOnce) {
-    const auto delegate = std::make_shared<Quitter>(port);
-    delegate->afterLaunch = [this] {
-        dispatch.asyncMain([this] {
-            port.application.terminate();
-            port.application.terminate();
-        });
-    };
-    port.application.setDelegate(delegate);
-    EXPECT_EQ(port.application.run(), 0);
-    EXPECT_THAT(delegate->events, ElementsAre("launched", "will terminate"));
-}
-
-TEST_F(DispatchContract, WorkStillQueuedAtTheEndIsDropped) {
-    const auto delegate = std::make_shared<Quitter>(port);
-    std::unique_ptr<platform::WorkItem> later;
-    delegate->afterLaunch = [&] {
-        dispatch.asyncMain([this] {
-            port.application.terminate();
-            dispatch.asyncMain([this] { order.push_back(1); });
-        });
-        dispatch.asyncMain([this] { order.push_back(2); });
-        later = dispatch.afterMain(0ms, [this] { order.push_back(3); });
-    };
-    port.application.setDelegate(delegate);
-    EXPECT_EQ(port.application.run(), 0);
-    EXPECT_TRUE(order.empty());
-}
-
-TEST_F(DispatchContract, ADelegateThatIsGoneIsNotCalled) {
-    auto delegate = std::make_shared<Quitter>(port);
-    port.application.setDelegate(delegate);
-    delegate.reset();
-    const auto quit = dispatch.afterMain(1ms, [this] { port.application.terminate(); });
-    EXPECT_EQ(port.application.run(), 0);
 }
 
 }  // namespace

@@ -13,6 +13,7 @@
 #include "ports/linux/GlibText.h"
 #include "ports/linux/LinuxApplication.h"
 #include "ports/linux/LinuxHost.h"
+#include "ports/linux/LinuxScreens.h"
 #include "ports/linux/LinuxSystemLog.h"
 #include "ports/linux/LinuxUserInterface.h"
 #include "ports/linux/LinuxWebView.h"
@@ -23,6 +24,8 @@
 #include "ports/linux/desktop/MasterKeyboard.h"
 #include "ports/linux/desktop/X11Desktop.h"
 #include "ports/linux/desktop/X11Workspace.h"
+#include "ports/linux/network/BeastUrlSession.h"
+#include "ports/linux/processes/LinuxChildProcesses.h"
 #include "tests/contract/PortHarness.h"
 
 namespace stagehopper {
@@ -80,13 +83,16 @@ public:
     platform::Platform platform() override {
         return {.accessibility = accessibility_,
                 .application = application_,
+                .childProcesses = childProcesses_,
                 .clock = clock_,
                 .dispatch = dispatch_,
                 .fileSystem = fileSystem_,
                 .host = host_,
                 .keyboardEvents = keyboard_,
+                .screens = screens_,
                 .systemLog = systemLog_,
                 .text = text_,
+                .urlSession = urlSession_,
                 .userInterface = userInterface_,
                 .workspace = workspace_,
                 .slideApplications = {}};
@@ -142,8 +148,35 @@ public:
         std::ifstream file(path, std::ios::binary);
         return {std::istreambuf_iterator<char>(file), {}};
     }
+    void plantExecutable(const std::filesystem::path& path) override { plantProgram(path, "\n"); }
+
+    std::filesystem::path programThatExits(int status) override {
+        return makeScript("exit " + std::to_string(status));
+    }
+    std::filesystem::path programThatWrites(std::string_view text) override {
+        const auto output = directory_.path() / "output";
+        plantFile(output, text);
+        return makeScript("exec cat '" + output.string() + "'");
+    }
+    std::filesystem::path programThatRunsUntilTerminated() override {
+        return makeScript("exec sleep 60");
+    }
+    std::filesystem::path notAProgram() override {
+        auto path = directory_.path() / "no program";
+        plantProgram(path, "\x7fno program");
+        return path;
+    }
 
 private:
+    std::filesystem::path makeScript(const std::string& command) const {
+        auto path = directory_.path() / "program";
+        plantProgram(path, "#!/bin/sh\n" + command + '\n');
+        return path;
+    }
+    static void plantProgram(const std::filesystem::path& path, std::string_view contents) {
+        std::ofstream(path, std::ios::binary) << contents;
+        std::filesystem::permissions(path, std::filesystem::perms::owner_all);
+    }
     static int limitReached(void* over) noexcept {
         *static_cast<bool*>(over) = true;
         return G_SOURCE_REMOVE;
@@ -160,9 +193,12 @@ private:
     GlibText text_;
     LinuxHost host_{1, &program_invocation_name};
     GlibDispatch dispatch_;
+    LinuxChildProcesses childProcesses_;
+    BeastUrlSession urlSession_;
     LinuxApplication application_{dispatch_};
-    LinuxUserInterface userInterface_{application_};
+    LinuxUserInterface userInterface_{application_, systemLog_};
     X11Desktop desktop_;
+    LinuxScreens screens_{desktop_};
     X11Workspace workspace_{desktop_};
     AtSpiAccessibility accessibility_{desktop_};
     MasterKeyboard keyboard_{desktop_};

@@ -43,6 +43,17 @@ public:
     virtual void plantLink(const std::filesystem::path& path,
                            const std::filesystem::path& target) = 0;
     virtual std::string contentsOf(const std::filesystem::path& path) = 0;
+    /// An ordinary file that the user may execute, whatever it holds.
+    virtual void plantExecutable(const std::filesystem::path& path) = 0;
+
+    /// Programs of this system, to be run without arguments: one that exits at once with this
+    /// status, one that writes this text and exits with 0, and one that lives until it is asked to
+    /// end and then ends by that.
+    virtual std::filesystem::path programThatExits(int status) = 0;
+    virtual std::filesystem::path programThatWrites(std::string_view text) = 0;
+    virtual std::filesystem::path programThatRunsUntilTerminated() = 0;
+    /// An executable file that the system cannot run.
+    virtual std::filesystem::path notAProgram() = 0;
 };
 
 /// Each port's test program defines it.

@@ -1,3 +1,6 @@
+#include <string>
+#include <utility>
+
 #include "ports/simulated/Desktop.h"
 #include "tests/contract/PortHarness.h"
 
@@ -39,8 +42,32 @@ public:
     std::string contentsOf(const std::filesystem::path& path) override {
         return desktop_.files.contents(path);
     }
+    void plantExecutable(const std::filesystem::path& path) override {
+        desktop_.files.put(path, "");
+        desktop_.files.setExecutable(path, true);
+    }
+
+    std::filesystem::path programThatExits(int status) override {
+        return program({.exitsAfter = platform::Duration{0.001}, .exitStatus = status});
+    }
+    std::filesystem::path programThatWrites(std::string_view text) override {
+        return program(
+            {.output = std::string(text), .exitsAfter = platform::Duration{0.001}});
+    }
+    std::filesystem::path programThatRunsUntilTerminated() override { return program({}); }
+    std::filesystem::path notAProgram() override {
+        return program({.launchError = "Exec format error"});
+    }
 
 private:
+    std::filesystem::path program(simulated::ProgramFile program) {
+        const std::filesystem::path path =
+            "/programs/" + std::to_string(desktop_.processes.programs.size());
+        plantExecutable(path);
+        desktop_.processes.programs[path] = std::move(program);
+        return path;
+    }
+
     simulated::Desktop desktop_;
 };
 

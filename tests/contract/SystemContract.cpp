@@ -71,6 +71,26 @@ TEST_F(SystemContract, LinksAreResolvedAsFarAsThePathExists) {
     EXPECT_EQ(port.fileSystem.resolvingSymlinks(directory / "link" / "none"), real / "none");
 }
 
+TEST_F(SystemContract, AnExecutableFileIsAnOrdinaryFileThatMayBeExecuted) {
+    harness->plantFile(file, "one\n");
+    harness->plantExecutable(directory / "program");
+    harness->plantLink(directory / "link", directory / "program");
+    harness->plantLink(directory / "dangling", directory / "nothing");
+    EXPECT_TRUE(port.fileSystem.isExecutableFile(directory / "program"));
+    EXPECT_TRUE(port.fileSystem.isExecutableFile(directory / "link"));
+    EXPECT_FALSE(port.fileSystem.isExecutableFile(file));
+    EXPECT_FALSE(port.fileSystem.isExecutableFile(directory / "dangling"));
+    EXPECT_FALSE(port.fileSystem.isExecutableFile(directory));
+    EXPECT_FALSE(port.fileSystem.isExecutableFile(directory / "nothing"));
+}
+
+TEST_F(SystemContract, AProcessHasANumberAndVariablesWithNames) {
+    EXPECT_GT(port.host.processIdentifier(), 0);
+    const auto environment = port.host.environment();
+    EXPECT_FALSE(environment.empty());
+    EXPECT_THAT(environment, testing::Not(testing::Contains(testing::Key(""))));
+}
+
 TEST_F(SystemContract, UuidsHaveTheStandardFormAndDiffer) {
     std::set<std::string> uuids;
     for (int i = 0; i < 50; ++i) uuids.insert(port.host.makeUuid());

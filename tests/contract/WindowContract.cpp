@@ -128,6 +128,71 @@ public:
     int told = 0;
 };
 
+/// Notes which windows are about to close, and does then what a test wants.
+class Closing final : public platform::WindowDelegate {
+public:
+    void windowWillClose(const platform::Window* window) override {
+        windows.push_back(window);
+        if (onClose) onClose();
+    }
+    std::vector<const platform::Window*> windows;
+    std::function<void()> onClose;
+};
+
+TEST_F(WindowContract, TheDelegateHearsOnceThatTheUserClosesTheWindow) {
+    const auto delegate = std::make_shared<Closing>();
+    window->setDelegate(delegate);
+    harness->userCloses(*window);
+    ASSERT_TRUE(harness->runUntil([&delegate] { return !delegate->windows.empty(); }));
+    const auto* closed = window.get();
+    window.reset();
+    runFor(50ms);
+    EXPECT_THAT(delegate->windows, ElementsAre(closed));
+}
+
+TEST_F(WindowContract, TheDelegateHearsThatAWindowIsDropped) {
+    const auto delegate = std::make_shared<Closing>();
+    window->setDelegate(delegate);
+    window.reset();
+    EXPECT_EQ(delegate->windows.size(), 1U);
+}
+
+TEST_F(WindowContract, ADelegateThatIsGoneIsNotTold) {
+    auto delegate = std::make_shared<Closing>();
+    const std::weak_ptr<Closing> observed = delegate;
+    window->setDelegate(delegate);
+    delegate.reset();
+    ASSERT_TRUE(observed.expired());
+    harness->userCloses(*window);
+    runFor(50ms);
+}
+
+TEST_F(WindowContract, TheDelegateMayDropTheWindowThatCloses) {
+    const auto delegate = std::make_shared<Closing>();
+    delegate->onClose = [this] { window.reset(); };
+    window->setDelegate(delegate);
+    harness->userCloses(*window);
+    ASSERT_TRUE(harness->runUntil([&delegate] { return !delegate->windows.empty(); }));
+    runFor(50ms);
+    EXPECT_EQ(delegate->windows.size(), 1U);
+}
+
+TEST_F(WindowContract, TheDelegateIsToldBeforeTheApplicationIsAsked) {
+    const auto application = std::make_shared<Asked>();
+    const auto delegate = std::make_shared<Closing>();
+    int askedBefore = -1;
+    delegate->onClose = [&] { askedBefore = application->asked; };
+    std::unique_ptr<platform::WorkItem> close;
+    application->onLaunch = [&] {
+        close = port.dispatch.afterMain(1ms, [this] { harness->userCloses(*window); });
+    };
+    window->setDelegate(delegate);
+    port.application.setDelegate(application);
+    EXPECT_EQ(port.application.run(), 0);
+    EXPECT_EQ(askedBefore, 0);
+    EXPECT_EQ(application->asked, 1);
+}
+
 TEST_F(WindowContract, ClosingTheLastWindowAsksTheDelegateAndQuits) {
     const auto delegate = std::make_shared<Asked>();
     std::unique_ptr<platform::WorkItem> close;

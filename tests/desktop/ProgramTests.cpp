@@ -20,7 +20,8 @@ TEST_F(Program, ReportsItsStartInOrder) {
     EXPECT_EQ(
         driven.diagnosticsSince(0),
         (std::vector<std::string>{
-            "app_launched Stagehopper starting up",
+            "app_launched Stagehopper starting up", "app_launched backend auto-start requested",
+            "app_launched nativeSlideDiscovery started",
             "app_launched no_auto_prompts — awdl_on_meeting_start; accessibility_on_toggle"}));
 }
 
@@ -79,7 +80,7 @@ TEST_F(Program, ListsInItsPanelWhatWasSent) {
     driven.click("Next slide");
     ASSERT_TRUE(driven.logs("native_bridge_received direction=next", 0));
     const auto& tree = desktop_.accessible();
-    const auto list = tree.waitFor(driven.program().pid(), ATSPI_ROLE_LOG, "Sent from here", limit);
+    const auto list = tree.waitFor(driven.program().pid(), ATSPI_ROLE_LOG, "Steps", limit);
     EXPECT_TRUE(waitFor([&] { return !tree.children(list).empty(); }, limit)) << tree.outline(list);
 }
 

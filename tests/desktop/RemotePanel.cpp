@@ -39,7 +39,10 @@ std::filesystem::path writeRemotePage(const VirtualDesktop& desktop) {
 }
 
 RemotePanel::RemotePanel(const VirtualDesktop& desktop)
-    : pages_(writeRemotePage(desktop)), driven_(desktop, pages_) {
+    : RemotePanel(desktop, writeRemotePage(desktop)) {}
+
+RemotePanel::RemotePanel(const VirtualDesktop& desktop, const std::filesystem::path& pages)
+    : pages_(pages), driven_(desktop, pages_) {
     if (!driven_.logs("the page listens", 0)) {
         throw DesktopError("the page did not start; the program wrote:\n" + driven_.output());
     }

@@ -1,32 +1,13 @@
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <optional>
-#include <string>
-
 #include "ports/linux/desktop/AtSpiAccessibility.h"
 #include "ports/linux/desktop/MasterKeyboard.h"
 #include "ports/linux/desktop/X11Desktop.h"
 #include "ports/linux/desktop/X11Workspace.h"
+#include "tests/linux/Variable.h"
 
 namespace stagehopper::linux_port {
 namespace {
-
-/// An environment variable that has another value, or none, for a while.
-class Variable {
-public:
-    Variable(const char* name, const char* value) : name_(name) {
-        if (const char* old = std::getenv(name)) before_ = old;
-        value != nullptr ? setenv(name, value, 1) : unsetenv(name);
-    }
-    ~Variable() { before_ ? setenv(name_, before_->c_str(), 1) : unsetenv(name_); }
-    Variable(const Variable&) = delete;
-    Variable& operator=(const Variable&) = delete;
-
-private:
-    const char* name_;
-    std::optional<std::string> before_;
-};
 
 /// Neither an X display nor a session bus, as in a bare Wayland session or on a server.
 class WithoutDesktop : public testing::Test {

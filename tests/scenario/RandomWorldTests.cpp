@@ -19,13 +19,21 @@ using namespace std::chrono_literals;
 /// A stage on which things happen at random; everything follows from the seed.
 class RandomWorld {
 public:
-    explicit RandomWorld(unsigned seed) : random_(seed) { stage.launch(); }
+    explicit RandomWorld(unsigned seed) : random_(seed) {
+        auto& programs = stage.desktop.processes.programs;
+        programs["/sbin/ifconfig"] = {.output = "flags=8943<UP,BROADCAST>",
+                                      .exitsAfter = platform::Duration{0.1}};
+        programs["/usr/bin/osascript"] = {.exitsAfter = platform::Duration{3},
+                                          .exitStatus = static_cast<std::int32_t>(below(2))};
+        stage.installServingBackend(3000);
+        stage.launch();
+    }
 
     Stage stage;
 
     /// Something happens, and everything due is run. Answers what it was.
     std::string act() {
-        switch (below(12)) {
+        switch (below(18)) {
             case 0:
                 return startProgram();
             case 1:
@@ -40,12 +48,28 @@ public:
                 return disturbLogFile();
             case 6:
                 return garbageFromThePage();
+            case 7:
+                return commandFromThePage();
+            case 8:
+                return disturbBackend();
+            case 9:
+                return disturbServers();
+            case 10:
+                return disturbSocket();
+            case 11:
+                return changeScreens();
             default:
                 return stepFromSomewhere();
         }
     }
 
     [[nodiscard]] const std::vector<platform::Pid>& running() const { return running_; }
+
+    [[nodiscard]] auto openOverlays() const {
+        return std::ranges::count_if(stage.desktop.userInterface.panels(),
+                                     [](const auto& panel) { return panel->open; });
+    }
+    [[nodiscard]] std::size_t openSockets() const { return stage.desktop.network.openSockets(); }
 
 private:
     std::size_t below(std::size_t limit) { return random_() % limit; }
@@ -124,6 +148,83 @@ private:
         if (below(8) == 0) stage.desktop.panelPage().postsNonText("bridge");
         stage.pagePosts(text);
         return "garbage from the page";
+    }
+
+    std::string commandFromThePage() {
+        stage.pagePosts(oneOf({"CMD:showOverlay", "CMD:hideOverlay", "CMD:destroyOverlay",
+                               "CMD:startBundledBackend", "CMD:stopBundledBackend",
+                               "CMD:requestAwdlBeforeMeeting", "WSCONN:http://127.0.0.1:3000|AB12",
+                               "WSCONN:http://127.0.0.1:3007|CD34", "WSCONN:no url|AB12"}));
+        return "command from the page";
+    }
+
+    std::string disturbBackend() {
+        auto& program = stage.desktop.processes.programs[Stage::backendPath];
+        program.launchError = below(4) == 0 ? "Exec format error" : "";
+        program.endsWithin = platform::Duration{oneOf({0.0, 0.5, 4.0})};
+        const auto starts = stage.desktop.processes.started(Stage::backendPath);
+        if (!starts.empty() && below(2) == 0) {
+            stage.desktop.processes.exits(*starts.back(), oneOf({0, 1, 9}));
+        }
+        stage.desktop.runReady();
+        return "backend disturbed";
+    }
+
+    std::string disturbServers() {
+        const int port = oneOf({3000, 3007, 3050});
+        if (below(3) == 0) {
+            stage.desktop.network.stopServing(port);
+        } else {
+            std::string meetings;
+            for (const auto* room : {"AB12", "CD34"}) {
+                if (below(2) == 0) continue;
+                meetings += std::string(meetings.empty() ? "" : ",") + R"({"roomCode":")" + room +
+                            R"(","roomName":"","createdAt":)" + std::to_string(below(3)) +
+                            R"(,"participants":[{"userId":"phone-1","displayName":"","role":")" +
+                            oneOf({"guest", "host"}) + "\"}]}";
+            }
+            auto& server = stage.serveMeetings(port, meetings);
+            server.takesSockets = below(4) != 0;
+            server.answersPings = below(4) != 0;
+            server.answersAfter = platform::Duration{oneOf({0.0, 0.1, 0.5})};
+        }
+        stage.desktop.runReady();
+        return "servers disturbed";
+    }
+
+    std::string disturbSocket() {
+        auto& connections = stage.desktop.network.serve(3007).connections;
+        if (connections.empty()) return "no socket to disturb";
+        auto& socket = *connections[below(connections.size())];
+        switch (below(4)) {
+            case 0:
+                stage.desktop.network.breaks(socket, "lost");
+                break;
+            case 1:
+                stage.desktop.network.sends(socket, R"({"type":"welcome"})");
+                break;
+            case 2:
+                stage.desktop.network.sendsBytes(socket, "\xFF");
+                break;
+            default:
+                for (auto& handler : std::exchange(socket.pongHandlers, {})) {
+                    handler(platform::UrlError{"timed out"});
+                }
+        }
+        stage.desktop.runReady();
+        return "socket disturbed";
+    }
+
+    std::string changeScreens() {
+        auto& screens = stage.desktop.screens;
+        screens.frames.clear();
+        for (auto count = below(3); count > 0; --count) {
+            screens.frames.push_back({1000.0 * static_cast<double>(count), 0, {1000, 800}});
+        }
+        screens.main.reset();
+        if (!screens.frames.empty() && below(2) == 0) screens.main = screens.frames.front();
+        screens.change();
+        return "screens changed";
     }
 
     std::string stepFromSomewhere() {
@@ -218,7 +319,17 @@ TEST_P(RandomWorlds, KeepTheirPromises) {
         }
         ASSERT_LE(world.stage.desktop.accessibility.prompts, 1);
         ASSERT_FALSE(world.stage.desktop.application.terminated());
+        ASSERT_LE(world.openOverlays(), 1);
+        ASSERT_LE(world.openSockets(), 1U);
     }
+
+    world.stage.desktop.userPressesMenuItem("退出 Stagehopper");
+    EXPECT_TRUE(world.stage.desktop.application.terminated());
+    EXPECT_EQ(world.openSockets(), 0U);
+    const auto quitting = world.stage.desktop.journal.mark();
+    world.stage.desktop.advance(120s);
+    EXPECT_THAT(world.stage.desktop.journal.effectsSince(quitting),
+                testing::Each(testing::StartsWith("process ended")));
 }
 
 TEST_P(RandomWorlds, AreTheSameWhenTheyAreReplayed) {

@@ -6,7 +6,8 @@ namespace stagehopper {
 
 namespace {
 
-constexpr std::string_view tag = "[slide_nav] ";
+constexpr std::string_view diagnosticTag = "[slide_nav] ";
+constexpr std::string_view systemTag = "Stagehopper: ";
 
 }  // namespace
 
@@ -16,6 +17,9 @@ Stage::Stage(std::vector<platform::SlideApplication> portRows) {
     desktop.host.commandLine = {"/app/stagehopper"};
     desktop.host.bundleId = "org.stagehopper.Stagehopper";
     desktop.accessibility.trusted = true;
+    desktop.processes.programs["/usr/sbin/netstat"] = {.output = "default 10.0.0.1 UGScg en0\n",
+                                                       .exitsAfter = platform::Duration{0}};
+    desktop.processes.programs["/sbin/ping"] = {};
     app = AppController::create(desktop.platform());
 }
 
@@ -39,15 +43,51 @@ std::vector<std::string> Stage::lines() const {
 }
 
 std::vector<std::string> Stage::lines(std::string_view event) const {
-    const auto messages = desktop.systemLog.messages();
+    auto found = messages(diagnosticTag);
+    std::erase_if(found, [event](const auto& line) { return !line.starts_with(event); });
+    return found;
+}
+
+std::vector<std::string> Stage::systemLines() const {
+    return messages(systemTag);
+}
+
+std::vector<std::string> Stage::messages(std::string_view tag) const {
+    const auto all = desktop.systemLog.messages();
     std::vector<std::string> found;
-    for (std::size_t i = forgotten_; i < messages.size(); ++i) {
-        const std::string_view message = messages[i];
-        if (!message.starts_with(tag)) continue;
-        const auto line = message.substr(tag.size());
-        if (line.starts_with(event)) found.emplace_back(line);
+    for (std::size_t i = forgotten_; i < all.size(); ++i) {
+        if (all[i].starts_with(tag)) found.push_back(all[i].substr(tag.size()));
     }
     return found;
+}
+
+void Stage::installBackend(simulated::ProgramFile program) {
+    desktop.files.put(backendPath, "");
+    desktop.files.setExecutable(backendPath, true);
+    desktop.processes.programs[backendPath] = std::move(program);
+}
+
+void Stage::installServingBackend(int port) {
+    installBackend({.onStart = [this, port] { desktop.network.serve(port); },
+                    .onEnd = [this, port] { desktop.network.stopServing(port); }});
+}
+
+simulated::Server& Stage::serveMeetings(int port, const std::string& meetings) {
+    auto& server = desktop.network.serve(port);
+    server.answers["/v1/meetings/active"] = {200, "{\"meetings\":[" + meetings + "]}"};
+    return server;
+}
+
+void Stage::joinRoom(const std::string& roomCode) {
+    serveMeetings(3000, R"({"roomCode":")" + roomCode +
+                            R"(","roomName":"","createdAt":1,"participants":[)"
+                            R"({"userId":"phone-1","displayName":"","role":"guest"}]})");
+    launch();
+}
+
+void Stage::roomSends(const std::string& text) {
+    desktop.network.sends(socket(), text);
+    desktop.runReady();
 }
 
 std::string Stage::logFile() {

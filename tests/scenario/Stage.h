@@ -32,13 +32,32 @@ public:
     [[nodiscard]] std::vector<std::string> lines() const;
     /// Those of `lines` that begin with this event word.
     [[nodiscard]] std::vector<std::string> lines(std::string_view event) const;
+    /// Messages that went to the system log alone, since the last `forget`, without their
+    /// "Stagehopper: ".
+    [[nodiscard]] std::vector<std::string> systemLines() const;
     /// The debug log file as it is now.
     [[nodiscard]] std::string logFile();
     void forget();
 
+    /// Puts a backend beside the pages; each start of it behaves like that.
+    void installBackend(simulated::ProgramFile program);
+    /// A backend that serves a port from its start to its end.
+    void installServingBackend(int port);
+    /// A server on that port which lists these meetings; each is a JSON object.
+    simulated::Server& serveMeetings(int port, const std::string& meetings);
+    /// A server on port 3000 with one meeting, to which the program is connected.
+    void joinRoom(const std::string& roomCode);
+    /// The server's end of the newest slide socket on port 3000.
+    [[nodiscard]] simulated::SocketConnection& socket() { return desktop.network.lastConnection(3000); }
+    /// The server sends a text on it, and everything due is run.
+    void roomSends(const std::string& text);
+
+    static constexpr const char* backendPath = "/app/Resources/StagehopperBackend-arm64";
     static constexpr const char* logPath = "/tmp/stagehopper_debug.log";
 
 private:
+    [[nodiscard]] std::vector<std::string> messages(std::string_view tag) const;
+
     std::size_t forgotten_ = 0;
 };
 

@@ -14,11 +14,22 @@ struct Explanation {
 
 constexpr std::array explanations{
     Explanation{"app_launched Stagehopper starting up", "The program is up."},
+    Explanation{"app_launched backend",
+                "It has looked for a backend on ports 3000 to 3050, and started its own if none "
+                "answered."},
+    Explanation{"app_launched nativeSlideDiscovery",
+                "From now on it looks every four seconds for a meeting to join."},
+    Explanation{"native_ws_connecting",
+                "A meeting was found. The program joins it, to hear of the phone's steps."},
+    Explanation{"native_ws_ready", "It has joined."},
+    Explanation{"native_ws_received",
+                "The phone asked for a step; the backend gave it its number."},
+    Explanation{"native_ws_disconnected", "It has left the meeting; reason= says why."},
     Explanation{"app_launched no_auto_prompts",
                 "It asks for no permission by itself, only when the user acts in the panel."},
     Explanation{"native_bridge_received",
-                "The panel page asked for a step. The number after seq= makes sure that a repeated "
-                "message counts once."},
+                "A step, from the panel or from the phone (source=). The number after seq= makes "
+                "sure that a repeated message counts once."},
     Explanation{"exec_context",
                 "The situation: ax= says whether accessibility is on, front= which program has the "
                 "focus."},

@@ -1,21 +1,25 @@
-// stagehopper-story PICTURE: tells what the program does, by doing it on a virtual desktop. The
-// last line is the path of the picture.
+// stagehopper-story FOLDER [en|zh]: tells what the program does, by doing it on a virtual desktop.
+// The last lines are the paths of the pictures that it leaves in the folder.
 
 #include <filesystem>
 #include <iostream>
+#include <string>
 
 #include "tools/story/Story.h"
 #include "tools/virtualdesktop/DesktopError.h"
 
 int main(int count, char** arguments) {
-    if (count != 2) {
-        std::cerr << "usage: stagehopper-story PICTURE\n";
+    const std::string language = count == 3 ? arguments[2] : "en";
+    if (count < 2 || count > 3 || (language != "en" && language != "zh")) {
+        std::cerr << "usage: stagehopper-story FOLDER [en|zh]\n";
         return 2;
     }
     try {
-        const auto picture = std::filesystem::absolute(arguments[1]);
-        stagehopper::desktop::Story().tell(picture);
-        std::cout << picture.native() << '\n';
+        const auto folder = std::filesystem::absolute(arguments[1]);
+        stagehopper::desktop::Story(language).tell(folder);
+        for (const auto* picture : {"phone.png", "panel.png", "screen.png"}) {
+            std::cout << (folder / picture).native() << '\n';
+        }
         return 0;
     } catch (const std::exception& error) {
         std::cout.flush();

@@ -12,6 +12,12 @@
 
 namespace stagehopper::desktop {
 
+/// An open file of ours that a child gets under a number of its own.
+struct HandedDescriptor {
+    int ours = -1;
+    int theirs = -1;
+};
+
 struct ChildOptions {
     std::vector<std::string> command;
     /// "NAME=value" each; the whole environment.
@@ -19,6 +25,8 @@ struct ChildOptions {
     std::filesystem::path workingDirectory = "/";
     /// Its standard streams are ours instead of being captured.
     bool sharesOurStreams = false;
+    /// More that it has open from the start; we keep ours.
+    std::vector<HandedDescriptor> descriptors = {};
 };
 
 /// A program that we started, at the head of a process group of its own. Ended, with its group,

@@ -74,9 +74,10 @@ void VirtualDesktop::makeFolders() {
     std::filesystem::permissions(folder() / "run", std::filesystem::perms::owner_all);
 }
 
-std::unique_ptr<ChildProgram> VirtualDesktop::start(std::vector<std::string> command) const {
+std::unique_ptr<ChildProgram> VirtualDesktop::start(
+    std::vector<std::string> command, std::vector<HandedDescriptor> descriptors) const {
     return std::make_unique<ChildProgram>(
-        ChildOptions{std::move(command), environment_, folder(), false});
+        ChildOptions{std::move(command), environment_, folder(), false, std::move(descriptors)});
 }
 
 std::unique_ptr<ChildProgram> VirtualDesktop::startAttached(

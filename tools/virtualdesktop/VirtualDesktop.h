@@ -37,7 +37,8 @@ public:
     VirtualDesktop& operator=(const VirtualDesktop&) = delete;
 
     /// Starts a program here, in the folder of the desktop.
-    [[nodiscard]] std::unique_ptr<ChildProgram> start(std::vector<std::string> command) const;
+    [[nodiscard]] std::unique_ptr<ChildProgram> start(
+        std::vector<std::string> command, std::vector<HandedDescriptor> descriptors = {}) const;
     /// The same with the streams of this program, in its working directory.
     [[nodiscard]] std::unique_ptr<ChildProgram> startAttached(
         std::vector<std::string> command) const;

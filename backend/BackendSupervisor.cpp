@@ -1,0 +1,122 @@
+#include "app/AppController.h"
+#include "backend/LocalBackend.h"
+#include "platform/ChildProcess.h"
+#include "platform/Dispatch.h"
+#include "platform/FileSystem.h"
+#include "platform/Host.h"
+#include "platform/SystemLog.h"
+
+namespace stagehopper {
+
+namespace {
+
+constexpr const char* backendName = "StagehopperBackend-arm64";
+constexpr platform::Duration retryDelay{1.0};
+
+/// The environment in which the backend runs: ours, and the ports it may listen on.
+platform::Environment backendEnvironment(platform::Environment environment) {
+    environment["PORT"] = std::to_string(firstBackendPort);
+    environment["PORT_EXTRA"] = std::to_string(lastBackendPort - firstBackendPort);
+    return environment;
+}
+
+}  // namespace
+
+void AppController::launchBackendUnlessHealthy() {
+    if (firstHealthyLocalBackendBaseURL()) return;
+    bundledBackendLaunchAttempt = 0;
+    attemptLaunchBundledBackend(resourceDir(), backendName);
+}
+
+void AppController::attemptLaunchBundledBackend(const std::filesystem::path& resourceDir,
+                                                const std::string& name) {
+    if (bundledBackendUserStopped) return;
+    if (bundledBackendLaunchAttempt >= maxBundledBackendLaunchAttempts) return;
+    // Counted before anything can fail: a missing file is an attempt, too.
+    ++bundledBackendLaunchAttempt;
+
+    const auto executable = resourceDir / name;
+    if (!platform_.fileSystem.isExecutableFile(executable)) {
+        platform_.systemLog.write("Stagehopper: bundled backend not found at " +
+                                  executable.string() +
+                                  " (build with: cd backend && npm run pkg:mac:…)");
+        return;
+    }
+
+    auto process = platform_.childProcesses.makeChildProcess({
+        .executable = executable,
+        .arguments = {"--ppid=" + std::to_string(platform_.host.processIdentifier())},
+        .environment = backendEnvironment(platform_.host.environment()),
+        .currentDirectory = resourceDir,
+    });
+    const auto launched = process->launch([weak = weak_from_this(), resourceDir,
+                                           name](std::int32_t status) {
+        const auto self = weak.lock();
+        if (!self || self->appIsTerminating) return;
+        self->platform_.dispatch.asyncMain([weak, resourceDir, name, status] {
+            if (const auto app = weak.lock()) app->bundledBackendDidExit(resourceDir, name, status);
+        });
+    });
+
+    if (!launched) {
+        platform_.systemLog.write("Stagehopper: failed to start bundled backend: " +
+                                  launched.reason());
+        if (bundledBackendLaunchAttempt < maxBundledBackendLaunchAttempts && !appIsTerminating &&
+            !bundledBackendUserStopped) {
+            scheduleBundledBackendRetry(resourceDir, name);
+        }
+        return;
+    }
+    backendProcess = std::move(process);
+    platform_.systemLog.write("Stagehopper: started bundled backend " + name + " (attempt " +
+                              std::to_string(bundledBackendLaunchAttempt) + "/" +
+                              std::to_string(maxBundledBackendLaunchAttempts) + ")");
+}
+
+void AppController::bundledBackendDidExit(const std::filesystem::path& resourceDir,
+                                          const std::string& name, std::int32_t status) {
+    if (bundledBackendUserStopped) return;
+    if (firstHealthyLocalBackendBaseURL()) return;
+    if (bundledBackendLaunchAttempt >= maxBundledBackendLaunchAttempts) {
+        platform_.systemLog.write("Stagehopper: bundled backend exited; max launch attempts "
+                                  "reached");
+        return;
+    }
+    platform_.systemLog.write("Stagehopper: bundled backend exited (status " +
+                              std::to_string(status) + "), will retry (" +
+                              std::to_string(bundledBackendLaunchAttempt) + "/" +
+                              std::to_string(maxBundledBackendLaunchAttempts) + ")");
+    scheduleBundledBackendRetry(resourceDir, name);
+}
+
+void AppController::scheduleBundledBackendRetry(const std::filesystem::path& resourceDir,
+                                                const std::string& name) {
+    platform_.dispatch.asyncMainAfter(retryDelay, [weak = weak_from_this(), resourceDir, name] {
+        const auto self = weak.lock();
+        if (!self || self->appIsTerminating || self->bundledBackendUserStopped) return;
+        if (self->firstHealthyLocalBackendBaseURL()) return;
+        self->attemptLaunchBundledBackend(resourceDir, name);
+    });
+}
+
+void AppController::stopBundledBackendFromUser() {
+    bundledBackendUserStopped = true;
+    // The handle is handed over by value: the main thread may replace it meanwhile.
+    platform_.dispatch.asyncGlobal(
+        platform::QualityOfService::userInitiated,
+        [weak = weak_from_this(), dispatch = &platform_.dispatch, process = backendProcess] {
+            if (process) {
+                process->terminate();
+                process->waitUntilExit();
+            }
+            dispatch->asyncMain([weak, process] {
+                const auto self = weak.lock();
+                if (!self) return;
+                // One that the user started meanwhile is still needed, to be ended at quit.
+                if (self->backendProcess == process) self->backendProcess.reset();
+                self->bundledBackendLaunchAttempt = 0;
+            });
+        });
+}
+
+}  // namespace stagehopper

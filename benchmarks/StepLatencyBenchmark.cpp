@@ -1,0 +1,215 @@
+// From a step on the slide socket to the key in a program in the background: the whole controller
+// with the Linux port, against a client that does nothing but read the frame and post the key. Both
+// ends of a measurement are in this process: the server's write, and the return of the call that
+// posts the key press. The 50 ms for which a key is held come after that. Needs a desktop.
+
+#include <gtk/gtk.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <functional>
+#include <thread>
+#include <vector>
+
+#include "app/AppController.h"
+#include "benchmarks/Percentiles.h"
+#include "benchmarks/StepServer.h"
+#include "benchmarks/TargetProgramRun.h"
+#include "ports/linux/GlibDispatch.h"
+#include "ports/linux/GlibText.h"
+#include "ports/linux/LinuxApplication.h"
+#include "ports/linux/LinuxHost.h"
+#include "ports/linux/LinuxScreens.h"
+#include "ports/linux/LinuxSystemLog.h"
+#include "ports/linux/LinuxUserInterface.h"
+#include "ports/linux/PosixFileSystem.h"
+#include "ports/linux/SystemClock.h"
+#include "ports/linux/desktop/AtSpiAccessibility.h"
+#include "ports/linux/desktop/LinuxSlideApplications.h"
+#include "ports/linux/desktop/MasterKeyboard.h"
+#include "ports/linux/desktop/X11Desktop.h"
+#include "ports/linux/desktop/X11Workspace.h"
+#include "ports/linux/network/BeastUrlSession.h"
+#include "ports/linux/processes/LinuxChildProcesses.h"
+
+namespace stagehopper::benchmarks {
+namespace {
+
+using namespace linux_port;
+using std::chrono::steady_clock;
+using Milliseconds = std::chrono::duration<double, std::milli>;
+
+constexpr int stepsInARun = 250;
+constexpr auto keyHold = std::chrono::milliseconds(50);
+constexpr auto limit = std::chrono::seconds(10);
+
+/// Passes on what it is given, and tells when a press and when a release has been posted.
+class ObservedKeyboard final : public platform::KeyboardEvents {
+public:
+    explicit ObservedKeyboard(platform::KeyboardEvents& keyboard) : keyboard_(keyboard) {}
+
+    std::unique_ptr<platform::KeyboardEvent> makeKeyboardEvent(platform::VirtualKey key,
+                                                               bool keyDown) override {
+        // The controller makes both, then posts the press first.
+        return keyboard_.makeKeyboardEvent(key, keyDown);
+    }
+    platform::Outcome postToProcess(platform::Pid process,
+                                    const platform::KeyboardEvent& event) override {
+        auto outcome = keyboard_.postToProcess(process, event);
+        if (!outcome) std::fprintf(stderr, "a key was refused: %s\n", outcome.reason().c_str());
+        if (++posted_ % 2 == 1) pressedAt = steady_clock::now();
+        return outcome;
+    }
+    platform::Outcome postToFocus(const platform::KeyboardEvent& event) override {
+        return keyboard_.postToFocus(event);
+    }
+    [[nodiscard]] int keysDone() const { return posted_ / 2; }
+
+    steady_clock::time_point pressedAt;
+
+private:
+    platform::KeyboardEvents& keyboard_;
+    int posted_ = 0;
+};
+
+/// Keeps the steps' lines off the terminal.
+class QuietLog final : public platform::SystemLog {
+public:
+    void write(std::string_view /*message*/) override {}
+};
+
+std::filesystem::path keySink() {
+    return std::filesystem::read_symlink("/proc/self/exe").parent_path() / "stagehopper_key_sink";
+}
+
+bool runUntil(const std::function<bool()>& done) {
+    const auto end = steady_clock::now() + limit;
+    const auto wake = g_timeout_add(
+        1000, [](gpointer) -> gboolean { return TRUE; }, nullptr);
+    while (!done() && steady_clock::now() < end) g_main_context_iteration(nullptr, TRUE);
+    g_source_remove(wake);
+    return done();
+}
+
+/// Everything that both ways of stepping share.
+struct Machine {
+    Machine(int argc, char** argv) : host(argc, argv) {}
+
+    SystemClock clock;
+    PosixFileSystem fileSystem;
+    QuietLog systemLog;
+    GlibText text;
+    LinuxHost host;
+    GlibDispatch dispatch;
+    LinuxChildProcesses childProcesses;
+    BeastUrlSession urlSession;
+    LinuxApplication application{dispatch};
+    LinuxUserInterface userInterface{application, systemLog};
+    X11Desktop desktop;
+    LinuxScreens screens{desktop};
+    X11Workspace workspace{desktop};
+    AtSpiAccessibility accessibility{desktop};
+    MasterKeyboard keyboard{desktop};
+};
+
+void runFloor(Machine& machine, platform::Pid target, std::vector<double>& times) {
+    StepServer server;
+    BareClient client(server.port());
+    const auto press = machine.keyboard.makeKeyboardEvent(platform::virtual_key::pageDown, true);
+    const auto release = machine.keyboard.makeKeyboardEvent(platform::virtual_key::pageDown, false);
+    for (int i = 0; i < stepsInARun; ++i) {
+        server.sendStep();
+        client.readFrame();
+        const auto posted = machine.keyboard.postToProcess(target, *press);
+        times.push_back(Milliseconds(steady_clock::now() - server.sentAt()).count());
+        std::this_thread::sleep_for(keyHold);
+        if (!posted || !machine.keyboard.postToProcess(target, *release)) {
+            std::fputs("a key was refused\n", stderr);
+        }
+    }
+}
+
+bool runController(Machine& machine, std::vector<double>& times) {
+    StepServer server;
+    ObservedKeyboard keyboard(machine.keyboard);
+    const auto controller = AppController::create({
+        .accessibility = machine.accessibility,
+        .application = machine.application,
+        .childProcesses = machine.childProcesses,
+        .clock = machine.clock,
+        .dispatch = machine.dispatch,
+        .fileSystem = machine.fileSystem,
+        .host = machine.host,
+        .keyboardEvents = keyboard,
+        .screens = machine.screens,
+        .systemLog = machine.systemLog,
+        .text = machine.text,
+        .urlSession = machine.urlSession,
+        .userInterface = machine.userInterface,
+        .workspace = machine.workspace,
+        .slideApplications = slideApplications(),
+    });
+    controller->connectNativeSlideSocket("http://127.0.0.1:" + server.port(), "BENCH", "benchmark");
+    for (int i = 0; i < stepsInARun; ++i) {
+        server.sendStep();
+        if (!runUntil([&] { return keyboard.keysDone() > i; })) return false;
+        times.push_back(Milliseconds(keyboard.pressedAt - server.sentAt()).count());
+    }
+    controller->cancelNativeSlideSocket("benchmark");
+    return true;
+}
+
+void print(const char* name, std::vector<double>& times) {
+    std::ranges::sort(times);
+    std::printf("%-11s %4zu steps: p50 %6.3f ms, p90 %6.3f ms, p99 %6.3f ms, max %6.3f ms\n", name,
+                times.size(), percentile(times, 0.5), percentile(times, 0.9),
+                percentile(times, 0.99), times.back());
+}
+
+int run(int argc, char** argv) {
+    if (gtk_init_check(&argc, &argv) == FALSE) {
+        std::fputs("no display\n", stderr);
+        return 1;
+    }
+    Machine machine(argc, argv);
+    const TargetProgramRun target(keySink());
+    // The window whose keys are to go elsewhere.
+    GtkWidget* front = gtk_window_new(GTK_WINDOW_TOPLEVEL);
+    gtk_widget_show_all(front);
+    if (target.process() == 0 || !runUntil([&] {
+            const auto inFront = machine.workspace.frontmostApplication();
+            return inFront && inFront->processIdentifier == machine.host.processIdentifier();
+        })) {
+        std::fputs("the windows did not come up\n", stderr);
+        return 1;
+    }
+
+    std::vector<double> floor;
+    std::vector<double> controller;
+    // In turns, so that both meet the same moods of the machine.
+    for (int round = 0; round < 2; ++round) {
+        runFloor(machine, target.process(), floor);
+        if (!runController(machine, controller)) {
+            std::fputs("a step did not become a key\n", stderr);
+            return 1;
+        }
+    }
+    gtk_widget_destroy(front);
+
+    std::puts("frame written by the server -> key press posted to a program in the background");
+    print("bare floor", floor);
+    print("controller", controller);
+    std::printf("ratio       p50 %.1f, p99 %.1f\n",
+                percentile(controller, 0.5) / percentile(floor, 0.5),
+                percentile(controller, 0.99) / percentile(floor, 0.99));
+    return 0;
+}
+
+}  // namespace
+}  // namespace stagehopper::benchmarks
+
+int main(int argc, char** argv) {
+    return stagehopper::benchmarks::run(argc, argv);
+}

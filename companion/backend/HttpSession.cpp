@@ -1,0 +1,203 @@
+#include "companion/backend/HttpSession.h"
+
+#include <boost/beast/http/error.hpp>
+#include <boost/beast/http/read.hpp>
+#include <boost/beast/http/write.hpp>
+#include <boost/beast/websocket/rfc6455.hpp>
+#include <chrono>
+
+#include "companion/backend/RoomEntry.h"
+#include "companion/backend/RoomSession.h"
+
+namespace stagehopper::companion {
+
+namespace asio = boost::asio;
+namespace beast = boost::beast;
+namespace http = boost::beast::http;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr std::uint32_t mostHeaderBytes = 8 * 1024;
+constexpr std::size_t mostBodyBytes = 4 * 1024;
+constexpr auto requestTime = 10s;
+constexpr auto lingerTime = 2s;
+
+using HttpRequest = http::request<http::string_body>;
+using HttpAnswer = http::response<http::string_body>;
+
+std::optional<std::string> header(const HttpRequest& request, std::string_view name) {
+    const auto found = request.find(name);
+    if (found == request.end()) return std::nullopt;
+    return std::string(found->value());
+}
+
+/// Two of one of these could be read differently by two readers.
+bool decidesOnce(const HttpRequest& request) {
+    for (const std::string_view name : {"Host", "Origin", "Sec-Fetch-Site", "Sec-Fetch-Dest"}) {
+        if (request.count(name) > 1) return false;
+    }
+    return true;
+}
+
+Asker askerOf(const HttpRequest& request, const std::string& peer, const std::string& reachedAt) {
+    const std::string_view target(request.target());
+    return {.fromThisMachine = peer == "127.0.0.1",
+            .reachedAt = reachedAt,
+            .host = header(request, "Host").value_or(""),
+            .origin = header(request, "Origin"),
+            .fetchSite = header(request, "Sec-Fetch-Site"),
+            .fetchDest = header(request, "Sec-Fetch-Dest"),
+            .method = std::string(request.method_string()),
+            .path = std::string(target.substr(0, target.find('?')))};
+}
+
+std::string_view queryOf(const HttpRequest& request) {
+    const std::string_view target(request.target());
+    const std::size_t mark = target.find('?');
+    return mark == std::string_view::npos ? std::string_view() : target.substr(mark + 1);
+}
+
+}  // namespace
+
+HttpSession::HttpSession(asio::ip::tcp::socket socket, Service& service,
+                         ConnectionCounts::Permit permit)
+    : stream_(std::move(socket)),
+      service_(service),
+      permit_(std::move(permit)),
+      buffer_(mostHeaderBytes + mostBodyBytes) {
+    beast::error_code error;
+    const auto remote = stream_.socket().remote_endpoint(error);
+    const auto local = stream_.socket().local_endpoint(error);
+    peer_ = remote.address().to_string();
+    reachedAt_ = local.address().to_string() + ":" + std::to_string(local.port());
+}
+
+void HttpSession::serve() {
+    parser_.emplace();
+    parser_->header_limit(mostHeaderBytes);
+    parser_->body_limit(mostBodyBytes);
+    // For the whole request: one that comes byte by byte gains nothing.
+    stream_.expires_after(requestTime);
+    http::async_read(stream_, buffer_, *parser_,
+                     [self = shared_from_this()](beast::error_code error, std::size_t) {
+                         self->onRequest(error);
+                     });
+}
+
+void HttpSession::refuse() {
+    stream_.expires_after(requestTime);
+    logRefusal(503, "-", "too many connections");
+    reply(errorAnswer(503, "too many connections"), false);
+}
+
+void HttpSession::onRequest(beast::error_code error) {
+    if (error) return onBroken(error);
+    const HttpRequest& request = parser_->get();
+    if (!decidesOnce(request)) {
+        logRefusal(400, "-", "a header twice");
+        return reply(errorAnswer(400, "malformed request"), false);
+    }
+    const Asker asker = askerOf(request, peer_, reachedAt_);
+    const Admission admission = admit(asker);
+    if (!admission.admitted()) {
+        logRefusal(admission.status, asker.path, admission.reason);
+        Answer refused = errorAnswer(admission.status, admission.reason);
+        if (!admission.allowedMethod.empty()) refused.headers["Allow"] = admission.allowedMethod;
+        return reply(std::move(refused), request.keep_alive());
+    }
+    if (admission.resource == Resource::room) {
+        return enter(queryOf(request), admission.trust, beast::websocket::is_upgrade(request));
+    }
+    Answer answer = service_.api.answer(
+        admission, {asker, header(request, "Range").value_or(""), request.body()});
+    if (answer.status >= 400) logRefusal(answer.status, asker.path, "see answer");
+    reply(std::move(answer), request.keep_alive());
+}
+
+void HttpSession::onBroken(beast::error_code error) {
+    const bool begun = parser_->got_some();
+    if (error == http::error::header_limit || error == http::error::buffer_overflow) {
+        logRefusal(431, "-", "header too large");
+        return reply(errorAnswer(431, "header too large"), false);
+    }
+    if (error == http::error::body_limit) {
+        logRefusal(413, "-", "body too large");
+        return reply(errorAnswer(413, "body too large"), false);
+    }
+    if (error == beast::error::timeout || error == http::error::partial_message) {
+        if (begun) service_.log.line("request_unfinished", "peer=" + peer_);
+        return;
+    }
+    // What else the parser says of a request is that it is none.
+    if (error != http::error::end_of_stream &&
+        error.category() == http::make_error_code(http::error::bad_method).category()) {
+        logRefusal(400, "-", error.message());
+        return reply(errorAnswer(400, "malformed request"), false);
+    }
+}
+
+void HttpSession::enter(std::string_view query, Trust trust, bool upgrade) {
+    RoomEntry entry = enterRoom(query, trust, peer_, service_.meetings, service_.wrongSecrets,
+                                std::chrono::steady_clock::now());
+    if (entry.status == 101 && !upgrade) {
+        entry.status = 426;
+        entry.reason = "the room is a WebSocket";
+    } else if (entry.status == 101 && buffer_.size() > 0) {
+        // Nothing may be said before the handshake is over.
+        entry.status = 400;
+        entry.reason = "too early";
+    }
+    if (entry.status != 101) {
+        logRefusal(entry.status, "/ws", entry.reason);
+        Answer refused = errorAnswer(entry.status, entry.reason);
+        if (entry.status == 426) refused.headers["Upgrade"] = "websocket";
+        return reply(std::move(refused), false);
+    }
+    stream_.expires_never();
+    startRoomSession(std::move(stream_), service_, std::move(permit_), std::move(entry), peer_,
+                     parser_->release());
+}
+
+void HttpSession::reply(Answer answer, bool keepAlive) {
+    auto reply = std::make_shared<HttpAnswer>();
+    reply->version(11);
+    reply->result(answer.status);
+    reply->set("Cache-Control", "no-store");
+    reply->set("X-Content-Type-Options", "nosniff");
+    reply->set("Referrer-Policy", "no-referrer");
+    reply->set("Cross-Origin-Resource-Policy", "same-origin");
+    for (const auto& [name, value] : answer.headers) reply->set(name, value);
+    if (!answer.contentType.empty()) reply->set(http::field::content_type, answer.contentType);
+    reply->body() = std::move(answer.body);
+    reply->keep_alive(keepAlive);
+    reply->prepare_payload();
+    stream_.expires_after(requestTime);
+    http::async_write(stream_, *reply,
+                      [self = shared_from_this(), reply](beast::error_code error, std::size_t) {
+                          if (error) return;
+                          reply->keep_alive() ? self->serve() : self->linger();
+                      });
+}
+
+void HttpSession::logRefusal(unsigned status, std::string_view path, std::string_view reason) {
+    service_.log.line("refused", "status=" + std::to_string(status) + " peer=" + peer_ + " path=" +
+                                     std::string(path) + " reason=" + std::string(reason));
+}
+
+void HttpSession::linger() {
+    beast::error_code ignored;
+    stream_.socket().shutdown(asio::ip::tcp::socket::shutdown_send, ignored);
+    stream_.expires_after(lingerTime);
+    discard();
+}
+
+void HttpSession::discard() {
+    buffer_.clear();
+    stream_.async_read_some(buffer_.prepare(mostHeaderBytes),
+                            [self = shared_from_this()](beast::error_code error, std::size_t) {
+                                if (!error) self->discard();
+                            });
+}
+
+}  // namespace stagehopper::companion

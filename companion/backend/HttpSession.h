@@ -1,0 +1,48 @@
+#pragma once
+
+#include <boost/asio/ip/tcp.hpp>
+#include <boost/beast/core/flat_buffer.hpp>
+#include <boost/beast/core/tcp_stream.hpp>
+#include <boost/beast/http/parser.hpp>
+#include <boost/beast/http/string_body.hpp>
+#include <memory>
+#include <optional>
+
+#include "companion/backend/Service.h"
+
+namespace stagehopper::companion {
+
+/// One connection, request after request, until it ends or becomes a `RoomSession`.
+/// Thread: the server's. Lives as long as something is under way.
+class HttpSession : public std::enable_shared_from_this<HttpSession> {
+public:
+    HttpSession(boost::asio::ip::tcp::socket socket, Service& service,
+                ConnectionCounts::Permit permit);
+
+    void serve();
+    /// Says that there are too many connections, and ends.
+    void refuse();
+
+private:
+    using Parser = boost::beast::http::request_parser<boost::beast::http::string_body>;
+
+    void onRequest(boost::beast::error_code error);
+    void onBroken(boost::beast::error_code error);
+    /// Without an upgrade it is a question: a page cannot see why its handshake was refused.
+    void enter(std::string_view query, Trust trust, bool upgrade);
+    void reply(Answer answer, bool keepAlive);
+    void logRefusal(unsigned status, std::string_view path, std::string_view reason);
+    /// Closes without losing the answer: what the other side still sends is read and thrown away.
+    void linger();
+    void discard();
+
+    boost::beast::tcp_stream stream_;
+    Service& service_;
+    ConnectionCounts::Permit permit_;
+    std::string peer_;
+    std::string reachedAt_;
+    boost::beast::flat_buffer buffer_;
+    std::optional<Parser> parser_;
+};
+
+}  // namespace stagehopper::companion

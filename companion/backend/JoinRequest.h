@@ -1,0 +1,37 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace stagehopper::companion {
+
+enum class Role { host, guest };
+
+std::string_view nameOf(Role role);
+
+/// Somebody in a room, as the others see them.
+struct Participant {
+    std::string userId;
+    std::string displayName;
+    Role role = Role::guest;
+    /// "#rrggbb".
+    std::string cursorColor;
+};
+
+/// Who wants to join which room.
+struct JoinRequest {
+    std::string roomCode;
+    Participant participant;
+    std::optional<std::string> secret;
+};
+
+/// Reads a query as in "roomCode=K7M2QX&userId=…"; none when it is malformed, when something is
+/// missing or twice there, or when a value is not of its form. Unknown names are passed over.
+/// Thread: any; pure.
+std::optional<JoinRequest> parseJoinRequest(std::string_view query);
+
+/// Decodes %XX; a plus sign stays one. None when a percent sign stands for nothing.
+std::optional<std::string> percentDecoded(std::string_view text);
+
+}  // namespace stagehopper::companion

@@ -1,0 +1,38 @@
+#include "companion/backend/RoomEntry.h"
+
+#include "companion/backend/Names.h"
+#include "companion/backend/RandomText.h"
+
+namespace stagehopper::companion {
+namespace {
+
+RoomEntry refused(unsigned status, std::string_view reason) {
+    return {.status = status, .reason = reason, .meeting = nullptr, .participant = {}};
+}
+
+}  // namespace
+
+RoomEntry enterRoom(std::string_view query, Trust trust, const std::string& address,
+                    const Meetings& meetings, WrongSecrets& wrongSecrets, Moment now) {
+    const auto request = parseJoinRequest(query);
+    if (!request) return refused(400, "malformed query");
+    const bool guest = request->participant.role == Role::guest;
+    if (trust == Trust::localProgram && !guest) return refused(403, "guests only");
+    // The phone's page is an own page, too, when it is opened on this machine.
+    const bool needsSecret = trust == Trust::network;
+    if (needsSecret) {
+        if (wrongSecrets.mustWait(address, now)) return refused(429, "too many wrong secrets");
+        if (!guest || isReserved(request->participant.userId)) return refused(403, "guests only");
+    }
+    const auto meeting = meetings.find(request->roomCode);
+    if (meeting == nullptr) return refused(404, "no such meeting");
+    if (needsSecret && !secretsEqual(request->secret.value_or(""), meeting->identity().secret)) {
+        wrongSecrets.count(address, now);
+        return refused(403, "wrong secret");
+    }
+    const Participant& participant = request->participant;
+    if (!meeting->hasRoomFor(participant.userId)) return refused(503, "the room is full");
+    return {.reason = {}, .meeting = meeting, .participant = participant};
+}
+
+}  // namespace stagehopper::companion

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "companion/backend/Admission.h"
+#include "companion/backend/JoinRequest.h"
+#include "companion/backend/Meetings.h"
+#include "companion/backend/WrongSecrets.h"
+
+namespace stagehopper::companion {
+
+struct RoomEntry {
+    /// 101, or why not.
+    unsigned status = 101;
+    std::string_view reason;
+    std::shared_ptr<Meeting> meeting;
+    Participant participant;
+};
+
+/// Who may join with this query. Wrong secrets are counted under the peer's address.
+/// Thread: one at a time.
+RoomEntry enterRoom(std::string_view query, Trust trust, const std::string& address,
+                    const Meetings& meetings, WrongSecrets& wrongSecrets, Moment now);
+
+}  // namespace stagehopper::companion

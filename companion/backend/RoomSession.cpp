@@ -1,0 +1,204 @@
+#include "companion/backend/RoomSession.h"
+
+#include <boost/asio/post.hpp>
+#include <boost/asio/steady_timer.hpp>
+#include <boost/beast/core/flat_buffer.hpp>
+#include <boost/beast/websocket/stream.hpp>
+#include <chrono>
+#include <optional>
+
+namespace stagehopper::companion {
+
+namespace asio = boost::asio;
+namespace beast = boost::beast;
+namespace http = boost::beast::http;
+namespace websocket = boost::beast::websocket;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr std::size_t mostMessageBytes = 4 * 1024;
+constexpr auto handshakeTime = 10s;
+// The WebSocket layer pings after half of it.
+constexpr auto longestSilence = 30s;
+// For what is still to be sent, and for the other side's good-bye.
+constexpr auto closingTime = 5s;
+constexpr std::size_t mostMessages = 240;
+constexpr auto messageWindow = 2s;
+
+using HttpRequest = http::request<http::string_body>;
+
+class RoomSession : public Connection, public std::enable_shared_from_this<RoomSession> {
+public:
+    RoomSession(beast::tcp_stream stream, Service& service, ConnectionCounts::Permit permit,
+                RoomEntry entry, std::string peer)
+        : ws_(std::move(stream)),
+          closingTimer_(ws_.get_executor()),
+          service_(service),
+          permit_(std::move(permit)),
+          meeting_(entry.meeting),
+          roomCode_(entry.meeting->identity().roomCode),
+          participant_(std::move(entry.participant)),
+          peer_(std::move(peer)) {}
+
+    /// The seat is taken before the handshake, so that nobody else gets it meanwhile.
+    void start(Meeting& meeting, HttpRequest request) {
+        service_.inRooms.push_back(weak_from_this());
+        meeting.join(participant_, shared_from_this());
+        log("joined", {});
+        ws_.set_option(websocket::stream_base::timeout{handshakeTime, longestSilence, true});
+        ws_.read_message_max(mostMessageBytes);
+        ws_.control_callback([weak = weak_from_this()](websocket::frame_type, beast::string_view) {
+            // Not at once: the WebSocket layer is calling.
+            const auto self = weak.lock();
+            if (self == nullptr) return;
+            asio::post(self->ws_.get_executor(), [self] { self->countMessage(); });
+        });
+        auto held = std::make_shared<HttpRequest>(std::move(request));
+        ws_.async_accept(*held, [self = shared_from_this(), held](beast::error_code error) {
+            self->onAccepted(error);
+        });
+    }
+
+    void send(SharedText text, std::string_view topic) override {
+        if (farewell_) return;
+        if (!queue_.push(std::move(text), topic)) {
+            // It would not get at all of this before its time is over.
+            queue_.clear();
+            return close({1008, "too slow"});
+        }
+        if (open_ && writing_ == nullptr) writeNext();
+    }
+
+    void close(Farewell farewell) override {
+        if (farewell_) return;
+        farewell_ = farewell;
+        log("closing", farewell.reason);
+        closingTimer_.expires_after(closingTime);
+        closingTimer_.async_wait([weak = weak_from_this()](beast::error_code error) {
+            if (const auto self = weak.lock(); self != nullptr && !error) self->drop();
+        });
+        // Not at once: the meeting may be calling.
+        asio::post(ws_.get_executor(), [self = shared_from_this()] { self->leave(); });
+        if (open_ && writing_ == nullptr) writeNext();
+    }
+
+private:
+    void onAccepted(beast::error_code error) {
+        if (error) return onEnd(error);
+        open_ = true;
+        ws_.text(true);
+        writeNext();
+        read();
+    }
+
+    void read() {
+        ws_.async_read(buffer_, [self = shared_from_this()](beast::error_code error, std::size_t) {
+            self->onRead(error);
+        });
+    }
+
+    void onRead(beast::error_code error) {
+        if (error) return onEnd(error);
+        // Once closing, the WebSocket layer reads by itself until the other's good-bye.
+        if (farewell_) return;
+        if (ws_.got_binary()) return close({1003, "text only"});
+        if (!countMessage()) return;
+        const auto bytes = buffer_.cdata();
+        const auto message =
+            parseClientMessage({static_cast<const char*>(bytes.data()), bytes.size()});
+        if (!message) return close({1008, "bad message"});
+        if (const auto meeting = meeting_.lock()) meeting->say(*this, *message);
+        buffer_.consume(buffer_.size());
+        read();
+    }
+
+    /// Pings count, too: each makes us answer.
+    bool countMessage() {
+        if (messages_.allow(std::chrono::steady_clock::now())) return true;
+        close({1008, "too many messages"});
+        return false;
+    }
+
+    void writeNext() {
+        if (!queue_.empty()) {
+            writing_ = queue_.pop();
+            ws_.async_write(asio::buffer(*writing_),
+                            [self = shared_from_this()](beast::error_code error, std::size_t) {
+                                self->writing_ = nullptr;
+                                if (error) return self->onEnd(error);
+                                self->writeNext();
+                            });
+        } else if (farewell_ && !saidFarewell_) {
+            saidFarewell_ = true;
+            const websocket::close_reason reason(
+                websocket::close_code(farewell_->code),
+                beast::string_view(farewell_->reason.data(), farewell_->reason.size()));
+            ws_.async_close(reason, [self = shared_from_this()](beast::error_code error) {
+                self->onEnd(error);
+            });
+        }
+    }
+
+    /// However it came about; more than once is once.
+    void onEnd(beast::error_code error) {
+        if (ended_) return;
+        // The read ends a moment before the closing that it is part of.
+        if (saidFarewell_ && error == websocket::error::closed) return;
+        ended_ = true;
+        if (!farewell_) log("left", error.message());
+        farewell_.emplace();
+        leave();
+        std::erase_if(service_.inRooms, [this](const std::weak_ptr<Connection>& one) {
+            return one.lock().get() == this;
+        });
+        drop();
+    }
+
+    void leave() {
+        if (const auto meeting = meeting_.lock()) meeting->leave(*this);
+    }
+
+    void drop() {
+        beast::error_code ignored;
+        closingTimer_.cancel();
+        beast::get_lowest_layer(ws_).socket().close(ignored);
+    }
+
+    void log(std::string_view event, std::string_view detail) {
+        service_.log.line(event, "room=" + roomCode_ + " user=" + participant_.userId +
+                                     " peer=" + peer_ + (detail.empty() ? "" : " reason=") +
+                                     std::string(detail));
+    }
+
+    websocket::stream<beast::tcp_stream> ws_;
+    asio::steady_timer closingTimer_;
+    Service& service_;
+    ConnectionCounts::Permit permit_;
+    /// The meeting holds us.
+    std::weak_ptr<Meeting> meeting_;
+    std::string roomCode_;
+    Participant participant_;
+    std::string peer_;
+    beast::flat_buffer buffer_;
+    OutgoingQueue queue_;
+    RateLimit messages_{mostMessages, messageWindow};
+    bool open_ = false;
+    /// What the WebSocket layer is sending.
+    SharedText writing_;
+    std::optional<Farewell> farewell_;
+    bool saidFarewell_ = false;
+    bool ended_ = false;
+};
+
+}  // namespace
+
+void startRoomSession(beast::tcp_stream stream, Service& service, ConnectionCounts::Permit permit,
+                      RoomEntry entry, std::string peer, HttpRequest request) {
+    const std::shared_ptr<Meeting> meeting = entry.meeting;
+    std::make_shared<RoomSession>(std::move(stream), service, std::move(permit), std::move(entry),
+                                  std::move(peer))
+        ->start(*meeting, std::move(request));
+}
+
+}  // namespace stagehopper::companion

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <boost/beast/core/tcp_stream.hpp>
+#include <boost/beast/http/message.hpp>
+#include <boost/beast/http/string_body.hpp>
+#include <string>
+
+#include "companion/backend/RoomEntry.h"
+#include "companion/backend/Service.h"
+
+namespace stagehopper::companion {
+
+/// Joins the room and makes the connection a WebSocket, which then lives on its own.
+/// Thread: the server's.
+void startRoomSession(boost::beast::tcp_stream stream, Service& service,
+                      ConnectionCounts::Permit permit, RoomEntry entry, std::string peer,
+                      boost::beast::http::request<boost::beast::http::string_body> request);
+
+}  // namespace stagehopper::companion

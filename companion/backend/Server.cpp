@@ -1,0 +1,187 @@
+#include "companion/backend/Server.h"
+
+#include <unistd.h>
+
+#include <boost/asio/io_context.hpp>
+#include <boost/asio/ip/tcp.hpp>
+#include <boost/asio/signal_set.hpp>
+#include <boost/asio/steady_timer.hpp>
+#include <chrono>
+#include <csignal>
+
+#include "companion/backend/HttpSession.h"
+#include "companion/backend/LocalAddresses.h"
+#include "companion/backend/ParentProcess.h"
+#include "companion/backend/Service.h"
+
+namespace stagehopper::companion {
+
+namespace asio = boost::asio;
+using asio::ip::tcp;
+using boost::system::error_code;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto parentInterval = 250ms;
+// A good-bye to everybody has to fit into the second that the program has for its end.
+constexpr auto farewellTime = 600ms;
+constexpr auto farewellInterval = 20ms;
+constexpr auto acceptPause = 100ms;
+constexpr int sendBufferBytes = 16 * 1024;
+
+std::int64_t millisecondsSince1970() {
+    const auto now = std::chrono::system_clock::now().time_since_epoch();
+    return std::chrono::duration_cast<std::chrono::milliseconds>(now).count();
+}
+
+/// False when the port is not to be had.
+bool listenAt(tcp::acceptor& acceptor, const asio::ip::address_v4& address, std::uint16_t port) {
+    error_code error;
+    const tcp::endpoint endpoint(address, port);
+    const auto fails = [&] { return static_cast<bool>(error); };
+    acceptor.open(endpoint.protocol(), error);
+    if (!fails()) acceptor.set_option(tcp::acceptor::reuse_address(true), error);
+    if (!fails()) acceptor.bind(endpoint, error);
+    if (!fails()) acceptor.listen(tcp::acceptor::max_listen_connections, error);
+    if (!fails()) return true;
+    error_code ignored;
+    acceptor.close(ignored);
+    return false;
+}
+
+class Server {
+public:
+    Server(const Options& options, const Pages& pages, BackendLog& log)
+        : parent_(options.parent), log_(log) {
+        const std::uint16_t port = listen(options);
+        service_.emplace(log, pages,
+                         Api::Surroundings{millisecondsSince1970,
+                                           [] { return likelyFirst(localAddresses()); }, port});
+        if (port != 0) {
+            log.line("listening",
+                     "port=" + std::to_string(port) + " pid=" + std::to_string(::getpid()));
+        }
+    }
+
+    ~Server() {
+        // Meetings hold connections, which may not outlive the loop.
+        service_->meetings = {};
+    }
+
+    Server(const Server&) = delete;
+    Server& operator=(const Server&) = delete;
+
+    int run() {
+        if (!acceptor_.is_open()) {
+            log_.line("no_free_port", {});
+            return 1;
+        }
+        signals_.async_wait([this](error_code error, int) {
+            if (!error) end("told to");
+        });
+        watchParent();
+        accept();
+        loop_.run();
+        log_.line("ended", {});
+        return 0;
+    }
+
+private:
+    /// The port, or 0.
+    std::uint16_t listen(const Options& options) {
+        for (std::uint32_t port = options.firstPort; port <= options.lastPort; ++port) {
+            const auto number = static_cast<std::uint16_t>(port);
+            // Some systems let all addresses be taken beside one of them; requests to 127.0.0.1
+            // would then go to the other program.
+            tcp::acceptor trial(loop_);
+            if (!listenAt(trial, asio::ip::address_v4::loopback(), number)) continue;
+            error_code ignored;
+            trial.close(ignored);
+            if (listenAt(acceptor_, asio::ip::address_v4::any(), number)) return number;
+        }
+        return 0;
+    }
+
+    void accept() {
+        acceptor_.async_accept([this](error_code error, tcp::socket socket) {
+            if (ending_) return;
+            if (error) {
+                // No descriptors, most likely: trying again at once would only heat the machine.
+                acceptTimer_.expires_after(acceptPause);
+                acceptTimer_.async_wait([this](error_code cancelled) {
+                    if (!cancelled) accept();
+                });
+                return;
+            }
+            take(std::move(socket));
+            accept();
+        });
+    }
+
+    void take(tcp::socket socket) {
+        error_code error;
+        const auto peer = socket.remote_endpoint(error);
+        // Gone already.
+        if (error) return;
+        socket.set_option(tcp::no_delay(true), error);
+        // What a slow reader leaves lying waits in our queue, where old pointers are replaced.
+        socket.set_option(tcp::socket::send_buffer_size(sendBufferBytes), error);
+        const std::string address = peer.address().to_string();
+        if (auto permit = service_->counts.take(address)) {
+            std::make_shared<HttpSession>(std::move(socket), *service_, std::move(*permit))
+                ->serve();
+        } else if (auto refusal = service_->refused.take(address)) {
+            std::make_shared<HttpSession>(std::move(socket), *service_, std::move(*refusal))
+                ->refuse();
+        }
+    }
+
+    void watchParent() {
+        parentTimer_.expires_after(parentInterval);
+        parentTimer_.async_wait([this](error_code error) {
+            if (error) return;
+            parent_.isGone() ? end("parent gone") : watchParent();
+        });
+    }
+
+    void end(std::string_view reason) {
+        if (ending_) return;
+        ending_ = true;
+        log_.line("ending", reason);
+        error_code ignored;
+        acceptor_.close(ignored);
+        for (const auto& held : service_->inRooms) {
+            if (const auto connection = held.lock()) connection->close({1001, "shutting down"});
+        }
+        stopWhenEmpty(std::chrono::steady_clock::now() + farewellTime);
+    }
+
+    void stopWhenEmpty(Moment latest) {
+        std::erase_if(service_->inRooms, [](const auto& one) { return one.expired(); });
+        if (service_->inRooms.empty() || std::chrono::steady_clock::now() >= latest) {
+            return loop_.stop();
+        }
+        parentTimer_.expires_after(farewellInterval);
+        parentTimer_.async_wait([this, latest](error_code) { stopWhenEmpty(latest); });
+    }
+
+    ParentProcess parent_;
+    BackendLog& log_;
+    // Before the loop: connections that the loop still holds at its end use it.
+    std::optional<Service> service_;
+    asio::io_context loop_{1};
+    tcp::acceptor acceptor_{loop_};
+    asio::signal_set signals_{loop_, SIGTERM, SIGINT};
+    asio::steady_timer acceptTimer_{loop_};
+    asio::steady_timer parentTimer_{loop_};
+    bool ending_ = false;
+};
+
+}  // namespace
+
+int serve(const Options& options, const Pages& pages, BackendLog& log) {
+    return Server(options, pages, log).run();
+}
+
+}  // namespace stagehopper::companion

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "companion/backend/Api.h"
+#include "companion/backend/BackendLog.h"
+#include "companion/backend/ConnectionCounts.h"
+#include "companion/backend/Meetings.h"
+#include "companion/backend/Pages.h"
+#include "companion/backend/WrongSecrets.h"
+
+namespace stagehopper::companion {
+
+/// What all connections of the server share.
+/// Thread: the server's.
+struct Service {
+    Service(BackendLog& theLog, const Pages& pages, Api::Surroundings surroundings)
+        : log(theLog), api(meetings, pages, theLog, std::move(surroundings)) {}
+
+    BackendLog& log;
+    ConnectionCounts counts;
+    /// More than `counts` allows: they get an answer, but not all at once.
+    ConnectionCounts refused;
+    WrongSecrets wrongSecrets;
+    Meetings meetings;
+    Api api;
+    /// Those in a room or on their way out of it, to say good-bye to at the end.
+    std::vector<std::weak_ptr<Connection>> inRooms;
+};
+
+}  // namespace stagehopper::companion

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <map>
+#include <string>
+
+#include "companion/backend/RateLimit.h"
+
+namespace stagehopper::companion {
+
+/// Who has given too many wrong secrets, by address.
+/// Thread: one at a time.
+class WrongSecrets {
+public:
+    /// Nothing that this address says is to be looked at for now.
+    bool mustWait(const std::string& address, Moment now) {
+        const auto found = byAddress_.find(address);
+        return found != byAddress_.end() && found->second.isFull(now);
+    }
+
+    void count(const std::string& address, Moment now) {
+        std::erase_if(byAddress_, [now](const auto& entry) { return entry.second.isEmpty(now); });
+        byAddress_.try_emplace(address, mostInAMinute, std::chrono::minutes(1))
+            .first->second.allow(now);
+    }
+
+private:
+    static constexpr std::size_t mostInAMinute = 10;
+
+    std::map<std::string, RateLimit> byAddress_;
+};
+
+}  // namespace stagehopper::companion

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/Clock.h"
+
+namespace stagehopper::platform {
+
+/// A counting semaphore that starts at zero. Any thread. Whoever may signal it shares its
+/// ownership.
+class Semaphore {
+public:
+    virtual ~Semaphore() = default;
+    virtual void signal() = 0;
+    /// Blocks the calling thread until a signal comes, for at most `limit`. False when none came.
+    virtual bool wait(Duration limit) = 0;
+};
+
+}  // namespace stagehopper::platform

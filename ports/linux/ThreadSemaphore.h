@@ -1,0 +1,22 @@
+#pragma once
+
+#include <condition_variable>
+#include <mutex>
+
+#include "platform/Semaphore.h"
+
+namespace stagehopper::linux_port {
+
+/// Signals that nobody has waited for yet, counted. Any thread.
+class ThreadSemaphore final : public platform::Semaphore {
+public:
+    void signal() override;
+    bool wait(platform::Duration limit) override;
+
+private:
+    std::mutex mutex_;
+    std::condition_variable signalled_;
+    unsigned long signals_ = 0;
+};
+
+}  // namespace stagehopper::linux_port

@@ -1,0 +1,63 @@
+#include "ports/linux/network/Connector.h"
+
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <utility>
+
+namespace stagehopper::linux_port {
+namespace asio = boost::asio;
+using boost::system::error_code;
+
+void Connector::start(const UrlParts& url, Done done) {
+    thread_.lookUp(url.host, url.port,
+                   [self = shared_from_this(), done = std::move(done)](HostLookup found) {
+                       if (self->cancelled_) return;
+                       self->host_ = std::move(found);
+                       self->tryNext(self->host_.problem, done);
+                   });
+}
+
+void Connector::cancel() {
+    if (std::exchange(cancelled_, true)) return;
+    error_code ignored;
+    socket_.cancel(ignored);
+}
+
+void Connector::tryNext(const std::string& lastProblem, Done done) {
+    if (next_ == host_.addresses.size()) return done(lastProblem);
+    const SocketAddress& address = host_.addresses[next_++];
+    if (const auto error = open(address)) return tryNext(error.message(), std::move(done));
+    asio::ip::tcp::endpoint endpoint;
+    endpoint.resize(address.size);
+    std::memcpy(endpoint.data(), &address.storage, address.size);
+    socket_.async_connect(endpoint,
+                          [self = shared_from_this(), done = std::move(done)](error_code error) {
+                              if (self->cancelled_) return;
+                              if (error) return self->tryNext(error.message(), done);
+                              done({});
+                          });
+}
+
+error_code Connector::open(const SocketAddress& address) {
+    error_code error;
+    socket_.close(error);
+    const int family = address.storage.ss_family;
+    // Not left to the library, which lets every child process inherit its sockets: such a child
+    // would keep a connection open that we have closed.
+    const int descriptor = ::socket(family, SOCK_STREAM | SOCK_CLOEXEC, IPPROTO_TCP);
+    if (descriptor < 0) return {errno, boost::system::system_category()};
+    const auto protocol = family == AF_INET6 ? asio::ip::tcp::v6() : asio::ip::tcp::v4();
+    socket_.assign(protocol, descriptor, error);
+    if (error) {
+        ::close(descriptor);
+        return error;
+    }
+    socket_.set_option(asio::ip::tcp::no_delay(true), error);
+    return error;
+}
+
+}  // namespace stagehopper::linux_port

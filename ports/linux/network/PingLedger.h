@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/UrlSession.h"
+
+namespace stagehopper::linux_port {
+
+/// Which ping still waits for its pong. Each carries its number: a server that is late may answer
+/// only the last one, and that answers those before it, too. No thread of its own, no locks.
+class PingLedger {
+public:
+    using Handler = std::function<void(std::optional<platform::UrlError>)>;
+
+    void add(Handler handler);
+    /// The payload of the next ping that has not been sent; it counts as sent from here on.
+    std::optional<std::string> takeUnsent();
+    /// The handlers that this pong answers, oldest first; none if it answers no ping of ours.
+    std::vector<Handler> answeredBy(std::string_view pongPayload);
+    /// All that wait, oldest first.
+    std::vector<Handler> takeAll();
+
+private:
+    struct Entry {
+        std::uint64_t number;
+        Handler handler;
+    };
+
+    std::deque<Entry> entries_;
+    std::uint64_t lastAdded_ = 0;
+    std::uint64_t lastSent_ = 0;
+};
+
+}  // namespace stagehopper::linux_port

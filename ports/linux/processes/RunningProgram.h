@@ -1,0 +1,33 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <condition_variable>
+#include <cstdint>
+#include <mutex>
+
+namespace stagehopper::linux_port {
+
+/// A child of ours from its start on. One thread awaits its exit; any thread may do the rest.
+class RunningProgram {
+public:
+    explicit RunningProgram(pid_t process) : process_(process) {}
+
+    /// Blocks until the program has exited, and takes note of how. Once.
+    void awaitExit();
+    /// SIGTERM, unless it has exited.
+    void terminate();
+    /// Blocks until `awaitExit` has noticed the exit.
+    void waitUntilExit();
+    /// 0 until then.
+    [[nodiscard]] std::int32_t status();
+
+private:
+    const pid_t process_;
+    std::mutex mutex_;
+    std::condition_variable exited_;
+    bool hasExited_ = false;
+    std::int32_t status_ = 0;
+};
+
+}  // namespace stagehopper::linux_port

@@ -1,0 +1,213 @@
+#include "ports/simulated/SimulatedUrlSession.h"
+
+#include <algorithm>
+#include <stdexcept>
+#include <utility>
+
+namespace stagehopper::simulated {
+
+namespace {
+
+/// The system's own limit for a request without an answer.
+constexpr platform::Duration requestLimit{60};
+constexpr const char* refused = "Could not connect to the server.";
+constexpr const char* timedOut = "The request timed out.";
+constexpr const char* cancelled = "cancelled";
+constexpr const char* lost = "The network connection was lost.";
+
+struct Address {
+    int port = 0;
+    std::string path;
+};
+
+/// Of "scheme://127.0.0.1:PORT/path?query"; another host has no port that anybody serves.
+Address addressOf(const std::string& url) {
+    constexpr std::string_view host = "://127.0.0.1:";
+    const auto start = url.find(host);
+    if (start == std::string::npos) return {};
+    const auto authority = start + host.size();
+    const auto path = std::min(url.find('/', authority), url.size());
+    Address address{0, url.substr(path, url.find('?', path) - path)};
+    for (auto at = authority; at < path; ++at) {
+        if (url[at] < '0' || url[at] > '9' || address.port > 65535) return {};
+        address.port = address.port * 10 + (url[at] - '0');
+    }
+    return address;
+}
+
+}  // namespace
+
+/// The client's end. It shares its connection with the server, so that either may be gone first.
+class SimulatedWebSocketTask final : public platform::WebSocketTask {
+public:
+    SimulatedWebSocketTask(SimulatedUrlSession& session, const std::string& url)
+        : session_(session), connection_(std::make_shared<SocketConnection>()) {
+        connection_->url = url;
+    }
+    ~SimulatedWebSocketTask() override { close(goingAway); }
+    SimulatedWebSocketTask(const SimulatedWebSocketTask&) = delete;
+    SimulatedWebSocketTask& operator=(const SimulatedWebSocketTask&) = delete;
+
+    void resume() override {
+        session_.journal_.add("socket opened: " + connection_->url);
+        auto* server = session_.serverOf(connection_->url);
+        resumed_ = true;
+        if (server == nullptr || !server->takesSockets) {
+            session_.breaks(*connection_, refused);
+            return;
+        }
+        connection_->open = true;
+        server->connections.push_back(connection_);
+    }
+
+    void receive(std::function<void(platform::ReceiveResult)> completion) override {
+        if (!connection_->inbox.empty()) {
+            auto result = std::move(connection_->inbox.front());
+            // The reason of the end stays for all who ask later.
+            if (std::holds_alternative<platform::UrlError>(result)) {
+                connection_->inbox.front() = result;
+            } else {
+                connection_->inbox.pop_front();
+            }
+            session_.dispatch_.asyncSystem(
+                {}, [completion = std::move(completion), result = std::move(result)] {
+                    completion(result);
+                });
+            return;
+        }
+        connection_->receivers.push_back(std::move(completion));
+    }
+
+    void sendPing(
+        std::function<void(std::optional<platform::UrlError>)> pongHandler) override {
+        session_.journal_.add("socket pinged");
+        ++connection_->pings;
+        auto* server = session_.serverOf(connection_->url);
+        if (resumed_ && !connection_->open) {
+            session_.dispatch_.asyncSystem({}, [pongHandler = std::move(pongHandler)] {
+                pongHandler(platform::UrlError{lost});
+            });
+        } else if (connection_->open && server != nullptr && server->answersPings) {
+            session_.dispatch_.asyncSystem(
+                {}, [pongHandler = std::move(pongHandler)] { pongHandler(std::nullopt); });
+        } else {
+            connection_->pongHandlers.push_back(std::move(pongHandler));
+        }
+    }
+
+    void cancel(int closeCode) override { close(closeCode); }
+
+private:
+    static constexpr int goingAway = 1001;
+
+    void close(int closeCode) {
+        if (std::exchange(closed_, true)) return;
+        if (connection_->open) {
+            connection_->closeCode = closeCode;
+            session_.journal_.add("socket closed with " + std::to_string(closeCode));
+        }
+        session_.breaks(*connection_, cancelled);
+    }
+
+    SimulatedUrlSession& session_;
+    std::shared_ptr<SocketConnection> connection_;
+    bool resumed_ = false;
+    bool closed_ = false;
+};
+
+Server* SimulatedUrlSession::serverOf(const std::string& url) {
+    const auto server = servers_.find(addressOf(url).port);
+    return server == servers_.end() ? nullptr : &server->second;
+}
+
+void SimulatedUrlSession::startDataTask(const std::string& url,
+                                        std::function<void(platform::DataResult)> completion) {
+    requests_.push_back(url);
+    const auto* server = serverOf(url);
+    platform::Duration delay{0};
+    platform::DataResult result = platform::UrlError{refused};
+    const bool silent =
+        server != nullptr &&
+        (!server->answersAfter || *server->answersAfter > requestLimit ||
+         std::ranges::find(server->silentPaths, addressOf(url).path) != server->silentPaths.end());
+    if (silent) {
+        delay = requestLimit;
+        result = platform::UrlError{timedOut};
+    } else if (server != nullptr) {
+        delay = *server->answersAfter;
+        const auto answer = server->answers.find(addressOf(url).path);
+        result = answer == server->answers.end() ? platform::HttpResponse{404, ""} : answer->second;
+    }
+    dispatch_.asyncSystem(delay, [completion = std::move(completion), result = std::move(result)] {
+        completion(result);
+    });
+}
+
+std::shared_ptr<platform::WebSocketTask> SimulatedUrlSession::makeWebSocketTask(
+    const std::string& url) {
+    return std::make_shared<SimulatedWebSocketTask>(*this, url);
+}
+
+Server& SimulatedUrlSession::serve(int port) {
+    return servers_[port];
+}
+
+void SimulatedUrlSession::stopServing(int port) {
+    const auto server = servers_.extract(port);
+    if (server.empty()) return;
+    for (const auto& connection : server.mapped().connections) breaks(*connection, lost);
+}
+
+void SimulatedUrlSession::sends(SocketConnection& connection, std::string text) {
+    using Kind = platform::WebSocketMessage::Kind;
+    deliver(connection, platform::WebSocketMessage{Kind::text, std::move(text)});
+}
+
+void SimulatedUrlSession::sendsBytes(SocketConnection& connection, std::string bytes) {
+    using Kind = platform::WebSocketMessage::Kind;
+    deliver(connection, platform::WebSocketMessage{Kind::binary, std::move(bytes)});
+}
+
+void SimulatedUrlSession::deliver(SocketConnection& connection, platform::ReceiveResult result) {
+    if (!connection.open) return;
+    if (connection.receivers.empty()) {
+        connection.inbox.push_back(std::move(result));
+        return;
+    }
+    auto receiver = std::move(connection.receivers.front());
+    connection.receivers.pop_front();
+    dispatch_.asyncSystem({}, [receiver = std::move(receiver), result = std::move(result)] {
+        receiver(result);
+    });
+}
+
+void SimulatedUrlSession::breaks(SocketConnection& connection, const std::string& why) {
+    connection.open = false;
+    const platform::UrlError error{why};
+    connection.inbox.push_back(error);
+    for (auto& receiver : std::exchange(connection.receivers, {})) {
+        dispatch_.asyncSystem({}, [receiver = std::move(receiver), error] { receiver(error); });
+    }
+    for (auto& handler : std::exchange(connection.pongHandlers, {})) {
+        dispatch_.asyncSystem({}, [handler = std::move(handler), error] { handler(error); });
+    }
+}
+
+std::size_t SimulatedUrlSession::openSockets() const {
+    std::ptrdiff_t count = 0;
+    for (const auto& [port, server] : servers_) {
+        count += std::ranges::count_if(server.connections,
+                                       [](const auto& connection) { return connection->open; });
+    }
+    return static_cast<std::size_t>(count);
+}
+
+SocketConnection& SimulatedUrlSession::lastConnection(int port) {
+    const auto server = servers_.find(port);
+    if (server == servers_.end() || server->second.connections.empty()) {
+        throw std::logic_error("no socket was opened on port " + std::to_string(port));
+    }
+    return *server->second.connections.back();
+}
+
+}  // namespace stagehopper::simulated

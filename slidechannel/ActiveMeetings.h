@@ -1,0 +1,40 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace stagehopper {
+
+struct ActiveMeetingParticipant {
+    std::string userId;
+    std::string displayName;
+    /// "host" for the presenter's own clients; anything else is a guest.
+    std::string role;
+
+    friend bool operator==(const ActiveMeetingParticipant&,
+                           const ActiveMeetingParticipant&) = default;
+};
+
+struct ActiveMeetingSummary {
+    std::string roomCode;
+    std::string roomName;
+    /// Larger is newer; in whatever unit the backend counts.
+    double createdAt = 0;
+    std::vector<ActiveMeetingParticipant> participants;
+
+    friend bool operator==(const ActiveMeetingSummary&, const ActiveMeetingSummary&) = default;
+};
+
+struct ActiveMeetingsResponse {
+    std::vector<ActiveMeetingSummary> meetings;
+
+    friend bool operator==(const ActiveMeetingsResponse&, const ActiveMeetingsResponse&) = default;
+};
+
+/// Reads the backend's answer. Every field is required, under its own name and of its own type;
+/// other fields are ignored. One meeting that does not fit makes the whole answer absent.
+std::optional<ActiveMeetingsResponse> decodeActiveMeetings(std::string_view json);
+
+}  // namespace stagehopper

@@ -1,0 +1,33 @@
+#include <variant>
+
+#include "app/AppController.h"
+#include "app/LogDetail.h"
+#include "app/Utf8.h"
+#include "platform/Text.h"
+#include "slidechannel/SlideMessage.h"
+
+namespace stagehopper {
+
+namespace {
+
+constexpr std::string_view absent = "-";
+/// Names this channel in the log.
+constexpr std::string_view source = "native_ws";
+
+}  // namespace
+
+void AppController::handleNativeSlideSocketText(std::string_view text) {
+    const auto message = parseSlideMessage(text);
+    if (std::holds_alternative<WelcomeMessage>(message)) {
+        slideNavLog("native_ws_ready",
+                    logDetail({{"room", nativeSlideSocketRoomCode.value_or(std::string(absent))}}));
+    } else if (const auto* step = std::get_if<SlideNavMessage>(&message)) {
+        const auto direction = platform_.text.lowercased(trimmed(step->direction));
+        slideNavLog("native_ws_received",
+                    logDetail({{"direction", direction},
+                               {"seq", step->seq.empty() ? absent : step->seq}}));
+        consumeSlideEvent(direction, step->seq, source);
+    }
+}
+
+}  // namespace stagehopper

@@ -1,0 +1,72 @@
+// What the backend takes from the machine: addresses, random text, its parent.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <set>
+
+#include "companion/backend/LocalAddresses.h"
+#include "companion/backend/Names.h"
+#include "companion/backend/ParentProcess.h"
+#include "companion/backend/RandomText.h"
+
+namespace stagehopper::companion {
+namespace {
+
+using testing::ElementsAre;
+
+TEST(LocalAddresses, TheOneAPhoneReachesComesFirst) {
+    EXPECT_THAT(likelyFirst({{"docker0", "172.17.0.1"},
+                             {"wg0", "10.8.0.2", true},
+                             {"eth1", "203.0.113.9"},
+                             {"eth2", "169.254.3.4"},
+                             {"eth0", "10.1.2.3"},
+                             {"br-4f2", "192.168.49.1"},
+                             {"eth3", "172.20.0.7"},
+                             {"wlan0", "192.168.1.5"}}),
+                ElementsAre("192.168.1.5", "10.1.2.3", "172.20.0.7", "203.0.113.9", "169.254.3.4",
+                            "192.168.49.1", "10.8.0.2", "172.17.0.1"));
+}
+
+TEST(LocalAddresses, EachIsNamedOnce) {
+    EXPECT_THAT(likelyFirst({{"eth0", "10.0.0.1"}, {"eth0:1", "10.0.0.1"}}),
+                ElementsAre("10.0.0.1"));
+}
+
+TEST(LocalAddresses, ThoseOfThisMachineLeadOutOfIt) {
+    for (const LocalAddress& local : localAddresses()) {
+        EXPECT_FALSE(local.address.starts_with("127.")) << local.interfaceName;
+    }
+}
+
+TEST(RandomText, CodesAndSecretsHaveTheirFormAndDiffer) {
+    std::set<std::string> secrets;
+    std::set<char> letters;
+    for (int i = 0; i < 500; ++i) {
+        const std::string code = randomRoomCode();
+        EXPECT_TRUE(isRoomCode(code)) << code;
+        letters.insert(code.begin(), code.end());
+        const std::string secret = randomSecret();
+        EXPECT_EQ(secret.size(), 22U);
+        secrets.insert(secret);
+    }
+    EXPECT_EQ(secrets.size(), 500U);
+    EXPECT_EQ(letters.size(), roomCodeAlphabet.size()) << "every letter occurs";
+}
+
+TEST(RandomText, SecretsAreComparedWhole) {
+    EXPECT_TRUE(secretsEqual("abc", "abc"));
+    EXPECT_FALSE(secretsEqual("abd", "abc"));
+    EXPECT_FALSE(secretsEqual("xbc", "abc"));
+    EXPECT_FALSE(secretsEqual("ab", "abc"));
+    EXPECT_FALSE(secretsEqual("", "abc"));
+}
+
+TEST(ParentProcess, LivesAsLongAsItIsThere) {
+    EXPECT_FALSE(ParentProcess(::getppid()).isGone()) << "our parent";
+    EXPECT_FALSE(ParentProcess(1).isGone()) << "somebody else's, whom we may not signal";
+    EXPECT_TRUE(ParentProcess(2147483647).isGone()) << "nobody";
+}
+
+}  // namespace
+}  // namespace stagehopper::companion

@@ -1,0 +1,191 @@
+#include "companion/backend/Meeting.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/companion/FakeConnection.h"
+
+namespace stagehopper::companion {
+namespace {
+
+using nlohmann::json;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+constexpr std::int64_t createdAt = 1790000000000;
+
+class MeetingTest : public testing::Test {
+protected:
+    std::shared_ptr<FakeConnection> join(const std::string& userId, Role role = Role::guest) {
+        auto connection = std::make_shared<FakeConnection>();
+        meeting_.join({userId, "name of " + userId, role, "#aabbcc"}, connection);
+        return connection;
+    }
+
+    void tap(const FakeConnection& from, const std::string& id,
+             Direction direction = Direction::next) {
+        meeting_.say(from, StepMessage{direction, id});
+    }
+
+    Meeting meeting_{{"K7M2QX", "Physics", createdAt, "secret"}};
+};
+
+TEST_F(MeetingTest, WhoJoinsIsWelcomedOnceAndFirst) {
+    join("panel-1", Role::host);
+    const auto phone = join("phone-1");
+    ASSERT_THAT(phone->sent(), SizeIs(1));
+    EXPECT_EQ(phone->sent()[0], json::parse(R"({"type":"welcome","roomCode":"K7M2QX",
+        "roomName":"Physics","userId":"phone-1","role":"guest","participants":[
+        {"userId":"panel-1","displayName":"name of panel-1","role":"host","cursorColor":"#aabbcc"},
+        {"userId":"phone-1","displayName":"name of phone-1","role":"guest","cursorColor":"#aabbcc"}
+        ]})"));
+}
+
+TEST_F(MeetingTest, OthersAreToldWhoCameAndWhoWent) {
+    const auto panel = join("panel-1");
+    const auto phone = join("phone-1");
+    ASSERT_THAT(panel->ofType("participants"), SizeIs(1));
+    EXPECT_THAT(panel->ofType("participants")[0]["participants"], SizeIs(2));
+    meeting_.leave(*phone);
+    ASSERT_THAT(panel->ofType("participants"), SizeIs(2));
+    EXPECT_THAT(panel->ofType("participants")[1]["participants"], SizeIs(1));
+    EXPECT_THAT(meeting_.participants(), SizeIs(1));
+}
+
+TEST_F(MeetingTest, PhonesAndTheHostsOwnSocketAreNotToldWhoCame) {
+    const auto native = join("overlay-native-1");
+    const auto phone = join("phone-1");
+    const auto overlay = join("overlay-1");
+    join("phone-2");
+    EXPECT_THAT(overlay->ofType("participants"), SizeIs(1));
+    EXPECT_THAT(native->ofType("participants"), IsEmpty());
+    EXPECT_THAT(phone->ofType("participants"), IsEmpty());
+}
+
+TEST_F(MeetingTest, LeavingTwiceTellsNobody) {
+    const auto panel = join("panel-1");
+    const auto phone = join("phone-1");
+    meeting_.leave(*phone);
+    meeting_.leave(*phone);
+    EXPECT_THAT(panel->ofType("participants"), SizeIs(2));
+}
+
+TEST_F(MeetingTest, AStepGoesToEverybodyItsSenderToo) {
+    const auto native = join("overlay-native-1");
+    const auto phone = join("phone-1");
+    tap(*phone, "a");
+    tap(*phone, "b", Direction::previous);
+    for (const auto& connection : {native, phone}) {
+        const auto steps = connection->ofType("slide_nav");
+        ASSERT_THAT(steps, SizeIs(2));
+        EXPECT_EQ(steps[0], json({{"type", "slide_nav"},
+                                  {"direction", "next"},
+                                  {"seq", createdAt},
+                                  {"userId", "phone-1"},
+                                  {"id", "a"}}));
+        EXPECT_EQ(steps[1]["direction"], "prev");
+        EXPECT_EQ(steps[1]["seq"], createdAt + 1);
+    }
+}
+
+TEST_F(MeetingTest, ATapSentAgainAfterAReconnectTurnsNoSecondSlide) {
+    const auto native = join("overlay-native-1");
+    const auto before = join("phone-1");
+    tap(*before, "a");
+    meeting_.leave(*before);
+    const auto after = join("phone-1");
+    tap(*after, "a");
+    EXPECT_THAT(native->ofType("slide_nav"), SizeIs(1));
+    ASSERT_THAT(after->ofType("slide_nav"), SizeIs(1)) << "acknowledged all the same";
+    EXPECT_EQ(after->ofType("slide_nav")[0]["seq"], createdAt);
+    tap(*after, "b");
+    EXPECT_EQ(after->ofType("slide_nav")[1]["seq"], createdAt + 1) << "no number was lost";
+}
+
+TEST_F(MeetingTest, TwoPhonesMayUseTheSameId) {
+    const auto ann = join("phone-ann");
+    const auto bob = join("phone-bob");
+    tap(*ann, "1");
+    tap(*bob, "1");
+    EXPECT_THAT(ann->ofType("slide_nav"), SizeIs(2));
+}
+
+TEST_F(MeetingTest, PointersGoToOverlaysOnly) {
+    const auto overlay = join("overlay-1");
+    const auto native = join("overlay-native-1");
+    const auto panel = join("panel-1", Role::host);
+    const auto phone = join("phone-1");
+    meeting_.say(*phone, PointerMessage{0.5, 0.25, true});
+    ASSERT_THAT(overlay->ofType("pointer"), SizeIs(1));
+    EXPECT_EQ(overlay->ofType("pointer")[0], json({{"type", "pointer"},
+                                                   {"userId", "phone-1"},
+                                                   {"x", 0.5},
+                                                   {"y", 0.25},
+                                                   {"visible", true},
+                                                   {"color", "#aabbcc"}}));
+    for (const auto& other : {native, panel, phone}) {
+        EXPECT_THAT(other->ofType("pointer"), IsEmpty());
+    }
+}
+
+TEST_F(MeetingTest, PointersOfEachUserMayReplaceEachOtherAndStepsMayNot) {
+    const auto overlay = join("overlay-1");
+    const auto ann = join("phone-ann");
+    const auto bob = join("phone-bob");
+    overlay->topics.clear();
+    meeting_.say(*ann, PointerMessage{});
+    meeting_.say(*bob, PointerMessage{});
+    meeting_.say(*ann, PointerMessage{});
+    tap(*ann, "a");
+    ASSERT_THAT(overlay->topics, SizeIs(4));
+    EXPECT_EQ(overlay->topics[0], overlay->topics[2]);
+    EXPECT_NE(overlay->topics[0], overlay->topics[1]);
+    EXPECT_EQ(overlay->topics[3], "");
+}
+
+TEST_F(MeetingTest, ASecondJoinReplacesTheFirst) {
+    const auto first = join("phone-1");
+    const auto second = join("phone-1");
+    ASSERT_TRUE(first->closed);
+    EXPECT_EQ(first->closed->code, 4001);
+    EXPECT_EQ(first->closed->reason, "joined elsewhere");
+    EXPECT_THAT(meeting_.participants(), SizeIs(1));
+
+    tap(*first, "late");
+    meeting_.leave(*first);
+    EXPECT_THAT(second->ofType("slide_nav"), IsEmpty()) << "who was replaced says nothing more";
+    EXPECT_THAT(meeting_.participants(), SizeIs(1)) << "nor does its leaving take the other's seat";
+}
+
+TEST_F(MeetingTest, TheEndIsToldAndEverybodyIsDisconnected) {
+    const auto panel = join("panel-1");
+    const auto phone = join("phone-1");
+    meeting_.end();
+    for (const auto& connection : {panel, phone}) {
+        EXPECT_EQ(connection->sent().back(), json({{"type", "ended"}}));
+        ASSERT_TRUE(connection->closed);
+        EXPECT_EQ(connection->closed->code, 1000);
+    }
+    EXPECT_THAT(meeting_.participants(), IsEmpty());
+}
+
+TEST_F(MeetingTest, TwoHundredAreFullButMayReturn) {
+    for (int i = 0; i < 200; ++i) {
+        ASSERT_TRUE(meeting_.hasRoomFor("phone-" + std::to_string(i)));
+        join("phone-" + std::to_string(i));
+    }
+    EXPECT_FALSE(meeting_.hasRoomFor("phone-200"));
+    EXPECT_TRUE(meeting_.hasRoomFor("phone-7")) << "replaces itself";
+}
+
+TEST_F(MeetingTest, OldTapsAreForgottenInTheEnd) {
+    const auto phone = join("phone-1");
+    for (int i = 0; i <= 4096; ++i) tap(*phone, std::to_string(i));
+    tap(*phone, "4096");
+    EXPECT_EQ(phone->sent().back()["seq"], createdAt + 4096) << "a recent one is known";
+    tap(*phone, "0");
+    EXPECT_EQ(phone->sent().back()["seq"], createdAt + 4097) << "memory has to end somewhere";
+}
+
+}  // namespace
+}  // namespace stagehopper::companion

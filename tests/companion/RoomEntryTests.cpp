@@ -1,0 +1,84 @@
+#include "companion/backend/RoomEntry.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/companion/FakeConnection.h"
+
+namespace stagehopper::companion {
+namespace {
+
+using namespace std::chrono_literals;
+
+class RoomEntryTest : public testing::Test {
+protected:
+    std::string query(const std::string& userId, const std::string& role = "guest") const {
+        return "roomCode=" + meeting_->identity().roomCode + "&userId=" + userId + "&role=" + role +
+               "&displayName=x&cursorColor=%23000000";
+    }
+    std::string withSecret(const std::string& query) const {
+        return query + "&secret=" + meeting_->identity().secret;
+    }
+    unsigned enter(const std::string& query, Trust trust) {
+        return enterRoom(query, trust, "10.0.0.1", meetings_, wrongSecrets_, now_).status;
+    }
+
+    Meetings meetings_;
+    std::shared_ptr<Meeting> meeting_ = meetings_.create("Physics", 1790000000000);
+    WrongSecrets wrongSecrets_;
+    Moment now_;
+};
+
+TEST_F(RoomEntryTest, ThisMachinesClientsNeedNoSecret) {
+    EXPECT_EQ(enter(query("overlay-native-1"), Trust::localProgram), 101U);
+    EXPECT_EQ(enter(query("panel-1", "host"), Trust::ownPage), 101U);
+    EXPECT_EQ(enter(query("overlay-1"), Trust::ownPage), 101U);
+}
+
+TEST_F(RoomEntryTest, AProgramIsAGuest) {
+    EXPECT_EQ(enter(query("overlay-native-1", "host"), Trust::localProgram), 403U);
+}
+
+TEST_F(RoomEntryTest, ThePhoneNeedsTheSecret) {
+    EXPECT_EQ(enter(withSecret(query("phone-1")), Trust::network), 101U);
+    EXPECT_EQ(enter(query("phone-1"), Trust::network), 403U);
+    EXPECT_EQ(enter(query("phone-1") + "&secret=", Trust::network), 403U);
+    EXPECT_EQ(enter(withSecret(query("phone-1")) + "x", Trust::network), 403U);
+}
+
+TEST_F(RoomEntryTest, ThePhoneIsAGuestWithAnUnreservedName) {
+    EXPECT_EQ(enter(withSecret(query("phone-1", "host")), Trust::network), 403U);
+    EXPECT_EQ(enter(withSecret(query("overlay-1")), Trust::network), 403U);
+    EXPECT_EQ(enter(withSecret(query("panel-1")), Trust::network), 403U);
+}
+
+TEST_F(RoomEntryTest, TheSecretOfAnotherMeetingIsWrong) {
+    const auto other = meetings_.create("Chemistry", 1790000000001);
+    EXPECT_EQ(enter(query("phone-1") + "&secret=" + other->identity().secret, Trust::network),
+              403U);
+}
+
+TEST_F(RoomEntryTest, MalformedUnknownAndFull) {
+    EXPECT_EQ(enter("x", Trust::ownPage), 400U);
+    EXPECT_EQ(enter(query("a b"), Trust::ownPage), 400U);
+    for (int i = 0; i < 200; ++i) {
+        meeting_->join({"p" + std::to_string(i), "", Role::guest, "#000000"},
+                       std::make_shared<FakeConnection>());
+    }
+    EXPECT_EQ(enter(query("late"), Trust::ownPage), 503U);
+    const std::string ended = query("phone-1");
+    meetings_.end(meeting_->identity().roomCode);
+    EXPECT_EQ(enter(ended, Trust::ownPage), 404U);
+}
+
+TEST_F(RoomEntryTest, WhoGuessesWaitsEvenWithTheRightSecretAtLast) {
+    for (int i = 0; i < 10; ++i) {
+        EXPECT_EQ(enter(query("phone-1") + "&secret=guess", Trust::network), 403U);
+    }
+    EXPECT_EQ(enter(withSecret(query("phone-1")), Trust::network), 429U);
+    EXPECT_EQ(enter(query("overlay-native-1"), Trust::localProgram), 101U) << "others do not wait";
+    now_ += 60s;
+    EXPECT_EQ(enter(withSecret(query("phone-1")), Trust::network), 101U);
+}
+
+}  // namespace
+}  // namespace stagehopper::companion

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/UrlSession.h"
+
+namespace stagehopper {
+
+/// A server on the loopback interface, and what it saw. It takes a WebSocket on every path and says
+/// nothing on it of its own accord, except pongs.
+class StandInServer {
+public:
+    virtual ~StandInServer() = default;
+
+    /// Host and port, as they stand in an address.
+    [[nodiscard]] virtual std::string authority() const = 0;
+    /// What a GET of this path gets; any other path gets a 404.
+    virtual void answers(const std::string& path, platform::HttpResponse response) = 0;
+    /// Requests for this path, WebSocket or not, are taken and never answered.
+    virtual void neverAnswers(const std::string& path) = 0;
+    /// From now on pings are taken and get no pong.
+    virtual void ignoresPings() = 0;
+
+    // --- The last WebSocket connection ------------------------------------------------------
+
+    virtual void sends(const platform::WebSocketMessage& message) = 0;
+    virtual void closes(int code) = 0;
+    /// The connection is gone, without a word.
+    virtual void breaks() = 0;
+
+    /// Path and query of each WebSocket connection so far.
+    [[nodiscard]] virtual std::vector<std::string> socketTargets() const = 0;
+    [[nodiscard]] virtual int pings() const = 0;
+    /// The client's, once it has closed.
+    [[nodiscard]] virtual std::optional<int> closeCode() const = 0;
+};
+
+/// A session under test and servers for it. One per test.
+class ServerHarness {
+public:
+    virtual ~ServerHarness() = default;
+
+    virtual platform::UrlSession& session() = 0;
+    /// The harness owns it.
+    virtual StandInServer& startServer() = 0;
+    /// Host and port where nobody listens.
+    virtual std::string refusingAuthority() = 0;
+    /// Lets time pass, the port's own, until `done` holds. False when the limit came first.
+    virtual bool runUntil(const std::function<bool()>& done,
+                          std::chrono::seconds limit = std::chrono::seconds{10}) = 0;
+};
+
+/// Each port's test program defines it.
+std::unique_ptr<ServerHarness> makeServerHarness();
+
+}  // namespace stagehopper

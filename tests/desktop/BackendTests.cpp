@@ -1,0 +1,176 @@
+// The real program and its backend: found, started, kept running, stopped, and gone at the end.
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <csignal>
+#include <fstream>
+
+#include "tests/desktop/FaultyBackend.h"
+#include "tests/desktop/KeptDebugLog.h"
+#include "tests/desktop/RemotePanel.h"
+#include "tools/virtualdesktop/Processes.h"
+
+namespace stagehopper::desktop {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr const char* backendName = "StagehopperBackend-arm64";
+constexpr std::chrono::seconds limit{15};
+
+/// A program that answers /health takes the place of the backend: no other is started.
+class Backend : public testing::Test {
+protected:
+    std::filesystem::path pages() {
+        if (pages_.empty()) pages_ = writeRemotePage(desktop_);
+        return pages_;
+    }
+    /// Puts a script in the backend's place.
+    void installScript(const std::string& script) {
+        const auto file = pages() / backendName;
+        std::ofstream(file) << "#!/bin/sh\n" << script << '\n';
+        chmod(file.c_str(), 0755);
+    }
+    void installRealBackend() {
+        std::filesystem::copy_file(programFolder() / "Resources" / backendName,
+                                   pages() / backendName);
+    }
+    std::unique_ptr<DrivenProgram> start() {
+        return std::make_unique<DrivenProgram>(desktop_, pages());
+    }
+    /// The backends that were started on this desktop and still run.
+    std::vector<pid_t> backends() {
+        std::vector<pid_t> found;
+        for (const auto process : processesWithEnvironment(desktop_.folder().native())) {
+            if (programName(process).starts_with("StagehopperBack")) found.push_back(process);
+        }
+        return found;
+    }
+    void expectGoodEnd(DrivenProgram& driven) {
+        desktop_.windows().requestClose(driven.panel());
+        EXPECT_EQ(driven.program().waitForExit(limit), 0) << driven.output();
+        EXPECT_TRUE(backends().empty());
+    }
+
+    KeptDebugLog keptLog_;
+    VirtualDesktop desktop_;
+    std::filesystem::path pages_;
+};
+
+TEST_F(Backend, AMissingOneIsReportedOnceAndTheProgramWorks) {
+    const auto driven = start();
+    EXPECT_TRUE(driven->logs("Stagehopper: bundled backend not found at ", 0, limit));
+    EXPECT_TRUE(driven->logs("app_launched nativeSlideDiscovery started", 0));
+    EXPECT_EQ(driven->program().output().count("not found at"), 1U);
+    expectGoodEnd(*driven);
+}
+
+TEST_F(Backend, OneThatExitsAtOnceIsStartedThreeTimes) {
+    installScript("exit 7");
+    const auto driven = start();
+    ASSERT_TRUE(driven->logs("max launch attempts reached", 0, limit)) << driven->output();
+    for (const auto* line : {"started bundled backend StagehopperBackend-arm64 (attempt 1/3)",
+                             "bundled backend exited (status 7), will retry (1/3)",
+                             "started bundled backend StagehopperBackend-arm64 (attempt 2/3)",
+                             "bundled backend exited (status 7), will retry (2/3)",
+                             "started bundled backend StagehopperBackend-arm64 (attempt 3/3)"}) {
+        EXPECT_EQ(driven->program().output().count(line), 1U) << line;
+    }
+    expectGoodEnd(*driven);
+}
+
+TEST_F(Backend, OneThatCannotBeRunIsTriedThreeTimes) {
+    const auto file = pages() / backendName;
+    std::ofstream(file) << "this is no program";
+    chmod(file.c_str(), 0755);
+    const auto driven = start();
+    const auto failed = [&] {
+        return driven->program().output().count("failed to start bundled backend: ") == 3;
+    };
+    EXPECT_TRUE(waitFor(failed, limit)) << driven->output();
+    expectGoodEnd(*driven);
+}
+
+TEST_F(Backend, OneThatHangsHoldsNothingUpAndIsEndedAtQuit) {
+    installScript("exec sleep 1000");
+    const auto driven = start();
+    ASSERT_TRUE(driven->logs("(attempt 1/3)", 0, limit));
+    ASSERT_TRUE(driven->logs("no_auto_prompts", 0, limit));
+    EXPECT_TRUE(driven->logs("the page listens", 0, limit));
+    expectGoodEnd(*driven);
+    for (const auto process : processesWithEnvironment(desktop_.folder().native())) {
+        EXPECT_NE(programName(process), "sleep");
+    }
+}
+
+TEST_F(Backend, AHealthyServerElsewhereInTheRangeIsUsedInstead) {
+    const FaultyBackend other(3007);
+    installRealBackend();
+    const auto driven = start();
+    ASSERT_TRUE(driven->logs("no_auto_prompts", 0, limit));
+    EXPECT_TRUE(driven->logs("native_ws_connecting room=AB12CD reason=active_discovery", 0, limit));
+    EXPECT_EQ(driven->program().output().count("bundled backend"), 0U) << driven->output();
+    EXPECT_TRUE(backends().empty());
+    expectGoodEnd(*driven);
+}
+
+TEST_F(Backend, TheRealOneIsStartedAndGoneAfterTheEnd) {
+    installRealBackend();
+    const auto driven = start();
+    ASSERT_TRUE(driven->logs("(attempt 1/3)", 0, limit)) << driven->output();
+    EXPECT_EQ(backends().size(), 1U);
+    expectGoodEnd(*driven);
+}
+
+TEST_F(Backend, AKilledOneIsStartedAgain) {
+    installRealBackend();
+    const auto driven = start();
+    ASSERT_TRUE(driven->logs("(attempt 1/3)", 0, limit)) << driven->output();
+    const auto killed = backends();
+    ASSERT_EQ(killed.size(), 1U);
+    kill(killed.front(), SIGKILL);
+    EXPECT_TRUE(driven->logs("bundled backend exited (status 9), will retry (1/3)", 0, limit))
+        << driven->output();
+    EXPECT_TRUE(driven->logs("(attempt 2/3)", 0, limit)) << driven->output();
+    ASSERT_EQ(backends().size(), 1U);
+    EXPECT_NE(backends().front(), killed.front());
+    expectGoodEnd(*driven);
+}
+
+TEST_F(Backend, TheBackendEndsAlsoWhenTheProgramIsKilled) {
+    installRealBackend();
+    const auto driven = start();
+    ASSERT_TRUE(driven->logs("(attempt 1/3)", 0, limit)) << driven->output();
+    ASSERT_EQ(backends().size(), 1U);
+    driven->program().signal(SIGKILL);
+    EXPECT_TRUE(waitFor([this] { return backends().empty(); }, limit));
+}
+
+TEST_F(Backend, QuittingDuringTheRestartDelayStartsNothing) {
+    installScript("exit 1");
+    const auto driven = start();
+    ASSERT_TRUE(driven->logs("will retry (1/3)", 0, limit));
+    expectGoodEnd(*driven);
+    EXPECT_EQ(driven->program().output().count("(attempt 2/3)"), 0U);
+}
+
+TEST_F(Backend, StopAndStartFromThePanelEndAndStartIt) {
+    pages_ = writeRemotePage(desktop_);
+    installRealBackend();
+    RemotePanel panel(desktop_, pages_);
+    ASSERT_TRUE(panel->logs("(attempt 1/3)", 0, limit)) << panel->output();
+    panel.run("electronAPI.stopBundledBackend()");
+    EXPECT_TRUE(waitFor([this] { return backends().empty(); }, limit));
+    const auto mark = panel->mark();
+    panel.run("electronAPI.startBundledBackend()");
+    EXPECT_TRUE(panel->logs("(attempt 1/3)", mark, limit)) << panel->output();
+    EXPECT_EQ(backends().size(), 1U);
+    EXPECT_EQ(panel->program().output().count("will retry"), 0U);
+    desktop_.windows().requestClose(panel->panel());
+    EXPECT_EQ(panel->program().waitForExit(limit), 0) << panel->output();
+    EXPECT_TRUE(backends().empty());
+}
+
+}  // namespace
+}  // namespace stagehopper::desktop

@@ -1,0 +1,225 @@
+// The phone without a screen: what it does to a page, what it tells, and that it leaves nothing.
+
+#include <gdk-pixbuf/gdk-pixbuf.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "tools/phone/HeadlessPhone.h"
+#include "tools/virtualdesktop/DesktopError.h"
+#include "tools/virtualdesktop/Processes.h"
+
+namespace stagehopper::desktop {
+namespace {
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
+
+constexpr const char* twoButtons =
+    R"html(<!doctype html>
+<meta charset="utf-8">
+<meta name="viewport" content="width=device-width">
+<style>
+    body { margin: 0; background: rgb(10, 200, 30); }
+    @media (prefers-color-scheme: dark) { body { background: rgb(1, 2, 3); } }
+    button { position: absolute; left: 20px; width: 200px; height: 60px; }
+    #pad { position: absolute; top: 400px; width: 390px; height: 300px; touch-action: none; }
+</style>
+<button style="top: 100px" onclick="told('next ' + event.isTrusted)">Next slide</button>
+<button style="top: 200px" onclick="told('previous')" aria-label="Previous slide">&lt;</button>
+<button style="top: 2000px" onclick="told('end')">End</button>
+<button style="top: 300px" onclick="told('late')" id="late" disabled>Late</button>
+<div id="told"></div><div id="pad"></div>
+<script>
+    window.loaded = Date.now() + Math.random();
+    const told = text => { document.getElementById('told').textContent = text; };
+    window.trace = [];
+    for (const type of ['touchstart', 'touchmove', 'touchend']) {
+        document.getElementById('pad').addEventListener(type, event => {
+            const touch = event.changedTouches[0];
+            trace.push([type, Math.round(touch.clientX), Math.round(touch.clientY)]);
+        });
+    }
+</script>)html";
+
+/// What is said about an attempt that fails.
+template <class Attempt>
+std::string wordsOf(const Attempt& attempt) {
+    try {
+        attempt();
+    } catch (const DesktopError& error) {
+        return error.what();
+    }
+    return "nothing was said";
+}
+
+class HeadlessPhoneTest : public testing::Test {
+protected:
+    HeadlessPhoneTest() { write("page.html", twoButtons); }
+
+    void write(const std::string& name, const std::string& text) const {
+        std::ofstream(desktop_.folder() / name) << text;
+    }
+    [[nodiscard]] std::string address(const std::string& name = "page.html") const {
+        return "file://" + (desktop_.folder() / name).native();
+    }
+
+    VirtualDesktop desktop_;
+};
+
+struct Unref {
+    void operator()(GdkPixbuf* picture) const { g_object_unref(picture); }
+};
+
+TEST_F(HeadlessPhoneTest, TapsWhatIsFoundByItsAccessibleName) {
+    HeadlessPhone phone(desktop_);
+    phone.open(address());
+    phone.tap("Next slide");
+    phone.waitFor("document.getElementById('told').textContent === 'next true'");
+    phone.tap("Previous slide");
+    phone.waitFor("document.getElementById('told').textContent === 'previous'");
+    EXPECT_EQ(phone.text("#told"), "previous");
+    EXPECT_THAT(phone.consoleMessages(), IsEmpty());
+}
+
+TEST_F(HeadlessPhoneTest, ScrollsToWhatItTaps) {
+    HeadlessPhone phone(desktop_);
+    phone.open(address());
+    phone.tap("End");
+    phone.waitFor("document.getElementById('told').textContent === 'end'");
+    EXPECT_GT(phone.evaluate("scrollY").get<double>(), 1000);
+}
+
+TEST_F(HeadlessPhoneTest, WaitsUntilAButtonIsEnabled) {
+    HeadlessPhone phone(desktop_);
+    phone.open(address());
+    EXPECT_EQ(phone.evaluate("setTimeout(() => { late.disabled = false; }, 300) > 0"), true);
+    phone.tap("Late");
+    phone.waitFor("document.getElementById('told').textContent === 'late'");
+}
+
+TEST_F(HeadlessPhoneTest, SwipesWithOneFinger) {
+    HeadlessPhone phone(desktop_);
+    phone.open(address());
+    phone.swipe({300, 500}, {100, 520});
+    phone.waitFor("trace.some(entry => entry[0] === 'touchend')");
+    const auto trace = phone.evaluate("trace");
+    EXPECT_EQ(trace.front(), nlohmann::json::array({"touchstart", 300, 500}));
+    EXPECT_EQ(trace.back(), nlohmann::json::array({"touchend", 100, 520}));
+    EXPECT_GT(trace.size(), 4U);
+}
+
+TEST_F(HeadlessPhoneTest, IsAPhoneWithItsUsersLanguage) {
+    HeadlessPhone phone(desktop_, {"zh-CN", false});
+    phone.open(address());
+    EXPECT_EQ(phone.evaluate("[navigator.language, ...navigator.languages]"),
+              nlohmann::json::array({"zh-CN", "zh-CN"}));
+    EXPECT_EQ(phone.evaluate("[innerWidth, innerHeight, devicePixelRatio]"),
+              nlohmann::json::array({390, 844, 2}));
+    EXPECT_EQ(phone.evaluate("matchMedia('(pointer: coarse)').matches"), true);
+    EXPECT_GT(phone.evaluate("navigator.maxTouchPoints").get<int>(), 0);
+}
+
+TEST_F(HeadlessPhoneTest, TakesAPictureOfItsScreen) {
+    struct Case {
+        bool darkMode;
+        Colour background;
+    };
+    for (const auto& [darkMode, background] : {Case{false, {10, 200, 30}}, Case{true, {1, 2, 3}}}) {
+        HeadlessPhone phone(desktop_, {"en", darkMode});
+        phone.open(address());
+        const auto file = desktop_.folder() / "phone.png";
+        phone.savePicture(file);
+        const std::unique_ptr<GdkPixbuf, Unref> picture(
+            gdk_pixbuf_new_from_file(file.c_str(), nullptr));
+        ASSERT_TRUE(picture);
+        EXPECT_EQ(gdk_pixbuf_get_width(picture.get()), 390 * HeadlessPhone::pixelRatio);
+        EXPECT_EQ(gdk_pixbuf_get_height(picture.get()), 844 * HeadlessPhone::pixelRatio);
+        const auto* corner = gdk_pixbuf_read_pixels(picture.get());
+        EXPECT_EQ((Colour{corner[0], corner[1], corner[2]}), background);
+    }
+}
+
+TEST_F(HeadlessPhoneTest, ReallyLoadsWhenOnlyTheFragmentDiffersAndWhenReloading) {
+    HeadlessPhone phone(desktop_);
+    phone.open(address() + "#one");
+    const auto first = phone.evaluate("loaded");
+    phone.open(address() + "#two");
+    const auto second = phone.evaluate("loaded");
+    EXPECT_NE(second, first);
+    EXPECT_EQ(phone.evaluate("location.hash"), "#two");
+    phone.reload();
+    EXPECT_NE(phone.evaluate("loaded"), second);
+    EXPECT_EQ(phone.evaluate("location.hash"), "#two");
+}
+
+TEST_F(HeadlessPhoneTest, TellsTheErrorsOfThePage) {
+    write("faulty.html",
+          "<script>console.log('fine'); console.error('wrong', 7);</script>"
+          "<script>throw new Error('not caught');</script>"
+          "<script src='missing.js'></script>");
+    HeadlessPhone phone(desktop_);
+    phone.open(address("faulty.html"));
+    EXPECT_THAT(
+        phone.consoleMessages(),
+        UnorderedElementsAre("wrong 7", HasSubstr("Error: not caught"), HasSubstr("missing.js")));
+}
+
+TEST_F(HeadlessPhoneTest, GoesOfflineAndComesBack) {
+    HeadlessPhone phone(desktop_);
+    phone.open(address());
+    EXPECT_EQ(phone.evaluate("addEventListener('offline', () => told('gone')); navigator.onLine"),
+              true);
+    phone.setOffline(true);
+    phone.waitFor("document.getElementById('told').textContent === 'gone'");
+    EXPECT_EQ(phone.evaluate("navigator.onLine"), false);
+    phone.setOffline(false);
+    phone.waitFor("navigator.onLine");
+}
+
+TEST_F(HeadlessPhoneTest, SaysWhatDoesNotComeAbout) {
+    constexpr std::chrono::milliseconds soon{300};
+    HeadlessPhone phone(desktop_);
+    EXPECT_THAT(wordsOf([&] { phone.open(address("missing.html")); }),
+                HasSubstr("ERR_FILE_NOT_FOUND"));
+    phone.open(address());
+    EXPECT_THAT(wordsOf([&] { static_cast<void>(phone.evaluate("Promise.reject(Error('no'))")); }),
+                HasSubstr("Error: no"));
+    EXPECT_THAT(wordsOf([&] { phone.waitFor("missing.value", soon); }),
+                HasSubstr("missing is not defined"));
+    EXPECT_THAT(wordsOf([&] { phone.tap("Late", "button", soon); }), HasSubstr("is disabled"));
+}
+
+TEST_F(HeadlessPhoneTest, NoticesThatThePageCrashedOrTheBrowserEnded) {
+    HeadlessPhone phone(desktop_);
+    // It may crash before the browser has answered, or after.
+    auto words = wordsOf([&] { phone.open("chrome://crash"); });
+    words += wordsOf([&] { static_cast<void>(phone.evaluate("1")); });
+    EXPECT_THAT(words, HasSubstr("the page crashed"));
+    phone.open(address());
+    phone.browser().end();
+    EXPECT_THAT(wordsOf([&] { phone.reload(); }), HasSubstr("gone"));
+}
+
+TEST_F(HeadlessPhoneTest, LeavesNoProcessBehind) {
+    const auto chromiumProcesses = [this] {
+        int count = 0;
+        for (const auto process : processesWithEnvironment(desktop_.folder().native())) {
+            count += programName(process) == "chromium" ? 1 : 0;
+        }
+        return count;
+    };
+    pid_t group = 0;
+    {
+        HeadlessPhone phone(desktop_);
+        group = phone.browser().pid();
+        EXPECT_GT(chromiumProcesses(), 0);
+    }
+    EXPECT_FALSE(isGroupAlive(group));
+    EXPECT_EQ(chromiumProcesses(), 0);
+}
+
+}  // namespace
+}  // namespace stagehopper::desktop

@@ -1,0 +1,174 @@
+// The whole road: from a touch on a phone's screen to the slide on the wall, and to the pointer
+// above it.
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+
+#include "tests/desktop/FaultyBackend.h"
+#include "tests/desktop/KeptDebugLog.h"
+#include "tools/phone/HeadlessPhone.h"
+#include "tools/presentations/Deck.h"
+#include "tools/presentations/Impress.h"
+#include "tools/program/DrivenProgram.h"
+#include "tools/program/JoinLink.h"
+#include "tools/virtualdesktop/Processes.h"
+
+namespace stagehopper::desktop {
+namespace {
+
+constexpr std::chrono::seconds limit{15};
+
+class PhoneRemote : public testing::Test {
+protected:
+    PhoneRemote() {
+        link_ = joinLink();
+        phone_.open(link_);
+        expectState("Connected");
+        // The program itself is in the room, too, when it has found it.
+        if (!driven_.logs("native_ws_ready", 0, limit)) {
+            throw std::runtime_error("the room was not joined:\n" + driven_.output());
+        }
+    }
+    void expectState(const std::string& words) {
+        phone_.waitFor("document.body.innerText.includes('" + words + "')", limit);
+    }
+    std::size_t stepsReceived() { return driven_.program().output().count("native_ws_received"); }
+
+    KeptDebugLog keptLog_;
+    VirtualDesktop desktop_;
+    DrivenProgram driven_{desktop_};
+    std::string link_;
+    HeadlessPhone phone_{desktop_};
+};
+
+TEST_F(PhoneRemote, TurnsTheSlidesOfAShowBehindThePanel) {
+    Impress impress(desktop_);
+    impress.startShow();
+    const auto focused = desktop_.windows().focused();
+    phone_.tap("Next");
+    EXPECT_TRUE(impress.waitForSlide(2)) << driven_.output();
+    phone_.tap("Next");
+    EXPECT_TRUE(impress.waitForSlide(3)) << driven_.output();
+    phone_.tap("Previous");
+    EXPECT_TRUE(impress.waitForSlide(2)) << driven_.output();
+    phone_.swipe({300, 250}, {80, 250});
+    EXPECT_TRUE(impress.waitForSlide(3)) << driven_.output();
+    EXPECT_EQ(desktop_.windows().focused(), focused);
+    EXPECT_TRUE(phone_.consoleMessages().empty()) << phone_.consoleMessages().front();
+}
+
+TEST_F(PhoneRemote, AThumbThatBouncesTurnsOneSlide) {
+    const auto mark = driven_.mark();
+    (void)phone_.evaluate(
+        "(() => { const next = document.querySelector('#next'); next.click(); next.click(); })()");
+    ASSERT_TRUE(driven_.logs("native_ws_received direction=next", mark));
+    phone_.tap("Previous");
+    ASSERT_TRUE(driven_.logs("native_ws_received direction=prev", mark));
+    EXPECT_EQ(driven_.program().output().count("native_ws_received direction=next", mark), 1U);
+}
+
+TEST_F(PhoneRemote, PointsOnTheOverlay) {
+    driven_.click("Overlay", ATSPI_ROLE_TOGGLE_BUTTON);
+    const auto pad = phone_.evaluate(
+        "(() => { const r = document.querySelector('#pad').getBoundingClientRect();"
+        " return [r.left, r.top, r.width, r.height]; })()");
+    const auto at = [&pad](std::size_t start, double share) {
+        return pad.at(start).get<double>() + pad.at(start + 2).get<double>() * share;
+    };
+    const auto colours = phone_.evaluate(
+        "getComputedStyle(document.querySelector('#dot')).backgroundColor.match(/\\d+/"
+        "g).map(Number)");
+    const Colour colour{colours.at(0).get<std::uint8_t>(), colours.at(1).get<std::uint8_t>(),
+                        colours.at(2).get<std::uint8_t>()};
+    // A tenth from the left and from the top: beside the panel, on the bare desktop.
+    const int x = 128;
+    const int y = 72;
+    const auto isAt = [&](int pixelX, int pixelY) {
+        const auto now = Picture::of(desktop_.display(), desktop_.display().root());
+        return now && now->at(pixelX, pixelY) == colour;
+    };
+    phone_.touchStart(at(0, 0.1), at(1, 0.1));
+    EXPECT_TRUE(waitFor([&] { return isAt(x, y); }, limit)) << "the pointer is not to be seen";
+    // Moved on, it leaves nothing behind.
+    phone_.touchMove(at(0, 0.1), at(1, 0.8));
+    EXPECT_TRUE(waitFor([&] { return isAt(x, 576) && !isAt(x, y); }, limit))
+        << "the pointer did not move, or left a trail";
+    phone_.touchEnd();
+    EXPECT_TRUE(waitFor([&] { return !isAt(x, 576); }, limit)) << "the pointer stayed";
+}
+
+TEST_F(PhoneRemote, ThePanelShowsTheLinkAndWhoHasFollowedIt) {
+    if (link_.find("127.0.0.1") != std::string::npos) GTEST_SKIP() << "this machine has no network";
+    const auto& tree = desktop_.accessible();
+    const auto entry = tree.waitFor(driven_.program().pid(), ATSPI_ROLE_ENTRY, "Link", limit);
+    EXPECT_TRUE(waitFor([&] { return tree.text(entry) == link_; }, limit)) << tree.text(entry);
+    const auto root = tree.program(driven_.program().pid());
+    ASSERT_TRUE(root);
+    EXPECT_TRUE(waitFor(
+        [&] { return tree.outline(*root).find("list item 'Phone'") != std::string::npos; }, limit))
+        << tree.outline(*root);
+}
+
+TEST_F(PhoneRemote, ComesBackByItselfWhenTheBackendWasKilled) {
+    for (const auto process : processesWithEnvironment(desktop_.folder().native())) {
+        if (programName(process).starts_with("StagehopperBack")) kill(process, SIGKILL);
+    }
+    ASSERT_TRUE(driven_.logs("bundled backend exited (status 9), will retry (1/3)", 0, limit));
+    expectState("Connection lost");
+    // The new backend knows nothing of the old meeting: the panel begins another one.
+    ASSERT_TRUE(driven_.logs("(attempt 2/3)", 0, limit));
+    expectState("This meeting is over");
+    phone_.open(joinLink());
+    expectState("Connected");
+    const auto mark = driven_.mark();
+    ASSERT_TRUE(driven_.logs("native_ws_ready", mark, limit)) << driven_.output();
+    phone_.tap("Next");
+    EXPECT_TRUE(driven_.logs("native_ws_received direction=next", mark)) << driven_.output();
+}
+
+TEST_F(PhoneRemote, AWrongLinkIsToldInWordsAndTurnsNothing) {
+    auto wrong = link_;
+    wrong.back() = wrong.back() == 'A' ? 'B' : 'A';
+    HeadlessPhone other(desktop_);
+    other.open(wrong);
+    other.waitFor("document.body.textContent.includes('does not fit the meeting')", limit);
+    EXPECT_EQ(stepsReceived(), 0U);
+}
+
+TEST_F(PhoneRemote, APageElsewhereCanNeitherListNorCreateNorJoin) {
+    const auto base =
+        "http://127.0.0.1" + link_.substr(link_.rfind(':'), link_.rfind('/') - link_.rfind(':'));
+    const FaultyBackend elsewhere(3041);
+    HeadlessPhone other(desktop_);
+    other.open("http://127.0.0.1:3041/elsewhere");
+    const auto outcome = [&](const std::string& request) {
+        return other.evaluate(request + ".then(r => r.type + r.status, () => 'refused')")
+            .get<std::string>();
+    };
+    EXPECT_EQ(outcome("fetch('" + base + "/v1/meetings/active')"), "refused");
+    EXPECT_EQ(outcome("fetch('" + base + "/v1/meetings/active', {mode: 'no-cors'})"), "refused");
+    EXPECT_EQ(outcome("fetch('" + base + "/v1/meetings', {method: 'POST', body: '{}'})"),
+              "refused");
+    const auto joined = other.evaluate(
+        "new Promise(done => { const socket = new WebSocket('" + base +
+        "/ws?roomCode=" + link_.substr(link_.find('#') + 1, 6) +
+        "&userId=panel-1&role=host&displayName=x&cursorColor=%23000000');"
+        " socket.onopen = () => done('joined'); socket.onerror = () => done('refused'); })");
+    EXPECT_EQ(joined, "refused");
+    const auto framed = other.evaluate(
+        "new Promise(done => { addEventListener('message', e => done(e.data.kind));"
+        " const frame = document.createElement('iframe'); frame.src = '" +
+        base + "/link'; document.body.append(frame); })");
+    EXPECT_EQ(framed, "refused");
+    // And there is still one meeting, with one phone in it.
+    EXPECT_EQ(joinLink(), link_);
+}
+
+TEST_F(PhoneRemote, SaysThatTheMeetingHasEnded) {
+    driven_.click("End meeting");
+    expectState("The meeting has ended");
+}
+
+}  // namespace
+}  // namespace stagehopper::desktop

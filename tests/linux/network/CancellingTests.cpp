@@ -1,0 +1,125 @@
+// Connections that are cancelled or dropped while something is pending.
+
+#include <gmock/gmock.h>
+
+#include "ports/linux/network/BeastUrlSession.h"
+#include "tests/linux/network/LoopbackServer.h"
+#include "tests/linux/network/Outcomes.h"
+#include "tests/linux/network/QuietServers.h"
+
+namespace stagehopper {
+namespace {
+
+using namespace std::chrono_literals;
+using linux_port::BeastUrlSession;
+using testing::ElementsAre;
+
+constexpr auto cancelledWords = "error: The connection was cancelled";
+
+TEST(Cancelling, WhileConnectingFailsWhatIsPending) {
+    const CrowdedPort crowded;
+    BeastUrlSession session;
+    Outcomes outcomes;
+    const auto task = session.makeWebSocketTask("ws://" + crowded.authority() + "/ws");
+    task->resume();
+    task->receive(outcomes.message());
+    EXPECT_FALSE(outcomes.lines().await(1, 20ms));
+    task->cancel(1000);
+    EXPECT_THAT(outcomes.first(1), ElementsAre(cancelledWords));
+}
+
+TEST(Cancelling, WhileTheHostIsLookedUpFailsWhatIsPending) {
+    DeafServer deaf;
+    BeastUrlSession session;
+    Outcomes outcomes;
+    const auto task =
+        session.makeWebSocketTask("ws://localhost:" + std::to_string(deaf.server.port()));
+    task->resume();
+    task->receive(outcomes.message());
+    task->cancel(1000);
+    EXPECT_THAT(outcomes.first(1), ElementsAre(cancelledWords));
+}
+
+TEST(Cancelling, DuringTheHandshakeLeavesTheServer) {
+    SilentServer silent;
+    BeastUrlSession session;
+    Outcomes outcomes;
+    const auto task = session.makeWebSocketTask("ws://" + silent.server.authority() + "/ws");
+    task->resume();
+    task->receive(outcomes.message());
+    task->sendPing(outcomes.pong());
+    ASSERT_TRUE(silent.asked.await(1));
+    task->cancel(1000);
+    EXPECT_THAT(outcomes.first(2),
+                ElementsAre(cancelledWords, "no pong: The connection was cancelled"));
+    EXPECT_TRUE(silent.left.await(1));
+}
+
+TEST(Cancelling, DoesNotWaitLongForAServerThatNeverCloses) {
+    DeafServer deaf;
+    BeastUrlSession session({.closing = 50ms});
+    Outcomes outcomes;
+    const auto task = session.makeWebSocketTask("ws://" + deaf.server.authority() + "/ws");
+    task->resume();
+    task->receive(outcomes.message());
+    task->receive(outcomes.message());
+    ASSERT_TRUE(outcomes.lines().await(1));
+    task->cancel(1001);
+    EXPECT_THAT(outcomes.first(2), ElementsAre("text hello", cancelledWords));
+    ASSERT_TRUE(deaf.frames.await(2));
+    EXPECT_THAT(deaf.frames.all(), ElementsAre("close 1001", "end"));
+}
+
+TEST(Cancelling, TwiceIsOnce) {
+    DeafServer deaf;
+    BeastUrlSession session({.closing = 50ms});
+    Outcomes outcomes;
+    const auto task = session.makeWebSocketTask("ws://" + deaf.server.authority() + "/ws");
+    task->resume();
+    task->receive(outcomes.message());
+    ASSERT_TRUE(outcomes.lines().await(1));
+    task->cancel(1001);
+    task->cancel(1002);
+    ASSERT_TRUE(deaf.frames.await(2));
+    EXPECT_THAT(deaf.frames.all(), ElementsAre("close 1001", "end"));
+}
+
+TEST(Cancelling, FromInsideACompletionFailsThoseThatFollow) {
+    const LoopbackServer server([](Peer& peer) {
+        const auto request = peer.readRequest();
+        if (!request) return;
+        peer.acceptWebSocket(*request);
+        peer.send(Frame{Frame::text, "one"});
+        peer.send(Frame{Frame::text, "two"});
+        peer.readUntilGone();
+    });
+    BeastUrlSession session({.closing = 50ms});
+    Outcomes outcomes;
+    auto task = session.makeWebSocketTask("ws://" + server.authority() + "/ws");
+    task->receive([weak = std::weak_ptr(task), first = outcomes.message(),
+                   second = outcomes.message()](const platform::ReceiveResult& result) {
+        first(result);
+        if (const auto strong = weak.lock()) {
+            strong->cancel(1000);
+            strong->receive(second);
+        }
+    });
+    task->resume();
+    EXPECT_THAT(outcomes.first(2), ElementsAre("text one", cancelledWords));
+}
+
+TEST(Dropping, ACompletionMayHoldTheLastReference) {
+    SilentServer silent;
+    BeastUrlSession session({.handshake = 50ms});
+    Outcomes outcomes;
+    auto task = session.makeWebSocketTask("ws://" + silent.server.authority() + "/ws");
+    auto& borrowed = *task;
+    borrowed.resume();
+    borrowed.receive([task = std::move(task), report = outcomes.message()](
+                         const platform::ReceiveResult& result) { report(result); });
+    EXPECT_THAT(outcomes.first(1), ElementsAre("error: The connection timed out"));
+    EXPECT_TRUE(silent.left.await(1));
+}
+
+}  // namespace
+}  // namespace stagehopper

@@ -1,0 +1,172 @@
+// Requests to servers that do odd things.
+
+#include <gmock/gmock.h>
+
+#include "ports/linux/network/BeastUrlSession.h"
+#include "tests/linux/network/LoopbackServer.h"
+#include "tests/linux/network/Outcomes.h"
+
+namespace stagehopper {
+namespace {
+
+using namespace std::chrono_literals;
+using linux_port::BeastUrlSession;
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+/// What comes of a request when the server sends these bytes and ends its half.
+std::string answerTo(const std::string& bytes) {
+    const LoopbackServer server([&bytes](Peer& peer) {
+        if (!peer.readRequest()) return;
+        peer.send(bytes);
+        peer.finish();
+        peer.readUntilGone();
+    });
+    BeastUrlSession session;
+    Outcomes outcomes;
+    session.startDataTask("http://" + server.authority() + "/", outcomes.data());
+    const auto lines = outcomes.first(1);
+    return lines.empty() ? "nothing" : lines.front();
+}
+
+TEST(DataTask, SendsAPlainGetAndClosesTheConnection) {
+    Collected<std::string> requests;
+    const LoopbackServer server([&requests](Peer& peer) {
+        requests.add(peer.readRequest().value_or("none"));
+        peer.send("HTTP/1.1 200 OK\r\nContent-Length: 0\r\n\r\n");
+        peer.readUntilGone();
+        requests.add("gone");
+    });
+    BeastUrlSession session;
+    Outcomes outcomes;
+    session.startDataTask("http://" + server.authority() + "/v1/a?b=%20", outcomes.data());
+    ASSERT_TRUE(requests.await(2));
+    EXPECT_EQ(requests.all().front(), "GET /v1/a?b=%20 HTTP/1.1\r\nHost: " + server.authority() +
+                                          "\r\nUser-Agent: Stagehopper\r\nAccept: */*\r\n"
+                                          "Connection: close\r\n\r\n");
+}
+
+TEST(DataTask, FindsAHostByItsName) {
+    const LoopbackServer server(
+        [](Peer& peer) { peer.readRequest(), peer.send("HTTP/1.1 204 No Content\r\n\r\n"); });
+    BeastUrlSession session;
+    Outcomes outcomes;
+    session.startDataTask("http://localhost:" + std::to_string(server.port()), outcomes.data());
+    EXPECT_THAT(outcomes.first(1), ElementsAre("204 "));
+}
+
+TEST(DataTask, ReadsAChunkedBody) {
+    EXPECT_EQ(answerTo("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n"
+                       "3\r\none\r\n4\r\n two\r\n0\r\n\r\n"),
+              "200 one two");
+}
+
+TEST(DataTask, ReadsABodyUpToTheEndOfTheStream) {
+    EXPECT_EQ(answerTo("HTTP/1.0 200 OK\r\n\r\nall of it"), "200 all of it");
+}
+
+TEST(DataTask, AnAnswerWithoutBodyNeedsNone) {
+    EXPECT_EQ(answerTo("HTTP/1.1 204 No Content\r\n\r\n"), "204 ");
+}
+
+TEST(DataTask, ReportsARedirectAsItIs) {
+    EXPECT_EQ(answerTo("HTTP/1.1 302 Found\r\nLocation: /b\r\nContent-Length: 0\r\n\r\n"), "302 ");
+}
+
+TEST(DataTask, ABodyThatIsCutShortIsAnError) {
+    EXPECT_THAT(answerTo("HTTP/1.1 200 OK\r\nContent-Length: 10\r\n\r\nfive!"),
+                StartsWith("error: "));
+}
+
+TEST(DataTask, ABodyBeyondTheLimitIsAnErrorBeforeItHasCome) {
+    EXPECT_THAT(answerTo("HTTP/1.1 200 OK\r\nContent-Length: 99999999999\r\n\r\n"),
+                HasSubstr("body limit"));
+}
+
+TEST(DataTask, AHeaderBeyondTheLimitIsAnError) {
+    EXPECT_THAT(answerTo("HTTP/1.1 200 OK\r\nA: " + std::string(100'000, 'a') + "\r\n\r\n"),
+                HasSubstr("header limit"));
+}
+
+TEST(DataTask, ALargeHeaderWithinTheLimitIsNone) {
+    EXPECT_EQ(answerTo("HTTP/1.1 200 OK\r\nA: " + std::string(40'000, 'a') +
+                       "\r\nContent-Length: 2\r\n\r\nok"),
+              "200 ok");
+}
+
+TEST(DataTask, WhatIsNotHttpIsAnError) {
+    EXPECT_THAT(answerTo("220 mail.example ESMTP\r\n\r\n"), StartsWith("error: "));
+}
+
+TEST(DataTask, AServerThatSaysNothingAndLeavesIsAnError) {
+    EXPECT_THAT(answerTo(""), StartsWith("error: "));
+}
+
+TEST(DataTask, AServerThatResetsTheConnectionIsAnError) {
+    const LoopbackServer server([](Peer& peer) {
+        peer.readRequest();
+        peer.reset();
+    });
+    BeastUrlSession session;
+    Outcomes outcomes;
+    session.startDataTask("http://" + server.authority() + "/", outcomes.data());
+    EXPECT_THAT(outcomes.first(1), ElementsAre("error: Connection reset by peer"));
+}
+
+TEST(DataTask, ARefusedConnectionSaysSo) {
+    const UnusedPort nobody;
+    BeastUrlSession session;
+    Outcomes outcomes;
+    session.startDataTask("http://" + nobody.authority() + "/", outcomes.data());
+    EXPECT_THAT(outcomes.first(1), ElementsAre("error: Connection refused"));
+}
+
+TEST(DataTask, AHostThatIsNotFoundIsNamed) {
+    BeastUrlSession session;
+    Outcomes outcomes;
+    // A name that is reserved: there never is such a host.
+    session.startDataTask("http://nobody.invalid/", outcomes.data());
+    EXPECT_THAT(outcomes.first(1), ElementsAre(HasSubstr("nobody.invalid was not found")));
+}
+
+TEST(DataTask, AnEncryptedAddressIsNotSupported) {
+    BeastUrlSession session;
+    Outcomes outcomes;
+    session.startDataTask("https://127.0.0.1/", outcomes.data());
+    EXPECT_THAT(outcomes.first(1),
+                ElementsAre(AllOf(HasSubstr("https"), HasSubstr("not supported"))));
+}
+
+TEST(DataTask, AServerThatStopsInTheMiddleMeetsTheTimeLimit) {
+    const LoopbackServer server([](Peer& peer) {
+        peer.readRequest();
+        peer.send("HTTP/1.1 200 OK\r\nContent-Length: 10\r\n\r\nfive!");
+        peer.readUntilGone();
+    });
+    BeastUrlSession session({.request = 50ms});
+    Outcomes outcomes;
+    session.startDataTask("http://" + server.authority() + "/", outcomes.data());
+    EXPECT_THAT(outcomes.first(1), ElementsAre("error: The request timed out"));
+}
+
+TEST(DataTask, FiftyAtOnceGetTheirOwnAnswers) {
+    const LoopbackServer server([](Peer& peer) {
+        const auto target = targetOf(peer.readRequest().value_or("GET none "));
+        peer.send("HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string(target.size()) +
+                  "\r\n\r\n" + target);
+    });
+    BeastUrlSession session;
+    Outcomes outcomes;
+    std::vector<std::string> expected;
+    for (int i = 0; i < 50; ++i) {
+        const std::string target = "/" + std::to_string(i);
+        expected.push_back("200 " + target);
+        session.startDataTask("http://" + server.authority() + target, outcomes.data());
+    }
+    EXPECT_THAT(outcomes.first(50), testing::UnorderedElementsAreArray(expected));
+}
+
+}  // namespace
+}  // namespace stagehopper

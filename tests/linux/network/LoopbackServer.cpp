@@ -1,0 +1,256 @@
+#include "tests/linux/network/LoopbackServer.h"
+
+#include <glib.h>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <array>
+#include <cstdint>
+#include <stdexcept>
+#include <utility>
+
+namespace stagehopper {
+namespace {
+
+std::string authorityOf(int port) {
+    return "127.0.0.1:" + std::to_string(port);
+}
+
+int newSocket() {
+    return ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+}
+
+sockaddr_in loopbackAddress(int port) {
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    address.sin_port = htons(static_cast<std::uint16_t>(port));
+    return address;
+}
+
+/// The socket calls want the general form of an address.
+sockaddr* general(sockaddr_in& address) {
+    return reinterpret_cast<sockaddr*>(&address);
+}
+
+/// Takes a free port of the loopback interface.
+int bindToLoopback(int socket) {
+    auto address = loopbackAddress(0);
+    socklen_t size = sizeof address;
+    if (::bind(socket, general(address), size) != 0 ||
+        ::getsockname(socket, general(address), &size) != 0) {
+        throw std::runtime_error("no free port");
+    }
+    return ntohs(address.sin_port);
+}
+
+struct Free {
+    void operator()(void* memory) const { g_free(memory); }
+};
+
+std::string acceptKey(const std::string& key) {
+    const std::string text = key + "258EAFA5-E914-47DA-95CA-C5AB0DC85B11";
+    std::array<guint8, 20> digest{};
+    gsize size = digest.size();
+    GChecksum* checksum = g_checksum_new(G_CHECKSUM_SHA1);
+    g_checksum_update(checksum, reinterpret_cast<const guchar*>(text.data()),
+                      static_cast<gssize>(text.size()));
+    g_checksum_get_digest(checksum, digest.data(), &size);
+    g_checksum_free(checksum);
+    return std::unique_ptr<char, Free>(g_base64_encode(digest.data(), size)).get();
+}
+
+std::string headerOf(const std::string& request, const std::string& name) {
+    const auto start = request.find("\r\n" + name + ": ");
+    if (start == std::string::npos) return {};
+    const auto value = start + name.size() + 4;
+    return request.substr(value, request.find("\r\n", value) - value);
+}
+
+std::uint64_t bigEndian(std::string_view bytes) {
+    std::uint64_t value = 0;
+    for (const char byte : bytes) value = value << 8U | static_cast<unsigned char>(byte);
+    return value;
+}
+
+std::string bigEndian(std::uint64_t value, int size) {
+    std::string bytes;
+    for (int i = size - 1; i >= 0; --i) {
+        bytes += static_cast<char>(value >> static_cast<unsigned>(8 * i) & 0xffU);
+    }
+    return bytes;
+}
+
+}  // namespace
+
+std::string closePayload(int code) {
+    return bigEndian(static_cast<std::uint64_t>(code), 2);
+}
+
+int closeCodeIn(std::string_view payload) {
+    return payload.size() < 2 ? 1005 : static_cast<int>(bigEndian(payload.substr(0, 2)));
+}
+
+std::string targetOf(const std::string& request) {
+    const auto start = request.find(' ') + 1;
+    return request.substr(start, request.find(' ', start) - start);
+}
+
+void OwnedSocket::close() {
+    if (number_ >= 0) ::close(std::exchange(number_, -1));
+}
+
+bool Peer::fill() {
+    std::array<char, 16384> piece;
+    const auto count = ::recv(socket_.number(), piece.data(), piece.size(), 0);
+    if (count <= 0) return false;
+    buffer_.append(piece.data(), static_cast<std::size_t>(count));
+    return true;
+}
+
+std::optional<std::string> Peer::take(std::size_t count) {
+    while (buffer_.size() < count) {
+        if (!fill()) return std::nullopt;
+    }
+    std::string bytes = buffer_.substr(0, count);
+    buffer_.erase(0, count);
+    return bytes;
+}
+
+std::optional<std::string> Peer::readRequest() {
+    for (;;) {
+        const auto end = buffer_.find("\r\n\r\n");
+        if (end != std::string::npos) return take(end + 4);
+        if (!fill()) return std::nullopt;
+    }
+}
+
+void Peer::acceptWebSocket(const std::string& request) {
+    send(
+        "HTTP/1.1 101 Switching Protocols\r\nUpgrade: websocket\r\nConnection: Upgrade\r\n"
+        "Sec-WebSocket-Accept: " +
+        acceptKey(headerOf(request, "Sec-WebSocket-Key")) + "\r\n\r\n");
+}
+
+std::optional<Frame> Peer::readFrame() {
+    const auto head = take(2);
+    if (!head) return std::nullopt;
+    const auto first = static_cast<unsigned char>((*head)[0]);
+    std::uint64_t size = static_cast<unsigned char>((*head)[1]) & 0x7fU;
+    if (size >= 126) {
+        const auto longer = take(size == 126 ? 2 : 8);
+        if (!longer) return std::nullopt;
+        size = bigEndian(*longer);
+    }
+    // A client masks all that it sends.
+    const auto mask = take(4);
+    auto payload = take(size);
+    if (!mask || !payload) return std::nullopt;
+    for (std::size_t i = 0; i < payload->size(); ++i) {
+        (*payload)[i] = static_cast<char>((*payload)[i] ^ (*mask)[i % 4]);
+    }
+    return Frame{first & 0x0f, std::move(*payload), (first & 0x80U) != 0};
+}
+
+void Peer::send(std::string_view bytes) {
+    while (!bytes.empty()) {
+        const auto sent = ::send(socket_.number(), bytes.data(), bytes.size(), MSG_NOSIGNAL);
+        if (sent <= 0) return;
+        bytes.remove_prefix(static_cast<std::size_t>(sent));
+    }
+}
+
+void Peer::send(const Frame& frame) {
+    std::string bytes(1, static_cast<char>(frame.opcode | (frame.final ? 0x80 : 0)));
+    const auto size = frame.payload.size();
+    if (size < 126) {
+        bytes += static_cast<char>(size);
+    } else if (size < 65536) {
+        bytes += static_cast<char>(126) + bigEndian(size, 2);
+    } else {
+        bytes += static_cast<char>(127) + bigEndian(size, 8);
+    }
+    send(bytes + frame.payload);
+}
+
+void Peer::finish() {
+    ::shutdown(socket_.number(), SHUT_WR);
+}
+
+void Peer::reset() {
+    const linger atOnce{.l_onoff = 1, .l_linger = 0};
+    ::setsockopt(socket_.number(), SOL_SOCKET, SO_LINGER, &atOnce, sizeof atOnce);
+    close();
+}
+
+void Peer::readUntilGone() {
+    while (fill()) buffer_.clear();
+}
+
+void Peer::interrupt() {
+    const std::scoped_lock lock(mutex_);
+    if (socket_.number() >= 0) ::shutdown(socket_.number(), SHUT_RDWR);
+}
+
+void Peer::close() {
+    const std::scoped_lock lock(mutex_);
+    socket_.close();
+}
+
+LoopbackServer::LoopbackServer(Script script) : script_(std::move(script)), listener_(newSocket()) {
+    port_ = bindToLoopback(listener_.number());
+    if (::listen(listener_.number(), SOMAXCONN) != 0) throw std::runtime_error("cannot listen");
+    acceptor_ = std::thread([this] { acceptAll(); });
+}
+
+LoopbackServer::~LoopbackServer() {
+    ending_ = true;
+    ::shutdown(listener_.number(), SHUT_RDWR);
+    acceptor_.join();
+    for (auto& visit : visits_) visit.peer.interrupt();
+    for (auto& visit : visits_) visit.thread.join();
+}
+
+std::string LoopbackServer::authority() const {
+    return authorityOf(port_);
+}
+
+void LoopbackServer::acceptAll() {
+    while (!ending_) {
+        const int socket = ::accept4(listener_.number(), nullptr, nullptr, SOCK_CLOEXEC);
+        if (socket < 0) continue;
+        const int atOnce = 1;
+        ::setsockopt(socket, IPPROTO_TCP, TCP_NODELAY, &atOnce, sizeof atOnce);
+        auto& visit = visits_.emplace_back(socket);
+        visit.thread = std::thread([this, &peer = visit.peer] {
+            script_(peer);
+            peer.close();
+        });
+    }
+}
+
+// Bound, but not listening: the system refuses, and gives the port to nobody else.
+UnusedPort::UnusedPort() : socket_(newSocket()), port_(bindToLoopback(socket_.number())) {}
+
+std::string UnusedPort::authority() const {
+    return authorityOf(port_);
+}
+
+CrowdedPort::CrowdedPort() : listener_(newSocket()), port_(bindToLoopback(listener_.number())) {
+    constexpr int enoughToFillTheQueue = 3;
+    if (::listen(listener_.number(), 0) != 0) throw std::runtime_error("cannot listen");
+    for (int i = 0; i < enoughToFillTheQueue; ++i) {
+        const auto& client =
+            waiting_.emplace_back(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+        auto address = loopbackAddress(port_);
+        ::connect(client.number(), general(address), sizeof address);
+    }
+}
+
+std::string CrowdedPort::authority() const {
+    return authorityOf(port_);
+}
+
+}  // namespace stagehopper

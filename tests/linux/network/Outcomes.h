@@ -1,0 +1,51 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "platform/UrlSession.h"
+#include "tests/contract/Collected.h"
+
+namespace stagehopper {
+
+/// Collects, in words, what comes of requests, receives and pings. Its completions may outlive it.
+class Outcomes {
+public:
+    std::function<void(platform::DataResult)> data() {
+        return [lines = lines_](const platform::DataResult& result) {
+            if (const auto* error = std::get_if<platform::UrlError>(&result)) {
+                return lines->add("error: " + error->localizedDescription);
+            }
+            const auto& response = std::get<platform::HttpResponse>(result);
+            lines->add(std::to_string(response.statusCode) + " " + response.body);
+        };
+    }
+    std::function<void(platform::ReceiveResult)> message() {
+        return [lines = lines_](const platform::ReceiveResult& result) {
+            if (const auto* error = std::get_if<platform::UrlError>(&result)) {
+                return lines->add("error: " + error->localizedDescription);
+            }
+            const auto& message = std::get<platform::WebSocketMessage>(result);
+            const bool text = message.kind == platform::WebSocketMessage::Kind::text;
+            lines->add((text ? "text " : "binary ") + message.bytes);
+        };
+    }
+    std::function<void(std::optional<platform::UrlError>)> pong() {
+        return [lines = lines_](const std::optional<platform::UrlError>& error) {
+            lines->add(error ? "no pong: " + error->localizedDescription : "pong");
+        };
+    }
+
+    Collected<std::string>& lines() { return *lines_; }
+    /// The first so many, or as many as came in time.
+    std::vector<std::string> first(std::size_t count) {
+        (void)lines_->await(count);
+        return lines_->all();
+    }
+
+private:
+    std::shared_ptr<Collected<std::string>> lines_ = std::make_shared<Collected<std::string>>();
+};
+
+}  // namespace stagehopper

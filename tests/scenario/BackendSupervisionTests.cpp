@@ -1,0 +1,375 @@
+// Finding a backend, starting one, keeping it running, stopping it.
+
+#include <gmock/gmock.h>
+
+#include "tests/scenario/Stage.h"
+
+namespace stagehopper {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::AllOf;
+using testing::Contains;
+using testing::Each;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Pair;
+using testing::SizeIs;
+
+constexpr auto* backend = Stage::backendPath;
+constexpr auto* startedOnce =
+    "started bundled backend StagehopperBackend-arm64 (attempt 1/3)";
+
+class BackendSupervision : public testing::Test {
+protected:
+    auto starts() { return stage.desktop.processes.started(backend); }
+    auto& child() { return stage.desktop.processes.last(backend); }
+    /// Launches and keeps what the launch itself wrote.
+    void launch() { stage.desktop.launch(stage.app); }
+    std::chrono::nanoseconds now() { return stage.desktop.clock.elapsed(); }
+
+    Stage stage;
+};
+
+TEST_F(BackendSupervision, ABackendThatAnswersIsUsedAndNoneIsStarted) {
+    stage.installServingBackend(3000);
+    stage.desktop.network.serve(3017);
+    launch();
+    EXPECT_THAT(starts(), IsEmpty());
+    EXPECT_THAT(stage.systemLines(), IsEmpty());
+    EXPECT_THAT(stage.lines(), Contains("app_launched backend auto-start requested"));
+}
+
+TEST_F(BackendSupervision, PortsAreProbedInOrderUpToTheFirstThatAnswers) {
+    stage.desktop.network.serve(3017);
+    stage.desktop.application.setDelegate(stage.app);
+    launch();
+    const auto& requests = stage.desktop.network.requests();
+    ASSERT_GE(requests.size(), 18U);
+    for (std::size_t i = 0; i < 18; ++i) {
+        EXPECT_EQ(requests[i], "http://127.0.0.1:" + std::to_string(3000 + i) + "/health");
+    }
+    // Discovery begins again at the first port.
+    EXPECT_EQ(requests[18], "http://127.0.0.1:3000/health");
+}
+
+TEST_F(BackendSupervision, WithNothingAnsweringTheBackendIsStarted) {
+    stage.installServingBackend(3000);
+    launch();
+    ASSERT_THAT(starts(), SizeIs(1));
+    EXPECT_THAT(stage.systemLines(), ElementsAre(startedOnce));
+    EXPECT_TRUE(child().running);
+}
+
+TEST_F(BackendSupervision, AllFiftyOnePortsAreProbedBeforeItIsStarted) {
+    stage.installServingBackend(3000);
+    stage.desktop.application.setDelegate(stage.app);
+    launch();
+    const auto& requests = stage.desktop.network.requests();
+    ASSERT_GE(requests.size(), 51U);
+    EXPECT_EQ(requests[50], "http://127.0.0.1:3050/health");
+    EXPECT_THAT(requests, Each(testing::Not(HasSubstr(":3051/"))));
+}
+
+TEST_F(BackendSupervision, TheBackendGetsItsPortsItsFolderAndItsParent) {
+    stage.installServingBackend(3000);
+    stage.desktop.host.variables = {{"HOME", "/home/user"}, {"PORT", "8080"}, {"PORT_EXTRA", "1"}};
+    stage.desktop.host.pid = 4711;
+    launch();
+    const auto& options = child().options;
+    EXPECT_EQ(options.executable, backend);
+    EXPECT_THAT(options.arguments, ElementsAre("--ppid=4711"));
+    EXPECT_EQ(options.environment,
+              (platform::Environment{
+                  {"HOME", "/home/user"}, {"PORT", "3000"}, {"PORT_EXTRA", "50"}}));
+    EXPECT_EQ(options.currentDirectory, "/app/Resources");
+    EXPECT_FALSE(options.capturesOutput);
+}
+
+TEST_F(BackendSupervision, AMissingBackendIsReportedOnceAndNotRetried) {
+    launch();
+    stage.desktop.advance(10s);
+    EXPECT_THAT(stage.systemLines(),
+                ElementsAre("bundled backend not found at "
+                            "/app/Resources/StagehopperBackend-arm64 (build with: cd backend && "
+                            "npm run pkg:mac:…)"));
+}
+
+TEST_F(BackendSupervision, AFileThatMayNotBeExecutedCountsAsMissing) {
+    stage.installServingBackend(3000);
+    stage.desktop.files.setExecutable(backend, false);
+    launch();
+    EXPECT_THAT(stage.systemLines(), ElementsAre(HasSubstr("not found at /app/Resources/")));
+    EXPECT_THAT(starts(), IsEmpty());
+}
+
+TEST_F(BackendSupervision, EachRequestForAMissingBackendIsReported) {
+    stage.launch();
+    stage.pagePosts("CMD:startBundledBackend");
+    stage.pagePosts("CMD:startBundledBackend");
+    EXPECT_THAT(stage.systemLines(), SizeIs(2));
+}
+
+TEST_F(BackendSupervision, ABackendThatExitsAtOnceIsStartedThreeTimesASecondApart) {
+    stage.installBackend({.exitsAfter = platform::Duration{0}, .exitStatus = 7});
+    std::vector<std::chrono::nanoseconds> times;
+    stage.desktop.processes.programs[backend].onStart = [&] { times.push_back(now()); };
+    launch();
+    stage.desktop.advance(30s);
+    EXPECT_THAT(times, ElementsAre(0s, 1s, 2s));
+    EXPECT_THAT(stage.systemLines(),
+                ElementsAre("started bundled backend StagehopperBackend-arm64 (attempt 1/3)",
+                            "bundled backend exited (status 7), will retry (1/3)",
+                            "started bundled backend StagehopperBackend-arm64 (attempt 2/3)",
+                            "bundled backend exited (status 7), will retry (2/3)",
+                            "started bundled backend StagehopperBackend-arm64 (attempt 3/3)",
+                            "bundled backend exited; max launch attempts reached"));
+}
+
+TEST_F(BackendSupervision, ABackendThatRanForHoursHasNoMoreAttemptsThanAnother) {
+    stage.installServingBackend(3000);
+    launch();
+    for (int i = 0; i < 3; ++i) {
+        stage.desktop.advance(4h);
+        stage.desktop.processes.exits(child(), 0);
+        stage.desktop.runReady();
+    }
+    EXPECT_THAT(starts(), SizeIs(3));
+    EXPECT_EQ(stage.systemLines().back(), "bundled backend exited; max launch attempts reached");
+}
+
+TEST_F(BackendSupervision, ANegativeStatusIsWrittenAsItIs) {
+    stage.installServingBackend(3000);
+    stage.launch();
+    stage.desktop.processes.exits(child(), -9);
+    stage.desktop.runReady();
+    EXPECT_THAT(stage.systemLines(),
+                ElementsAre("bundled backend exited (status -9), will retry (1/3)"));
+}
+
+TEST_F(BackendSupervision, ABackendThatCannotBeStartedIsTriedThreeTimes) {
+    stage.installBackend({.launchError = "Exec format error"});
+    launch();
+    stage.desktop.advance(30s);
+    // No word about the limit: nothing has exited.
+    EXPECT_THAT(stage.systemLines(),
+                AllOf(SizeIs(3),
+                      Each("failed to start bundled backend: Exec format error")));
+}
+
+TEST_F(BackendSupervision, AFailedStartIsTriedAgainAfterASecond) {
+    stage.installBackend({.launchError = "Exec format error"});
+    launch();
+    stage.desktop.advance(999ms);
+    EXPECT_THAT(stage.systemLines(), SizeIs(1));
+    stage.installServingBackend(3000);
+    stage.desktop.advance(1ms);
+    EXPECT_THAT(starts(), SizeIs(1));
+    EXPECT_EQ(stage.systemLines().back(),
+              "started bundled backend StagehopperBackend-arm64 (attempt 2/3)");
+}
+
+TEST_F(BackendSupervision, ARetryIsDroppedWhenAnotherBackendHasComeUp) {
+    stage.installServingBackend(3000);
+    stage.launch();
+    stage.desktop.processes.exits(child(), 1);
+    stage.desktop.runReady();
+    stage.desktop.network.serve(3044);
+    stage.forget();
+    stage.desktop.advance(10s);
+    EXPECT_THAT(starts(), SizeIs(1));
+    EXPECT_THAT(stage.systemLines(), IsEmpty());
+}
+
+TEST_F(BackendSupervision, AnExitIsNoMatterWhileAnotherBackendServes) {
+    stage.installServingBackend(3000);
+    stage.launch();
+    stage.desktop.network.serve(3044);
+    stage.desktop.processes.exits(child(), 1);
+    stage.desktop.advance(10s);
+    EXPECT_THAT(stage.systemLines(), IsEmpty());
+    EXPECT_THAT(starts(), SizeIs(1));
+}
+
+TEST_F(BackendSupervision, StoppingEndsTheBackendAndStartsNoOther) {
+    stage.installServingBackend(3000);
+    stage.launch();
+    stage.pagePosts("CMD:stopBundledBackend");
+    stage.desktop.advance(10s);
+    EXPECT_FALSE(child().running);
+    EXPECT_THAT(starts(), SizeIs(1));
+    EXPECT_THAT(stage.systemLines(), IsEmpty());
+}
+
+TEST_F(BackendSupervision, StoppingDoesNotHoldUpTheMainThread) {
+    stage.installBackend({.endsWithin = platform::Duration{5}});
+    stage.launch();
+    stage.pagePosts("CMD:stopBundledBackend");
+    EXPECT_TRUE(child().askedToEnd);
+    EXPECT_TRUE(child().running);
+    stage.pagePosts("DBG:still here");
+    EXPECT_THAT(stage.lines(), Contains("panel_debug still here"));
+    stage.desktop.advance(5s);
+    EXPECT_FALSE(child().running);
+}
+
+TEST_F(BackendSupervision, StoppingWhereNoneWasStartedIsSilentAndKept) {
+    stage.desktop.network.serve(3000);
+    stage.launch();
+    stage.installServingBackend(3001);
+    stage.pagePosts("CMD:stopBundledBackend");
+    stage.desktop.network.stopServing(3000);
+    stage.desktop.advance(10s);
+    EXPECT_THAT(stage.systemLines(), IsEmpty());
+    EXPECT_THAT(starts(), IsEmpty());
+}
+
+TEST_F(BackendSupervision, StoppingDropsARetryThatWaits) {
+    stage.installBackend({.exitsAfter = platform::Duration{0}, .exitStatus = 1});
+    stage.launch();
+    stage.pagePosts("CMD:stopBundledBackend");
+    stage.desktop.advance(10s);
+    EXPECT_THAT(starts(), SizeIs(1));
+}
+
+TEST_F(BackendSupervision, ABackendOfSomebodyElseIsNeverStopped) {
+    stage.desktop.network.serve(3000);
+    stage.launch();
+    stage.pagePosts("CMD:stopBundledBackend");
+    stage.desktop.userPressesMenuItem("退出 Stagehopper");
+    EXPECT_THAT(stage.desktop.journal.effectsSince(0),
+                testing::Not(Contains("process asked to end: StagehopperBackend-arm64")));
+}
+
+TEST_F(BackendSupervision, StartingAfterAStopBeginsAFreshSeries) {
+    stage.installBackend({.exitsAfter = platform::Duration{0}, .exitStatus = 1});
+    stage.launch();
+    stage.desktop.advance(10s);
+    stage.pagePosts("CMD:stopBundledBackend");
+    stage.forget();
+    stage.pagePosts("CMD:startBundledBackend");
+    stage.desktop.advance(10s);
+    EXPECT_THAT(starts(), SizeIs(6));
+    EXPECT_EQ(stage.systemLines().front(), startedOnce);
+    EXPECT_EQ(stage.systemLines().back(), "bundled backend exited; max launch attempts reached");
+}
+
+TEST_F(BackendSupervision, StartingWhileOneAnswersOnlyAllowsItToBeRestarted) {
+    stage.installServingBackend(3000);
+    stage.launch();
+    const auto mark = stage.desktop.journal.mark();
+    stage.pagePosts("CMD:startBundledBackend");
+    EXPECT_THAT(stage.desktop.journal.effectsSince(mark), IsEmpty());
+    EXPECT_THAT(starts(), SizeIs(1));
+}
+
+TEST_F(BackendSupervision, AStopIsTakenBackByStartingWhileTheOldOneStillAnswers) {
+    stage.installServingBackend(3000);
+    stage.desktop.processes.programs[backend].endsWithin = platform::Duration{2};
+    stage.launch();
+    stage.pagePosts("CMD:stopBundledBackend");
+    stage.pagePosts("CMD:startBundledBackend");
+    stage.desktop.advance(10s);
+    // The exit found the stop taken back: it is one to recover from.
+    EXPECT_THAT(starts(), SizeIs(2));
+    EXPECT_TRUE(child().running);
+}
+
+TEST_F(BackendSupervision, AServerThatAnswersWithAnErrorIsNoBackend) {
+    stage.desktop.network.serve(3000).answers["/health"] = {500, "oops"};
+    stage.installServingBackend(3001);
+    launch();
+    EXPECT_THAT(starts(), SizeIs(1));
+}
+
+TEST_F(BackendSupervision, AServerThatAnswersNoContentIsNoBackend) {
+    stage.desktop.network.serve(3000).answers["/health"] = {204, ""};
+    stage.installServingBackend(3001);
+    launch();
+    EXPECT_THAT(starts(), SizeIs(1));
+}
+
+TEST_F(BackendSupervision, QuittingWaitsForTheBackendToExit) {
+    stage.installServingBackend(3000);
+    stage.desktop.processes.programs[backend].endsWithin = platform::Duration{3};
+    stage.launch();
+    const auto before = now();
+    stage.desktop.userPressesMenuItem("退出 Stagehopper");
+    EXPECT_FALSE(child().running);
+    EXPECT_EQ(now() - before, 3s);
+    EXPECT_THAT(stage.systemLines(), IsEmpty());
+}
+
+TEST_F(BackendSupervision, QuittingDuringARestartDelayStartsNothing) {
+    stage.installBackend({.exitsAfter = platform::Duration{0}, .exitStatus = 1});
+    stage.launch();
+    stage.desktop.userPressesMenuItem("退出 Stagehopper");
+    stage.desktop.advance(10s);
+    EXPECT_THAT(starts(), SizeIs(1));
+    EXPECT_TRUE(stage.desktop.application.terminated());
+}
+
+TEST_F(BackendSupervision, QuittingWhileAStopIsUnderWayWaitsForTheSameEnd) {
+    stage.installServingBackend(3000);
+    stage.desktop.processes.programs[backend].endsWithin = platform::Duration{3};
+    stage.launch();
+    stage.pagePosts("CMD:stopBundledBackend");
+    stage.desktop.advance(1s);
+    stage.desktop.userPressesMenuItem("退出 Stagehopper");
+    EXPECT_FALSE(child().running);
+}
+
+class HealthProbe : public BackendSupervision {};
+
+TEST_F(HealthProbe, TheFirstPortThatAnswersIsTakenWithoutAskingFurther) {
+    stage.desktop.network.serve(3000);
+    EXPECT_EQ(stage.app->firstHealthyLocalBackendBaseURL(), "http://127.0.0.1:3000");
+    EXPECT_THAT(stage.desktop.network.requests(), ElementsAre("http://127.0.0.1:3000/health"));
+}
+
+TEST_F(HealthProbe, TheLowestOfTwoHealthyPortsWins) {
+    stage.desktop.network.serve(3010);
+    stage.desktop.network.serve(3005);
+    EXPECT_EQ(stage.app->firstHealthyLocalBackendBaseURL(), "http://127.0.0.1:3005");
+}
+
+TEST_F(HealthProbe, TheLastPortOfTheRangeIsFound) {
+    stage.desktop.network.serve(3050);
+    EXPECT_EQ(stage.app->firstHealthyLocalBackendBaseURL(), "http://127.0.0.1:3050");
+}
+
+TEST_F(HealthProbe, APortBeyondTheRangeIsNeverFound) {
+    stage.desktop.network.serve(3051);
+    EXPECT_EQ(stage.app->firstHealthyLocalBackendBaseURL(), std::nullopt);
+}
+
+TEST_F(HealthProbe, AnAnswerWithinThreeTenthsOfASecondCounts) {
+    stage.desktop.network.serve(3000).answersAfter = platform::Duration{0.3};
+    EXPECT_TRUE(stage.app->healthCheckLocalPort(3000));
+    EXPECT_EQ(now(), 300ms);
+}
+
+TEST_F(HealthProbe, ASlowAnswerIsNotAwaited) {
+    stage.desktop.network.serve(3000).answersAfter = platform::Duration{0.4};
+    EXPECT_FALSE(stage.app->healthCheckLocalPort(3000));
+    EXPECT_EQ(now(), 350ms);
+    // It comes all the same, when nobody waits any more.
+    stage.desktop.advance(1s);
+}
+
+TEST_F(HealthProbe, AScanOfServersThatNeverAnswerTakesEighteenSeconds) {
+    for (int port = 3000; port <= 3050; ++port) {
+        stage.desktop.network.serve(port).answersAfter.reset();
+    }
+    EXPECT_EQ(stage.app->firstHealthyLocalBackendBaseURL(), std::nullopt);
+    EXPECT_EQ(now(), 17850ms);
+}
+
+TEST_F(HealthProbe, APortThatIsNoneIsNotHealthy) {
+    EXPECT_FALSE(stage.app->healthCheckLocalPort(-1));
+    EXPECT_FALSE(stage.app->healthCheckLocalPort(70000));
+}
+
+}  // namespace
+}  // namespace stagehopper

@@ -1,0 +1,302 @@
+// AWDL for the length of a meeting, and a ping that keeps the Wi-Fi link awake.
+
+#include <gmock/gmock.h>
+
+#include "network/AwdlScripts.h"
+#include "tests/scenario/Stage.h"
+
+namespace stagehopper {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+constexpr auto* ifconfig = "/sbin/ifconfig";
+constexpr auto* osascript = "/usr/bin/osascript";
+constexpr auto* notReady = "backend /health not ready within 45s; skip AWDL admin prompt";
+
+class Awdl : public testing::Test {
+protected:
+    Awdl() {
+        interfaceSays("awdl0: flags=8943<UP,BROADCAST,RUNNING> mtu 1500\n\tstatus: active\n");
+        promptEndsWith(0);
+    }
+
+    void interfaceSays(std::string output, std::int32_t status = 0) {
+        stage.desktop.processes.programs[ifconfig] = {.output = std::move(output),
+                                                      .exitsAfter = platform::Duration{0.01},
+                                                      .exitStatus = status};
+    }
+    /// The user leaves the dialog three seconds after it was shown.
+    void promptEndsWith(std::int32_t status) {
+        stage.desktop.processes.programs[osascript] = {.exitsAfter = platform::Duration{3},
+                                                       .exitStatus = status};
+    }
+    void launchWithBackend() {
+        stage.desktop.network.serve(3000);
+        stage.launch();
+    }
+    void requestMeeting() { stage.pagePosts("CMD:requestAwdlBeforeMeeting"); }
+    void quit() { stage.desktop.userPressesMenuItem("退出 Stagehopper"); }
+    std::vector<std::string> scripts() {
+        std::vector<std::string> found;
+        for (const auto& child : stage.desktop.processes.started(osascript)) {
+            EXPECT_EQ(child->options.arguments.at(0), "-e");
+            found.push_back(child->options.arguments.at(1));
+        }
+        return found;
+    }
+    const std::string disable{disableAwdlScript};
+    const std::string restore{restoreAwdlScript};
+
+    Stage stage;
+};
+
+TEST_F(Awdl, IsLeftAloneUntilTheUserAsks) {
+    launchWithBackend();
+    stage.desktop.advance(60s);
+    quit();
+    EXPECT_THAT(stage.desktop.processes.started(ifconfig), IsEmpty());
+    EXPECT_THAT(scripts(), IsEmpty());
+}
+
+TEST_F(Awdl, TheRequestIsLogged) {
+    launchWithBackend();
+    requestMeeting();
+    EXPECT_THAT(stage.lines(), ElementsAre("awdl_prompt_on_meeting_start user_initiated=true"));
+}
+
+TEST_F(Awdl, ThePromptComesHalfASecondAfterTheRequestWhenTheBackendIsHealthy) {
+    launchWithBackend();
+    requestMeeting();
+    stage.desktop.advance(499ms);
+    EXPECT_THAT(stage.desktop.processes.started(ifconfig), IsEmpty());
+    stage.desktop.advance(20ms);
+    EXPECT_THAT(scripts(), ElementsAre(disable));
+}
+
+TEST_F(Awdl, SwitchedOffIsRestoredAtQuitWithoutWaitingForTheDialog) {
+    launchWithBackend();
+    requestMeeting();
+    stage.desktop.advance(10s);
+    const auto before = stage.desktop.clock.elapsed();
+    quit();
+    EXPECT_THAT(scripts(), ElementsAre(disable, restore));
+    EXPECT_TRUE(stage.desktop.processes.last(osascript).running);
+    EXPECT_EQ(stage.desktop.clock.elapsed(), before);
+}
+
+TEST_F(Awdl, RestoringIsTheLastThingThatQuittingDoes) {
+    stage.installServingBackend(3000);
+    stage.launch();
+    requestMeeting();
+    stage.desktop.advance(10s);
+    const auto mark = stage.desktop.journal.mark();
+    quit();
+    const auto effects = stage.desktop.journal.effectsSince(mark);
+    ASSERT_GE(effects.size(), 2U);
+    EXPECT_TRUE(effects[effects.size() - 2].starts_with("process started: /usr/bin/osascript"));
+    EXPECT_EQ(effects.back(), "application terminated");
+}
+
+TEST_F(Awdl, ACancelledDialogLeavesNothingToRestore) {
+    promptEndsWith(1);
+    launchWithBackend();
+    requestMeeting();
+    stage.desktop.advance(10s);
+    quit();
+    EXPECT_THAT(scripts(), ElementsAre(disable));
+}
+
+TEST_F(Awdl, FoundDownItIsRestoredAtQuitThoughNoDialogWasShown) {
+    interfaceSays("awdl0: flags=8902<BROADCAST> mtu 1500\n\tstatus: inactive\n");
+    launchWithBackend();
+    requestMeeting();
+    stage.desktop.advance(10s);
+    EXPECT_THAT(scripts(), IsEmpty());
+    quit();
+    EXPECT_THAT(scripts(), ElementsAre(restore));
+}
+
+TEST_F(Awdl, AnInterfaceThatDoesNotExistCountsAsDown) {
+    interfaceSays("", 1);
+    launchWithBackend();
+    requestMeeting();
+    stage.desktop.advance(10s);
+    EXPECT_THAT(scripts(), IsEmpty());
+}
+
+TEST_F(Awdl, AnAnswerThatIsNoTextLeadsToThePrompt) {
+    interfaceSays("\xFF\xFE");
+    launchWithBackend();
+    requestMeeting();
+    stage.desktop.advance(10s);
+    EXPECT_THAT(scripts(), ElementsAre(disable));
+}
+
+TEST_F(Awdl, WhereTheSystemCannotBeAskedNothingIsChanged) {
+    stage.desktop.processes.programs.erase(ifconfig);
+    launchWithBackend();
+    requestMeeting();
+    stage.desktop.advance(10s);
+    quit();
+    EXPECT_THAT(scripts(), IsEmpty());
+}
+
+TEST_F(Awdl, WhereThePromptCannotBeShownNothingIsRestored) {
+    stage.desktop.processes.programs.erase(osascript);
+    launchWithBackend();
+    requestMeeting();
+    stage.desktop.advance(10s);
+    const auto mark = stage.desktop.journal.mark();
+    quit();
+    EXPECT_THAT(stage.desktop.journal.effectsSince(mark),
+                testing::Not(Contains(testing::StartsWith("process refused"))));
+}
+
+TEST_F(Awdl, ABackendThatIsNeverHealthyGivesOneMessageAfterFortyFiveSeconds) {
+    stage.launch();
+    requestMeeting();
+    stage.desktop.advance(44900ms);
+    EXPECT_THAT(stage.systemLines(), IsEmpty());
+    stage.desktop.advance(60s);
+    EXPECT_THAT(stage.systemLines(), ElementsAre(notReady));
+    EXPECT_THAT(scripts(), IsEmpty());
+}
+
+TEST_F(Awdl, ABackendThatBecomesHealthyMeanwhileLeadsToThePrompt) {
+    stage.launch();
+    requestMeeting();
+    stage.desktop.advance(40s);
+    stage.desktop.network.serve(3044);
+    stage.desktop.advance(1s);
+    EXPECT_THAT(scripts(), ElementsAre(disable));
+}
+
+TEST_F(Awdl, TheMainThreadGoesOnDuringTheWait) {
+    stage.launch();
+    requestMeeting();
+    stage.desktop.advance(10s);
+    stage.pagePosts("DBG:still here");
+    EXPECT_THAT(stage.lines(), Contains("panel_debug still here"));
+}
+
+TEST_F(Awdl, StoppingTheBackendEndsTheWaitSilently) {
+    stage.launch();
+    requestMeeting();
+    stage.desktop.advance(10s);
+    stage.pagePosts("CMD:stopBundledBackend");
+    stage.desktop.advance(60s);
+    EXPECT_THAT(stage.systemLines(), IsEmpty());
+    EXPECT_THAT(scripts(), IsEmpty());
+}
+
+TEST_F(Awdl, StoppingTheBackendJustBeforeThePromptDropsThePrompt) {
+    launchWithBackend();
+    requestMeeting();
+    stage.desktop.advance(400ms);
+    stage.pagePosts("CMD:stopBundledBackend");
+    stage.desktop.advance(10s);
+    EXPECT_THAT(stage.desktop.processes.started(ifconfig), IsEmpty());
+}
+
+TEST_F(Awdl, TwoRequestsAreTwoWaits) {
+    stage.launch();
+    requestMeeting();
+    stage.desktop.advance(20s);
+    requestMeeting();
+    stage.desktop.advance(90s);
+    EXPECT_THAT(stage.systemLines(), ElementsAre(notReady, notReady));
+}
+
+TEST_F(Awdl, TwoRequestsInAMeetingMayPromptTwice) {
+    launchWithBackend();
+    requestMeeting();
+    requestMeeting();
+    stage.desktop.advance(10s);
+    EXPECT_THAT(scripts(), ElementsAre(disable, disable));
+}
+
+TEST_F(Awdl, QuittingDuringTheWaitShowsNothing) {
+    stage.launch();
+    requestMeeting();
+    stage.desktop.advance(10s);
+    quit();
+    stage.desktop.advance(60s);
+    EXPECT_THAT(stage.systemLines(), IsEmpty());
+    EXPECT_THAT(scripts(), IsEmpty());
+}
+
+constexpr auto* ping = "/sbin/ping";
+constexpr auto* netstat = "/usr/sbin/netstat";
+
+class KeepAlive : public testing::Test {
+protected:
+    void routesAre(std::string table) {
+        stage.desktop.processes.programs[netstat] = {.output = std::move(table),
+                                                     .exitsAfter = platform::Duration{0.01}};
+    }
+    std::vector<std::string> pingArguments() {
+        return stage.desktop.processes.last(ping).options.arguments;
+    }
+
+    Stage stage;
+};
+
+TEST_F(KeepAlive, PingsTheDefaultGatewayOnceASecondWithOneByte) {
+    routesAre("Routing tables\n\nInternet:\nDestination  Gateway  Flags  Netif\n"
+              "default            10.0.0.1           UGScg                 en0\n"
+              "default            10.0.0.9           UGScg                 en1\n");
+    stage.launch();
+    EXPECT_THAT(pingArguments(), ElementsAre("-i", "1", "-s", "1", "10.0.0.1"));
+    EXPECT_FALSE(stage.desktop.processes.last(ping).options.capturesOutput);
+    EXPECT_THAT(stage.desktop.processes.last(netstat).options.arguments, ElementsAre("-rn"));
+}
+
+TEST_F(KeepAlive, PingsTheUsualAddressWithoutADefaultRoute) {
+    routesAre("10.0.0.0/8 link#4 UCS en0\n");
+    stage.launch();
+    EXPECT_EQ(pingArguments().back(), "192.168.0.1");
+}
+
+TEST_F(KeepAlive, PingsTheUsualAddressWhereTheTableCannotBeRead) {
+    stage.desktop.processes.programs.erase(netstat);
+    stage.launch();
+    EXPECT_EQ(pingArguments().back(), "192.168.0.1");
+}
+
+TEST_F(KeepAlive, AMachineWithoutPingStartsAndQuitsAllTheSame) {
+    stage.desktop.processes.programs.erase(ping);
+    stage.launch();
+    stage.desktop.userPressesMenuItem("退出 Stagehopper");
+    EXPECT_TRUE(stage.desktop.application.terminated());
+}
+
+TEST_F(KeepAlive, IsStartedOnceAndNotAgainWhenPingEnds) {
+    stage.launch();
+    stage.desktop.processes.exits(stage.desktop.processes.last(ping), 2);
+    stage.desktop.advance(60s);
+    EXPECT_THAT(stage.desktop.processes.started(ping), SizeIs(1));
+}
+
+TEST_F(KeepAlive, IsAskedToEndAtQuitAndNotAwaited) {
+    stage.desktop.processes.programs[ping] = {.endsWithin = platform::Duration{9}};
+    stage.launch();
+    const auto before = stage.desktop.clock.elapsed();
+    stage.desktop.userPressesMenuItem("退出 Stagehopper");
+    EXPECT_TRUE(stage.desktop.processes.last(ping).askedToEnd);
+    EXPECT_EQ(stage.desktop.clock.elapsed(), before);
+}
+
+TEST_F(KeepAlive, WritesNothingToAnyLog) {
+    stage.desktop.processes.programs.clear();
+    stage.installServingBackend(3000);
+    stage.desktop.launch(stage.app);
+    EXPECT_THAT(stage.systemLines(), SizeIs(1));  // the backend's start
+}
+
+}  // namespace
+}  // namespace stagehopper

@@ -1,0 +1,92 @@
+#include "slidechannel/ActiveMeetings.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace stagehopper {
+namespace {
+
+const std::string participant = R"({"userId":"u","displayName":"d","role":"guest"})";
+const std::string meeting = R"({"roomCode":"AB12","roomName":"n","createdAt":1.5,"participants":[)" +
+                            participant + "]}";
+
+std::string response(const std::string& meetings) {
+    return R"({"meetings":[)" + meetings + "]}";
+}
+
+/// `text` with its first `from` replaced.
+std::string with(std::string text, const std::string& from, const std::string& to) {
+    return text.replace(text.find(from), from.size(), to);
+}
+
+TEST(ActiveMeetings, EveryFieldIsRead) {
+    const ActiveMeetingsResponse expected{{{"AB12", "n", 1.5, {{"u", "d", "guest"}}}}};
+    EXPECT_EQ(decodeActiveMeetings(response(meeting)), expected);
+}
+
+TEST(ActiveMeetings, NoMeetingsAreAResponseToo) {
+    EXPECT_EQ(decodeActiveMeetings(response("")), ActiveMeetingsResponse{});
+}
+
+TEST(ActiveMeetings, UnknownFieldsAreIgnored) {
+    EXPECT_EQ(decodeActiveMeetings(R"({"version":2,"meetings":[],"x":null})"),
+              ActiveMeetingsResponse{});
+}
+
+TEST(ActiveMeetings, TheTimeOfCreationMayBeAWholeNumber) {
+    const auto decoded = decodeActiveMeetings(response(with(meeting, "1.5", "1790000000123")));
+    ASSERT_TRUE(decoded);
+    EXPECT_EQ(decoded->meetings[0].createdAt, 1790000000123.0);
+}
+
+TEST(ActiveMeetings, AMeetingMayBeWithoutParticipants) {
+    const auto decoded = decodeActiveMeetings(response(with(meeting, participant, "")));
+    ASSERT_TRUE(decoded);
+    EXPECT_TRUE(decoded->meetings[0].participants.empty());
+}
+
+TEST(ActiveMeetings, OneMeetingWithAFieldMissingSpoilsTheWholeResponse) {
+    for (const char* field :
+         {R"("roomCode":"AB12",)", R"("roomName":"n",)", R"("createdAt":1.5,)"}) {
+        EXPECT_FALSE(decodeActiveMeetings(response(meeting + "," + with(meeting, field, ""))))
+            << field;
+    }
+    EXPECT_FALSE(decodeActiveMeetings(response(
+        meeting + R"(,{"roomCode":"A","roomName":"n","createdAt":1})")));
+}
+
+TEST(ActiveMeetings, OneParticipantWithAFieldMissingSpoilsTheWholeResponse) {
+    for (const char* field :
+         {R"("userId":"u",)", R"("displayName":"d",)", R"(,"role":"guest")"}) {
+        EXPECT_FALSE(decodeActiveMeetings(response(with(meeting, field, "")))) << field;
+    }
+}
+
+TEST(ActiveMeetings, AFieldOfAnotherTypeIsNoField) {
+    for (const auto& [from, to] : {std::pair{R"("AB12")", "5"},
+                                   {R"("n")", "null"},
+                                   {"1.5", R"("1.5")"},
+                                   {"1.5", "true"},
+                                   {"1.5", "1e999"},
+                                   {R"("u")", "[]"},
+                                   {R"("guest")", "{}"}}) {
+        EXPECT_FALSE(decodeActiveMeetings(response(with(meeting, from, to)))) << to;
+    }
+}
+
+TEST(ActiveMeetings, NamesAreComparedLetterByLetter) {
+    EXPECT_FALSE(decodeActiveMeetings(response(with(meeting, "roomCode", "roomcode"))));
+    EXPECT_FALSE(decodeActiveMeetings(response(with(meeting, "roomCode", "room_code"))));
+}
+
+TEST(ActiveMeetings, WhatIsNoResponseIsAbsent) {
+    for (const char* text : {"", " ", "null", "[]", "5", "{}", "{\"meetings\":{}}",
+                             "{\"meetings\":[5]}", "{\"meetings\":[]", "{\"meetings\":[]}x",
+                             "{\"meetings\":[\"\xFF\"]}"}) {
+        EXPECT_FALSE(decodeActiveMeetings(text)) << text;
+    }
+}
+
+}  // namespace
+}  // namespace stagehopper

@@ -1,0 +1,71 @@
+#include "slidechannel/SlideMessage.h"
+
+#include <gtest/gtest.h>
+
+namespace stagehopper {
+namespace {
+
+SlideMessage step(const std::string& members) {
+    return parseSlideMessage(R"({"type":"slide_nav",)" + members + "}");
+}
+
+std::string seqOf(const std::string& value) {
+    const auto message = step(R"("seq":)" + value);
+    const auto* nav = std::get_if<SlideNavMessage>(&message);
+    return nav == nullptr ? "none" : nav->seq;
+}
+
+TEST(SlideMessage, AWelcomeIsAWelcomeWhateverElseItSays) {
+    EXPECT_EQ(parseSlideMessage(R"({"type":"welcome"})"), SlideMessage(WelcomeMessage{}));
+    EXPECT_EQ(parseSlideMessage(R"({"x":[1],"type":"welcome","type2":"slide_nav"})"),
+              SlideMessage(WelcomeMessage{}));
+}
+
+TEST(SlideMessage, AStepHasItsDirectionAsItCame) {
+    EXPECT_EQ(step(R"("direction":" Next\n","seq":17)"),
+              SlideMessage(SlideNavMessage{" Next\n", "17"}));
+}
+
+TEST(SlideMessage, AStepMayLackEverything) {
+    EXPECT_EQ(parseSlideMessage(R"({"type":"slide_nav"})"), SlideMessage(SlideNavMessage{}));
+}
+
+TEST(SlideMessage, ADirectionThatIsNoTextIsNone) {
+    EXPECT_EQ(step(R"("direction":5,"seq":5)"), SlideMessage(SlideNavMessage{"", "5"}));
+    EXPECT_EQ(step(R"("direction":["next"])"), SlideMessage(SlideNavMessage{}));
+}
+
+TEST(SlideMessage, ASequenceTagIsWrittenAsText) {
+    EXPECT_EQ(seqOf(R"("a1")"), "a1");
+    EXPECT_EQ(seqOf(R"("")"), "");
+    EXPECT_EQ(seqOf("42"), "42");
+    EXPECT_EQ(seqOf("-7"), "-7");
+    EXPECT_EQ(seqOf("1790000000123"), "1790000000123");
+    EXPECT_EQ(seqOf("18446744073709551615"), "18446744073709551615");
+}
+
+TEST(SlideMessage, AWholeNumberIsTheSameHoweverItIsWritten) {
+    EXPECT_EQ(seqOf("17.0"), "17");
+    EXPECT_EQ(seqOf("1.7e1"), "17");
+}
+
+TEST(SlideMessage, OddTagsAreTextsThatDiffer) {
+    EXPECT_EQ(seqOf("1.5"), "1.5");
+    EXPECT_EQ(seqOf("null"), "<null>");
+    EXPECT_EQ(seqOf("true"), "1");
+    EXPECT_EQ(seqOf("false"), "0");
+    EXPECT_EQ(seqOf("[1,2]"), "[1,2]");
+    EXPECT_EQ(seqOf(R"({"a":1})"), R"({"a":1})");
+}
+
+TEST(SlideMessage, EverythingElseIsOther) {
+    for (const char* text : {"", "x", "[]", "{}", "5", R"({"type":1})", R"({"type":null})",
+                             R"({"type":"Welcome"})", R"({"type":"slide_nav "})", R"({"Type":"welcome"})",
+                             R"([{"type":"welcome"}])", "{\"type\":\"welcome\"}x",
+                             "{\"type\":\"welcome\xFF\"}"}) {
+        EXPECT_EQ(parseSlideMessage(text), SlideMessage(OtherMessage{})) << text;
+    }
+}
+
+}  // namespace
+}  // namespace stagehopper

@@ -34,7 +34,8 @@ class TitleMatcher;
 struct KeyStrategy;
 struct SlideTargetCandidate;
 
-/// The application: its and its panel's delegate, the owner of all its state, and every operation on it.
+/// The application: its and its panel's delegate, the owner of all its state, and every operation
+/// on it.
 ///
 /// This header is the table of contents; the bodies stand in the folders of their subsystems.
 /// Main thread only, unless an operation says otherwise. No operation throws or reports failure to

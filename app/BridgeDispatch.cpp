@@ -80,11 +80,12 @@ void AppController::connectOverlayAndSocket(const std::string& serverUrl,
     connectNativeSlideSocket(serverUrl, roomCode, "panel_wsconn");
     auto script = "window._connectOverlay(\"" + escapedForScript(serverUrl) + "\", \"" +
                   escapedForScript(roomCode) + "\")";
-    platform_.dispatch.asyncMainAfter(
-        overlayConnectDelay, [weak = weak_from_this(), script = std::move(script)] {
-            const auto self = weak.lock();
-            if (self && self->overlayWebView) self->overlayWebView->evaluateJavaScript(script);
-        });
+    platform_.dispatch.asyncMainAfter(overlayConnectDelay,
+                                      [weak = weak_from_this(), script = std::move(script)] {
+                                          const auto self = weak.lock();
+                                          if (self && self->overlayWebView)
+                                              self->overlayWebView->evaluateJavaScript(script);
+                                      });
 }
 
 void AppController::enableSlideControl() {

@@ -49,14 +49,15 @@ void AppController::attemptLaunchBundledBackend(const std::filesystem::path& res
         .environment = backendEnvironment(platform_.host.environment()),
         .currentDirectory = resourceDir,
     });
-    const auto launched = process->launch([weak = weak_from_this(), resourceDir,
-                                           name](std::int32_t status) {
-        const auto self = weak.lock();
-        if (!self || self->appIsTerminating) return;
-        self->platform_.dispatch.asyncMain([weak, resourceDir, name, status] {
-            if (const auto app = weak.lock()) app->bundledBackendDidExit(resourceDir, name, status);
+    const auto launched =
+        process->launch([weak = weak_from_this(), resourceDir, name](std::int32_t status) {
+            const auto self = weak.lock();
+            if (!self || self->appIsTerminating) return;
+            self->platform_.dispatch.asyncMain([weak, resourceDir, name, status] {
+                if (const auto app = weak.lock())
+                    app->bundledBackendDidExit(resourceDir, name, status);
+            });
         });
-    });
 
     if (!launched) {
         platform_.systemLog.write("Stagehopper: failed to start bundled backend: " +
@@ -78,8 +79,9 @@ void AppController::bundledBackendDidExit(const std::filesystem::path& resourceD
     if (bundledBackendUserStopped) return;
     if (firstHealthyLocalBackendBaseURL()) return;
     if (bundledBackendLaunchAttempt >= maxBundledBackendLaunchAttempts) {
-        platform_.systemLog.write("Stagehopper: bundled backend exited; max launch attempts "
-                                  "reached");
+        platform_.systemLog.write(
+            "Stagehopper: bundled backend exited; max launch attempts "
+            "reached");
         return;
     }
     platform_.systemLog.write("Stagehopper: bundled backend exited (status " +

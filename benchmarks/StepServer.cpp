@@ -1,11 +1,9 @@
 #include "benchmarks/StepServer.h"
 
-#include <atomic>
 #include <boost/asio.hpp>
 #include <boost/beast.hpp>
 #include <condition_variable>
 #include <mutex>
-#include <optional>
 #include <thread>
 
 namespace stagehopper::benchmarks {
@@ -48,7 +46,6 @@ public:
         }
         wanted_.notify_all();
     }
-    [[nodiscard]] std::chrono::steady_clock::time_point sentAt() const { return sentAt_; }
 
 private:
     void serve() {
@@ -63,7 +60,6 @@ private:
             while (!error && waitForStep()) {
                 const auto frame = R"({"type":"slide_nav","direction":"next","seq":)" +
                                    std::to_string(++seq_) + "}";
-                sentAt_ = std::chrono::steady_clock::now();
                 stream.write(asio::buffer(frame), error);
             }
             if (isClosed()) return;
@@ -90,7 +86,6 @@ private:
     int stepsWanted_ = 0;
     bool closed_ = false;
     int seq_ = 0;
-    std::atomic<std::chrono::steady_clock::time_point> sentAt_{};
     std::thread thread_;
 };
 
@@ -103,10 +98,6 @@ std::string StepServer::port() const {
 
 void StepServer::sendStep() {
     connection_->sendStep();
-}
-
-std::chrono::steady_clock::time_point StepServer::sentAt() const {
-    return connection_->sentAt();
 }
 
 class BareClient::Socket {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <chrono>
 #include <memory>
 #include <string>
 
@@ -16,10 +15,8 @@ public:
     StepServer& operator=(const StepServer&) = delete;
 
     [[nodiscard]] std::string port() const;
-    /// Sends the next step to the client, which may still be on its way; the moment at which it is
-    /// sent is told by `sentAt` once the client can have it.
+    /// Sends the next step to the client, which may still be on its way.
     void sendStep();
-    [[nodiscard]] std::chrono::steady_clock::time_point sentAt() const;
 
 private:
     class Connection;

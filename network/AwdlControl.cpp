@@ -52,10 +52,11 @@ void AppController::disableAWDLIfNeeded() {
 }
 
 void AppController::scheduleAwdlOptimizationAfterBackendReady() {
-    platform_.dispatch.asyncGlobal(
-        platform::QualityOfService::userInitiated, [weak = weak_from_this()] {
-            if (const auto self = weak.lock()) self->waitForBackendThenDisableAWDL();
-        });
+    platform_.dispatch.asyncGlobal(platform::QualityOfService::userInitiated,
+                                   [weak = weak_from_this()] {
+                                       if (const auto self = weak.lock())
+                                           self->waitForBackendThenDisableAWDL();
+                                   });
 }
 
 void AppController::waitForBackendThenDisableAWDL() {
@@ -72,8 +73,7 @@ void AppController::waitForBackendThenDisableAWDL() {
         platform_.clock.sleep(pauseBetweenPasses);
     }
     platform_.systemLog.write("Stagehopper: backend /health not ready within " +
-                              std::to_string(readinessLimit.count()) +
-                              "s; skip AWDL admin prompt");
+                              std::to_string(readinessLimit.count()) + "s; skip AWDL admin prompt");
 }
 
 void AppController::restoreAWDL() {

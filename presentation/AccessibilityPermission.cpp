@@ -3,10 +3,10 @@
 #include <string>
 
 #include "app/AppController.h"
+#include "app/LogDetail.h"
 #include "platform/Accessibility.h"
 #include "platform/Application.h"
 #include "platform/UserInterface.h"
-#include "app/LogDetail.h"
 #include "resources/AccessibilityHintScript.h"
 
 namespace stagehopper {

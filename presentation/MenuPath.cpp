@@ -2,8 +2,8 @@
 #include <variant>
 
 #include "app/AppController.h"
-#include "platform/Accessibility.h"
 #include "app/LogDetail.h"
+#include "platform/Accessibility.h"
 #include "presentation/TitleMatcher.h"
 
 namespace stagehopper {

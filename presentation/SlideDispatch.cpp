@@ -2,13 +2,13 @@
 #include <string>
 
 #include "app/AppController.h"
+#include "app/LogDetail.h"
 #include "platform/Accessibility.h"
 #include "platform/Clock.h"
 #include "platform/Host.h"
 #include "platform/KeyboardEvents.h"
 #include "platform/Workspace.h"
 #include "presentation/KeyStrategy.h"
-#include "app/LogDetail.h"
 #include "presentation/SlideTargetCandidate.h"
 
 namespace stagehopper {

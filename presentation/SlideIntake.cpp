@@ -1,12 +1,12 @@
 #include <string>
 
 #include "app/AppController.h"
+#include "app/LogDetail.h"
 #include "app/Utf8.h"
 #include "platform/Accessibility.h"
 #include "platform/Clock.h"
 #include "platform/Dispatch.h"
 #include "platform/Text.h"
-#include "app/LogDetail.h"
 #include "presentation/SlideEvent.h"
 
 namespace stagehopper {

@@ -24,12 +24,11 @@ bool hasRemote(const ActiveMeetingSummary& meeting) {
 std::optional<ActiveMeetingSummary> meetingToFollow(std::vector<ActiveMeetingSummary> meetings) {
     std::erase_if(meetings, [](const auto& meeting) { return meeting.participants.empty(); });
     // The first of equals is the one listed first.
-    const auto best =
-        std::ranges::max_element(meetings, [](const auto& left, const auto& right) {
-            const bool leftHas = hasRemote(left);
-            const bool rightHas = hasRemote(right);
-            return leftHas != rightHas ? rightHas : left.createdAt < right.createdAt;
-        });
+    const auto best = std::ranges::max_element(meetings, [](const auto& left, const auto& right) {
+        const bool leftHas = hasRemote(left);
+        const bool rightHas = hasRemote(right);
+        return leftHas != rightHas ? rightHas : left.createdAt < right.createdAt;
+    });
     if (best == meetings.end()) return std::nullopt;
     return std::move(*best);
 }

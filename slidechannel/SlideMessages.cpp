@@ -23,9 +23,9 @@ void AppController::handleNativeSlideSocketText(std::string_view text) {
                     logDetail({{"room", nativeSlideSocketRoomCode.value_or(std::string(absent))}}));
     } else if (const auto* step = std::get_if<SlideNavMessage>(&message)) {
         const auto direction = platform_.text.lowercased(trimmed(step->direction));
-        slideNavLog("native_ws_received",
-                    logDetail({{"direction", direction},
-                               {"seq", step->seq.empty() ? absent : step->seq}}));
+        slideNavLog(
+            "native_ws_received",
+            logDetail({{"direction", direction}, {"seq", step->seq.empty() ? absent : step->seq}}));
         consumeSlideEvent(direction, step->seq, source);
     }
 }

@@ -29,8 +29,7 @@ std::optional<std::string> textOf(platform::WebSocketMessage message) {
 }  // namespace
 
 void AppController::connectNativeSlideSocket(const std::string& serverUrl,
-                                             const std::string& roomCode,
-                                             std::string_view reason) {
+                                             const std::string& roomCode, std::string_view reason) {
     if (nativeSlideReconnectWorkItem) nativeSlideReconnectWorkItem->cancel();
     nativeSlideReconnectWorkItem.reset();
     if (nativeSlideSocket && nativeSlideSocketRoomCode == roomCode &&
@@ -152,9 +151,9 @@ void AppController::scheduleNativeSlideSocketReconnect(const std::string& server
 
 void AppController::cancelNativeSlideSocket(std::string_view reason) {
     if (nativeSlideSocket) {
-        slideNavLog("native_ws_disconnected",
-                    logDetail({{"room", nativeSlideSocketRoomCode.value_or(absent)},
-                               {"reason", reason}}));
+        slideNavLog(
+            "native_ws_disconnected",
+            logDetail({{"room", nativeSlideSocketRoomCode.value_or(absent)}, {"reason", reason}}));
     }
     if (nativeSlidePingTimer) nativeSlidePingTimer->invalidate();
     nativeSlidePingTimer.reset();

@@ -23,8 +23,8 @@ struct JournalEntry {
 /// `script evaluated: …`, `panel ordered front`, `panel ordered out`, `panel moved`,
 /// `panel closed`, `process started: /sbin/ping …`, `process refused: …`,
 /// `process asked to end: ping`, `process ended: ping`, `socket opened: ws://…`, `socket pinged`,
-/// `socket closed with 1001`, `activation policy regular`, `main menu set`, `application activated`,
-/// `application terminated`, `accessibility prompt shown`, `url opened: …`, `log: …`,
+/// `socket closed with 1001`, `activation policy regular`, `main menu set`, `application
+/// activated`, `application terminated`, `accessibility prompt shown`, `url opened: …`, `log: …`,
 /// `pressed "T" of 42`, `key 121 down to 42`, `key 124 up to the focus`.
 class Journal {
 public:

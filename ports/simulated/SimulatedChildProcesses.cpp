@@ -105,9 +105,8 @@ void SimulatedChildProcesses::exits(ChildState& child, std::int32_t status) {
     journal_.add("process ended: " + child.options.executable.filename().string());
     if (child.program.onEnd) child.program.onEnd();
     if (!child.onTermination) return;
-    dispatch_.asyncSystem({}, [handler = std::exchange(child.onTermination, nullptr), status] {
-        handler(status);
-    });
+    dispatch_.asyncSystem(
+        {}, [handler = std::exchange(child.onTermination, nullptr), status] { handler(status); });
 }
 
 }  // namespace stagehopper::simulated

@@ -244,7 +244,8 @@ bool SimulatedDispatch::runNext() {
 
 void SimulatedDispatch::close() {
     {
-        std::map<Key, std::shared_ptr<Work>> dropped;  // destroyed without the lock: tasks own things
+        std::map<Key, std::shared_ptr<Work>>
+            dropped;  // destroyed without the lock: tasks own things
         const std::lock_guard lock(mutex_);
         closed_ = true;
         dropped.swap(queue_);

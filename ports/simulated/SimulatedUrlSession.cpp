@@ -78,8 +78,7 @@ public:
         connection_->receivers.push_back(std::move(completion));
     }
 
-    void sendPing(
-        std::function<void(std::optional<platform::UrlError>)> pongHandler) override {
+    void sendPing(std::function<void(std::optional<platform::UrlError>)> pongHandler) override {
         session_.journal_.add("socket pinged");
         ++connection_->pings;
         auto* server = session_.serverOf(connection_->url);
@@ -176,9 +175,8 @@ void SimulatedUrlSession::deliver(SocketConnection& connection, platform::Receiv
     }
     auto receiver = std::move(connection.receivers.front());
     connection.receivers.pop_front();
-    dispatch_.asyncSystem({}, [receiver = std::move(receiver), result = std::move(result)] {
-        receiver(result);
-    });
+    dispatch_.asyncSystem(
+        {}, [receiver = std::move(receiver), result = std::move(result)] { receiver(result); });
 }
 
 void SimulatedUrlSession::breaks(SocketConnection& connection, const std::string& why) {

@@ -18,8 +18,7 @@ using testing::Pair;
 using testing::SizeIs;
 
 constexpr auto* backend = Stage::backendPath;
-constexpr auto* startedOnce =
-    "started bundled backend StagehopperBackend-arm64 (attempt 1/3)";
+constexpr auto* startedOnce = "started bundled backend StagehopperBackend-arm64 (attempt 1/3)";
 
 class BackendSupervision : public testing::Test {
 protected:
@@ -80,9 +79,9 @@ TEST_F(BackendSupervision, TheBackendGetsItsPortsItsFolderAndItsParent) {
     const auto& options = child().options;
     EXPECT_EQ(options.executable, backend);
     EXPECT_THAT(options.arguments, ElementsAre("--ppid=4711"));
-    EXPECT_EQ(options.environment,
-              (platform::Environment{
-                  {"HOME", "/home/user"}, {"PORT", "3000"}, {"PORT_EXTRA", "50"}}));
+    EXPECT_EQ(
+        options.environment,
+        (platform::Environment{{"HOME", "/home/user"}, {"PORT", "3000"}, {"PORT_EXTRA", "50"}}));
     EXPECT_EQ(options.currentDirectory, "/app/Resources");
     EXPECT_FALSE(options.capturesOutput);
 }
@@ -154,8 +153,7 @@ TEST_F(BackendSupervision, ABackendThatCannotBeStartedIsTriedThreeTimes) {
     stage.desktop.advance(30s);
     // No word about the limit: nothing has exited.
     EXPECT_THAT(stage.systemLines(),
-                AllOf(SizeIs(3),
-                      Each("failed to start bundled backend: Exec format error")));
+                AllOf(SizeIs(3), Each("failed to start bundled backend: Exec format error")));
 }
 
 TEST_F(BackendSupervision, AFailedStartIsTriedAgainAfterASecond) {

@@ -13,8 +13,7 @@ TEST(Launch, LogsItsStepsInOrder) {
     EXPECT_THAT(
         stage.lines(),
         ElementsAre(
-            "app_launched Stagehopper starting up",
-            "app_launched backend auto-start requested",
+            "app_launched Stagehopper starting up", "app_launched backend auto-start requested",
             "app_launched nativeSlideDiscovery started",
             "app_launched no_auto_prompts — awdl_on_meeting_start; accessibility_on_toggle"));
 }

@@ -41,7 +41,8 @@ protected:
 TEST_F(MeetingDiscovery, JoinsTheActiveMeetingAtOnce) {
     stage.serveMeetings(3000, meeting("AB12", 1, phone));
     launch();
-    EXPECT_THAT(connecting(), ElementsAre("native_ws_connecting room=AB12 reason=active_discovery"));
+    EXPECT_THAT(connecting(),
+                ElementsAre("native_ws_connecting room=AB12 reason=active_discovery"));
     EXPECT_THAT(stage.desktop.network.requests(),
                 Contains("http://127.0.0.1:3000/v1/meetings/active"));
 }
@@ -113,10 +114,18 @@ TEST_F(MeetingDiscovery, FailuresAreSilentAndLeaveTheSocketAlone) {
     stage.launch();
     const auto mark = stage.desktop.journal.mark();
     const auto good = server.answers["/v1/meetings/active"].body;
-    for (const platform::HttpResponse& answer : std::vector<platform::HttpResponse>{
-             {500, good}, {201, good}, {204, ""}, {404, ""}, {301, good},
-             {200, ""}, {200, "{"}, {200, "[]"}, {200, "{}"}, {200, R"({"meetings":{}})"},
-             {200, R"({"meetings":[{"roomCode":"X"}]})"}}) {
+    for (const platform::HttpResponse& answer :
+         std::vector<platform::HttpResponse>{{500, good},
+                                             {201, good},
+                                             {204, ""},
+                                             {404, ""},
+                                             {301, good},
+                                             {200, ""},
+                                             {200, "{"},
+                                             {200, "[]"},
+                                             {200, "{}"},
+                                             {200, R"({"meetings":{}})"},
+                                             {200, R"({"meetings":[{"roomCode":"X"}]})"}}) {
         server.answers["/v1/meetings/active"] = answer;
         stage.desktop.advance(4s);
     }

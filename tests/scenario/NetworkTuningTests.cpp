@@ -247,9 +247,10 @@ protected:
 };
 
 TEST_F(KeepAlive, PingsTheDefaultGatewayOnceASecondWithOneByte) {
-    routesAre("Routing tables\n\nInternet:\nDestination  Gateway  Flags  Netif\n"
-              "default            10.0.0.1           UGScg                 en0\n"
-              "default            10.0.0.9           UGScg                 en1\n");
+    routesAre(
+        "Routing tables\n\nInternet:\nDestination  Gateway  Flags  Netif\n"
+        "default            10.0.0.1           UGScg                 en0\n"
+        "default            10.0.0.9           UGScg                 en1\n");
     stage.launch();
     EXPECT_THAT(pingArguments(), ElementsAre("-i", "1", "-s", "1", "10.0.0.1"));
     EXPECT_FALSE(stage.desktop.processes.last(ping).options.capturesOutput);

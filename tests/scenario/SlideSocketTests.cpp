@@ -46,10 +46,9 @@ protected:
 
 TEST_F(SlideSocket, JoinsTheRoomAsAGuestOfItsOwnName) {
     connect();
-    EXPECT_THAT(socket().url,
-                MatchesRegex("ws://127.0.0.1:3000/ws\\?roomCode=AB12&"
-                             "userId=overlay-native-[0-9A-F]{8}&role=guest&"
-                             "displayName=overlay-native&cursorColor=%23000000"));
+    EXPECT_THAT(socket().url, MatchesRegex("ws://127.0.0.1:3000/ws\\?roomCode=AB12&"
+                                           "userId=overlay-native-[0-9A-F]{8}&role=guest&"
+                                           "displayName=overlay-native&cursorColor=%23000000"));
     EXPECT_THAT(stage.lines(), ElementsAre("native_ws_connecting room=AB12 reason=test"));
 }
 
@@ -100,8 +99,9 @@ TEST_F(SlideSocket, AUrlThatIsNoneDropsTheOldConnectionAndWaitsForNothing) {
     connect();
     stage.forget();
     connect("http://not a url", "CD34");
-    EXPECT_THAT(stage.lines(), ElementsAre("native_ws_disconnected room=AB12 reason=reconnect",
-                                           "native_ws_connect_failed room=CD34 reason=invalid_url"));
+    EXPECT_THAT(stage.lines(),
+                ElementsAre("native_ws_disconnected room=AB12 reason=reconnect",
+                            "native_ws_connect_failed room=CD34 reason=invalid_url"));
     stage.desktop.advance(60s);
     EXPECT_THAT(stage.lines(), SizeIs(2));
 }
@@ -295,9 +295,8 @@ TEST_F(SlideSocketPing, AFailedPingDropsTheConnectionAndJoinsAgain) {
     ASSERT_THAT(handlers, SizeIs(1));
     handlers.front()(platform::UrlError{"timed out"});
     stage.desktop.runReady();
-    EXPECT_THAT(stage.lines(),
-                ElementsAre("native_ws_ping_failed room=AB12 error=timed out",
-                            "native_ws_disconnected room=AB12 reason=ping_failed"));
+    EXPECT_THAT(stage.lines(), ElementsAre("native_ws_ping_failed room=AB12 error=timed out",
+                                           "native_ws_disconnected room=AB12 reason=ping_failed"));
     EXPECT_EQ(socket().closeCode, 1001);
     stage.desktop.advance(1s);
     EXPECT_EQ(stage.lines().back(), "native_ws_connecting room=AB12 reason=ping_failed_reconnect");

@@ -88,9 +88,8 @@ public:
         });
     }
     void sendPing(std::function<void(std::optional<platform::UrlError>)> pongHandler) override {
-        session_.post([pongHandler = std::move(pongHandler)] {
-            pongHandler(platform::UrlError{"no pong"});
-        });
+        session_.post(
+            [pongHandler = std::move(pongHandler)] { pongHandler(platform::UrlError{"no pong"}); });
     }
     void cancel(int /*closeCode*/) override {}
 

@@ -48,7 +48,9 @@ public:
     /// A server on port 3000 with one meeting, to which the program is connected.
     void joinRoom(const std::string& roomCode);
     /// The server's end of the newest slide socket on port 3000.
-    [[nodiscard]] simulated::SocketConnection& socket() { return desktop.network.lastConnection(3000); }
+    [[nodiscard]] simulated::SocketConnection& socket() {
+        return desktop.network.lastConnection(3000);
+    }
     /// The server sends a text on it, and everything due is run.
     void roomSends(const std::string& text);
 

@@ -8,8 +8,8 @@ namespace stagehopper {
 namespace {
 
 const std::string participant = R"({"userId":"u","displayName":"d","role":"guest"})";
-const std::string meeting = R"({"roomCode":"AB12","roomName":"n","createdAt":1.5,"participants":[)" +
-                            participant + "]}";
+const std::string meeting =
+    R"({"roomCode":"AB12","roomName":"n","createdAt":1.5,"participants":[)" + participant + "]}";
 
 std::string response(const std::string& meetings) {
     return R"({"meetings":[)" + meetings + "]}";
@@ -52,13 +52,12 @@ TEST(ActiveMeetings, OneMeetingWithAFieldMissingSpoilsTheWholeResponse) {
         EXPECT_FALSE(decodeActiveMeetings(response(meeting + "," + with(meeting, field, ""))))
             << field;
     }
-    EXPECT_FALSE(decodeActiveMeetings(response(
-        meeting + R"(,{"roomCode":"A","roomName":"n","createdAt":1})")));
+    EXPECT_FALSE(decodeActiveMeetings(
+        response(meeting + R"(,{"roomCode":"A","roomName":"n","createdAt":1})")));
 }
 
 TEST(ActiveMeetings, OneParticipantWithAFieldMissingSpoilsTheWholeResponse) {
-    for (const char* field :
-         {R"("userId":"u",)", R"("displayName":"d",)", R"(,"role":"guest")"}) {
+    for (const char* field : {R"("userId":"u",)", R"("displayName":"d",)", R"(,"role":"guest")"}) {
         EXPECT_FALSE(decodeActiveMeetings(response(with(meeting, field, "")))) << field;
     }
 }
@@ -81,9 +80,9 @@ TEST(ActiveMeetings, NamesAreComparedLetterByLetter) {
 }
 
 TEST(ActiveMeetings, WhatIsNoResponseIsAbsent) {
-    for (const char* text : {"", " ", "null", "[]", "5", "{}", "{\"meetings\":{}}",
-                             "{\"meetings\":[5]}", "{\"meetings\":[]", "{\"meetings\":[]}x",
-                             "{\"meetings\":[\"\xFF\"]}"}) {
+    for (const char* text :
+         {"", " ", "null", "[]", "5", "{}", "{\"meetings\":{}}", "{\"meetings\":[5]}",
+          "{\"meetings\":[]", "{\"meetings\":[]}x", "{\"meetings\":[\"\xFF\"]}"}) {
         EXPECT_FALSE(decodeActiveMeetings(text)) << text;
     }
 }

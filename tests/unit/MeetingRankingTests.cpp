@@ -40,8 +40,9 @@ TEST(MeetingRanking, AMeetingWithARemoteBeatsANewerOneWithout) {
 }
 
 TEST(MeetingRanking, AmongMeetingsWithARemoteTheNewestWins) {
-    EXPECT_EQ(chosen({meeting("A", 1, {phone}), meeting("B", 3, {phone}), meeting("C", 2, {phone})}),
-              "B");
+    EXPECT_EQ(
+        chosen({meeting("A", 1, {phone}), meeting("B", 3, {phone}), meeting("C", 2, {phone})}),
+        "B");
 }
 
 TEST(MeetingRanking, AmongMeetingsWithoutARemoteTheNewestWins) {

@@ -59,10 +59,10 @@ TEST(SlideMessage, OddTagsAreTextsThatDiffer) {
 }
 
 TEST(SlideMessage, EverythingElseIsOther) {
-    for (const char* text : {"", "x", "[]", "{}", "5", R"({"type":1})", R"({"type":null})",
-                             R"({"type":"Welcome"})", R"({"type":"slide_nav "})", R"({"Type":"welcome"})",
-                             R"([{"type":"welcome"}])", "{\"type\":\"welcome\"}x",
-                             "{\"type\":\"welcome\xFF\"}"}) {
+    for (const char* text :
+         {"", "x", "[]", "{}", "5", R"({"type":1})", R"({"type":null})", R"({"type":"Welcome"})",
+          R"({"type":"slide_nav "})", R"({"Type":"welcome"})", R"([{"type":"welcome"}])",
+          "{\"type\":\"welcome\"}x", "{\"type\":\"welcome\xFF\"}"}) {
         EXPECT_EQ(parseSlideMessage(text), SlideMessage(OtherMessage{})) << text;
     }
 }

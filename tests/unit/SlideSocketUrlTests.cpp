@@ -62,19 +62,41 @@ TEST(SlideSocketUrl, TheRoomIsPercentEncoded) {
 }
 
 TEST(SlideSocketUrl, PortsAddressesAndUsersAreUnderstood) {
-    for (const char* server : {"http://[::1]:3000", "http://user:pass@h:1", "http://h:", "http://h:65535",
-                               "http://a.b-c_d~e", "http://%41"}) {
+    for (const char* server : {"http://[::1]:3000", "http://user:pass@h:1",
+                               "http://h:", "http://h:65535", "http://a.b-c_d~e", "http://%41"}) {
         EXPECT_NE(urlOf(server), "none") << server;
     }
 }
 
 TEST(SlideSocketUrl, WhatIsNoSocketUrlIsAbsent) {
-    for (const char* server :
-         {"", "/", "h", "127.0.0.1:3000", "ftp://h", "file:///tmp", "http://", "http:///x",
-          "http://:3000", "http://h:65536", "http://h:1x", "http://h:-1", "http://a b",
-          "http://h/a b", "http://h/%", "http://h/%4", "http://h/%zz", "http://h/<>",
-          "http://\xE4\xBC\x9A", "http://h/\xFF", "http://[::1", "http://[]", "http://[::1]x",
-          "http://[xyz]", "http://h?a b", "http://h?%", "\nhttp://h", "http://h\n"}) {
+    for (const char* server : {"",
+                               "/",
+                               "h",
+                               "127.0.0.1:3000",
+                               "ftp://h",
+                               "file:///tmp",
+                               "http://",
+                               "http:///x",
+                               "http://:3000",
+                               "http://h:65536",
+                               "http://h:1x",
+                               "http://h:-1",
+                               "http://a b",
+                               "http://h/a b",
+                               "http://h/%",
+                               "http://h/%4",
+                               "http://h/%zz",
+                               "http://h/<>",
+                               "http://\xE4\xBC\x9A",
+                               "http://h/\xFF",
+                               "http://[::1",
+                               "http://[]",
+                               "http://[::1]x",
+                               "http://[xyz]",
+                               "http://h?a b",
+                               "http://h?%",
+                               "\nhttp://h",
+                               "http://h\n"}) {
         EXPECT_EQ(urlOf(server), "none") << server;
     }
 }

@@ -85,6 +85,7 @@ bool AccessibilityBus::ensureConnected() {
 void AccessibilityBus::forgetConnection() {
     connection_.reset();
     processes_.clear();
+    acquaintances_.clear();
     leftAloneUntil_.clear();
     interestAnnounced_ = false;
 }

@@ -37,6 +37,15 @@ public:
     CallResult call(BusCall call);
     /// The root of the program that this process has put on the bus.
     std::optional<ObjectReference> applicationOf(platform::Pid process);
+    /// A program as it was met last, so that asking whether it still stands so and asking for its
+    /// windows is one round instead of three.
+    struct Acquaintance {
+        /// With an empty bus when it was never met.
+        ObjectReference root;
+        std::vector<ObjectReference> windows;
+    };
+    /// Forgotten with the connection.
+    Acquaintance& acquaintance(platform::Pid process) { return acquaintances_[process]; }
     /// Makes toolkits keep the cache that they answer bulk reads from: some do so only for somebody
     /// who listens to events.
     void announceInterest();
@@ -55,6 +64,7 @@ private:
     bool interestAnnounced_ = false;
     /// Unique names are never given twice, so what is known stays true.
     std::map<std::string, platform::Pid> processes_;
+    std::map<platform::Pid, Acquaintance> acquaintances_;
     std::map<std::string, Instant> leftAloneUntil_;
 };
 

@@ -60,28 +60,42 @@ std::vector<ProgramElement::BusWindow> ProgramElement::busWindows() const {
     std::vector<BusWindow> windows;
     // Our own windows would have to be described by this very thread, which waits for the answer.
     if (process_ == getpid()) return windows;
-    const auto root = bus_->applicationOf(process_);
-    if (!root) return windows;
-    const auto objects = childrenOf(*bus_, {*root}).front();
-    if (!objects) return windows;
+    auto& known = bus_->acquaintance(process_);
+    auto answers = known.root.bus.empty() ? std::nullopt : ask(known);
+    if (!answers) {
+        known = {};
+        const auto root = bus_->applicationOf(process_);
+        if (!root) return windows;
+        const auto objects = childrenOf(*bus_, {*root}).front();
+        if (!objects) return windows;
+        known = {*root, *objects};
+        answers = ask(known);
+        if (!answers) return windows;
+    }
+    // A program keeps closed dialogs in its tree; a minimised window still counts.
+    constexpr auto there = at_spi_state::showing | at_spi_state::visible | at_spi_state::iconified;
+    for (std::size_t i = 0; i < known.windows.size(); ++i) {
+        const auto states = at_spi_reply::states((*answers)[3 * i + 3]).value_or(0);
+        if (!isWindow(at_spi_reply::role((*answers)[3 * i + 1])) || (states & there) == 0) continue;
+        windows.push_back({known.windows[i],
+                           at_spi_reply::name((*answers)[3 * i + 2]).value_or(std::string{}),
+                           (states & at_spi_state::active) != 0});
+    }
+    return windows;
+}
 
+std::optional<std::vector<CallResult>> ProgramElement::ask(
+    const AccessibilityBus::Acquaintance& known) const {
     std::vector<BusCall> calls;
-    for (const auto& object : *objects) {
+    calls.push_back(at_spi_call::children(known.root));
+    for (const auto& object : known.windows) {
         calls.push_back(at_spi_call::role(object));
         calls.push_back(at_spi_call::name(object));
         calls.push_back(at_spi_call::states(object));
     }
-    const auto results = bus_->call(std::move(calls));
-    // A program keeps closed dialogs in its tree; a minimised window still counts.
-    constexpr auto there = at_spi_state::showing | at_spi_state::visible | at_spi_state::iconified;
-    for (std::size_t i = 0; i < objects->size(); ++i) {
-        const auto states = at_spi_reply::states(results[3 * i + 2]).value_or(0);
-        if (!isWindow(at_spi_reply::role(results[3 * i])) || (states & there) == 0) continue;
-        windows.push_back({(*objects)[i],
-                           at_spi_reply::name(results[3 * i + 1]).value_or(std::string{}),
-                           (states & at_spi_state::active) != 0});
-    }
-    return windows;
+    auto results = bus_->call(std::move(calls));
+    if (at_spi_reply::children(results.front()) != known.windows) return std::nullopt;
+    return results;
 }
 
 AttributeList ProgramElement::windows() const {

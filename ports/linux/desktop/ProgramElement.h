@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/Accessibility.h"
+#include "ports/linux/desktop/AccessibilityBus.h"
 #include "ports/linux/desktop/AtSpiReads.h"
 
 namespace stagehopper::linux_port {
@@ -32,6 +33,10 @@ private:
     };
 
     [[nodiscard]] std::vector<BusWindow> busWindows() const;
+    /// Role, name and states of each of its windows, behind the list of its windows itself; absent
+    /// when that list is not what it was.
+    [[nodiscard]] std::optional<std::vector<CallResult>> ask(
+        const AccessibilityBus::Acquaintance& known) const;
     [[nodiscard]] platform::AttributeList windows() const;
     [[nodiscard]] platform::UIElementRef focusedWindow() const;
     [[nodiscard]] platform::UIElementRef menuBar() const;

@@ -1,12 +1,12 @@
 #include "ports/linux/desktop/X11Desktop.h"
 
 #include <X11/Xlib.h>
-#include <X11/extensions/XRes.h>
 
 #include <algorithm>
 #include <memory>
 
 #include "ports/linux/desktop/GlibPointers.h"
+#include "ports/linux/desktop/WindowDescription.h"
 #include "ports/linux/desktop/X11Property.h"
 #include "ports/linux/desktop/XErrorTrap.h"
 
@@ -26,20 +26,6 @@ std::string validUtf8(const std::string& bytes) {
     return text.get();
 }
 
-/// WM_NAME of old programs: Latin-1 by definition, though many write UTF-8 into it.
-std::string oldTitle(const std::string& bytes) {
-    if (g_utf8_validate(bytes.data(), static_cast<gssize>(bytes.size()), nullptr) != FALSE) {
-        return bytes;
-    }
-    const TextPointer text(g_convert(bytes.data(), static_cast<gssize>(bytes.size()), "UTF-8",
-                                     "ISO-8859-1", nullptr, nullptr, nullptr));
-    return text ? text.get() : std::string{};
-}
-
-bool contains(const std::vector<unsigned long>& list, unsigned long value) {
-    return std::ranges::find(list, value) != list.end();
-}
-
 }  // namespace
 
 X11Desktop::X11Desktop() = default;
@@ -53,11 +39,10 @@ std::vector<TopLevelWindow> X11Desktop::windows() {
     const auto stacking = properties.numbers(root, "_NET_CLIENT_LIST_STACKING");
     auto oldestFirst = properties.numbers(root, "_NET_CLIENT_LIST");
     if (oldestFirst.empty()) oldestFirst = stacking;
-    for (const auto id : oldestFirst) {
-        auto window = describe(id);
-        const auto place = std::ranges::find(stacking, id);
+    windows = describeWindows(connection_, oldestFirst);
+    for (auto& window : windows) {
+        const auto place = std::ranges::find(stacking, window.id);
         window.stackingPosition = static_cast<std::size_t>(place - stacking.begin());
-        windows.push_back(std::move(window));
     }
     return windows;
 }
@@ -74,10 +59,12 @@ std::optional<TopLevelWindow> X11Desktop::focusedWindow() {
     auto window = managedWindowAbove(focus);
     if (window == None) {
         const auto active = properties.numbers(connection_.rootWindow(), "_NET_ACTIVE_WINDOW");
-        if (!active.empty()) window = active.front();
+        if (!active.empty() && properties.exists(active.front(), "WM_STATE")) {
+            window = active.front();
+        }
     }
-    if (window == None || !properties.exists(window, "WM_STATE")) return std::nullopt;
-    return describe(window);
+    if (window == None) return std::nullopt;
+    return describeWindows(connection_, {window}).front();
 }
 
 std::string X11Desktop::windowManagerName() {
@@ -87,48 +74,6 @@ std::string X11Desktop::windowManagerName() {
     const auto check = properties.numbers(connection_.rootWindow(), "_NET_SUPPORTING_WM_CHECK");
     return check.empty() ? std::string{}
                          : validUtf8(properties.bytes(check.front(), "_NET_WM_NAME"));
-}
-
-TopLevelWindow X11Desktop::describe(WindowId id) {
-    const X11Property properties(connection_);
-    TopLevelWindow window;
-    window.id = id;
-    window.process = processOf(id);
-    window.title = validUtf8(properties.bytes(id, "_NET_WM_NAME"));
-    if (window.title.empty()) window.title = oldTitle(properties.bytes(id, "WM_NAME"));
-    window.gtkApplicationId = validUtf8(properties.bytes(id, "_GTK_APPLICATION_ID"));
-
-    const std::string names = properties.bytes(id, "WM_CLASS");
-    const auto half = names.find('\0');
-    window.instanceName = validUtf8(names.substr(0, half));
-    if (half != std::string::npos) window.className = validUtf8(names.c_str() + half + 1);
-
-    const auto states = properties.numbers(id, "_NET_WM_STATE");
-    window.fullScreen = contains(states, properties.atom("_NET_WM_STATE_FULLSCREEN"));
-    window.hidden = contains(states, properties.atom("_NET_WM_STATE_HIDDEN"));
-    const auto types = properties.numbers(id, "_NET_WM_WINDOW_TYPE");
-    window.furniture = contains(types, properties.atom("_NET_WM_WINDOW_TYPE_DOCK")) ||
-                       contains(types, properties.atom("_NET_WM_WINDOW_TYPE_DESKTOP"));
-    return window;
-}
-
-std::optional<platform::Pid> X11Desktop::processOf(WindowId window) {
-    // The server knows who is at the other end. What a program writes into _NET_WM_PID is its
-    // number inside its own sandbox.
-    XResClientIdSpec wanted{window, XRES_CLIENT_ID_PID_MASK};
-    long count = 0;
-    XResClientIdValue* ids = nullptr;
-    std::optional<platform::Pid> process;
-    if (XResQueryClientIds(connection_.display(), 1, &wanted, &count, &ids) == Success) {
-        for (long i = 0; i < count; ++i) {
-            if (const auto pid = XResGetClientPid(&ids[i]); pid > 0) process = pid;
-        }
-        XResClientIdsDestroy(count, ids);
-    }
-    if (process) return process;
-    const auto written = X11Property(connection_).numbers(window, "_NET_WM_PID");
-    if (written.empty() || written.front() == 0) return std::nullopt;
-    return static_cast<platform::Pid>(written.front());
 }
 
 WindowId X11Desktop::managedWindowAbove(WindowId window) {

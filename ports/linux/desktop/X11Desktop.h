@@ -24,8 +24,6 @@ public:
     X11Connection& connection() { return connection_; }
 
 private:
-    TopLevelWindow describe(WindowId id);
-    std::optional<platform::Pid> processOf(WindowId window);
     WindowId managedWindowAbove(WindowId window);
 
     X11Connection connection_;

@@ -15,6 +15,12 @@ XErrorTrap* innermost = nullptr;
 XErrorHandler errorHandlerBefore = nullptr;
 XIOErrorHandler lossHandlerBefore = nullptr;
 
+/// Whether the server has dealt with everything that was sent: so it has when the last request was
+/// a question and its answer is here.
+bool isAnswered(Display* display) {
+    return XLastKnownRequestProcessed(display) + 1 == XNextRequest(display);
+}
+
 }  // namespace
 
 struct XErrorTrap::Handlers {
@@ -47,7 +53,8 @@ XErrorTrap::XErrorTrap(X11Connection& connection) : connection_(connection), out
 
 XErrorTrap::~XErrorTrap() {
     // Errors of requests that are still on their way must not meet the handler that comes back.
-    if (connection_.isOpen()) XSync(connection_.display(), False);
+    if (connection_.isOpen() && !isAnswered(connection_.display()))
+        XSync(connection_.display(), False);
     innermost = outer_;
     if (outer_ == nullptr) {
         XSetErrorHandler(errorHandlerBefore);

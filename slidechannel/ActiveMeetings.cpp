@@ -55,8 +55,8 @@ bool read(const json* value, std::vector<Record>& records) {
 
 }  // namespace
 
-std::optional<ActiveMeetingsResponse> decodeActiveMeetings(std::string_view text) {
-    const auto document = json::parse(text, nullptr, /*allow_exceptions=*/false);
+std::optional<ActiveMeetingsResponse> decodeActiveMeetings(std::string_view json) {
+    const auto document = nlohmann::json::parse(json, nullptr, /*allow_exceptions=*/false);
     ActiveMeetingsResponse response;
     if (!read(field(document, "meetings"), response.meetings)) return std::nullopt;
     return response;

@@ -49,9 +49,9 @@ public:
     SimulatedWebSocketTask& operator=(const SimulatedWebSocketTask&) = delete;
 
     void resume() override {
+        if (closed_ || std::exchange(resumed_, true)) return;
         session_.journal_.add("socket opened: " + connection_->url);
         auto* server = session_.serverOf(connection_->url);
-        resumed_ = true;
         if (server == nullptr || !server->takesSockets) {
             session_.breaks(*connection_, refused);
             return;

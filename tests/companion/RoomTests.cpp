@@ -89,7 +89,7 @@ TEST_F(RoomTest, WhoGoesIsGoneForTheOthers) {
 }
 
 TEST_F(RoomTest, RefusalsHaveTheirStatus) {
-    const auto status = [&](const std::string& asked, std::optional<std::string> origin) {
+    const auto status = [&](const std::string& asked, const std::optional<std::string>& origin) {
         const int refused = RoomClient({.port = port_, .query = asked, .origin = origin}).status();
         if (!origin) {
             EXPECT_EQ(request(port_, "GET", "/ws?" + asked).status, refused)

@@ -51,8 +51,7 @@ public:
         return program({.exitsAfter = platform::Duration{0.001}, .exitStatus = status});
     }
     std::filesystem::path programThatWrites(std::string_view text) override {
-        return program(
-            {.output = std::string(text), .exitsAfter = platform::Duration{0.001}});
+        return program({.output = std::string(text), .exitsAfter = platform::Duration{0.001}});
     }
     std::filesystem::path programThatRunsUntilTerminated() override { return program({}); }
     std::filesystem::path notAProgram() override {

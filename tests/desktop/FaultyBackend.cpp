@@ -65,7 +65,7 @@ std::string headerOf(const std::string& head, const std::string& name) {
 }  // namespace
 
 FaultyBackend::FaultyBackend(int port)
-    : port_(port), listener_(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+    : listener_(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
     const int yes = 1;
     setsockopt(listener_, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
     sockaddr_in address{};

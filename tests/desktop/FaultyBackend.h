@@ -56,7 +56,6 @@ private:
     void sendFrame(unsigned char firstByte, const std::string& payload);
     void sendRaw(const std::string& bytes);
 
-    int port_;
     int listener_ = -1;
     std::atomic<bool> closing_{false};
     std::atomic<Handshake> handshake_{Handshake::accepted};

@@ -124,7 +124,7 @@ TEST_F(HeadlessPhoneTest, IsAPhoneWithItsUsersLanguage) {
 
 TEST_F(HeadlessPhoneTest, TakesAPictureOfItsScreen) {
     struct Case {
-        bool darkMode;
+        bool darkMode = false;
         Colour background;
     };
     for (const auto& [darkMode, background] : {Case{false, {10, 200, 30}}, Case{true, {1, 2, 3}}}) {

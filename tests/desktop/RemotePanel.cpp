@@ -1,5 +1,7 @@
 #include "tests/desktop/RemotePanel.h"
 
+#include <utility>
+
 #include "tools/presentations/DeckColours.h"
 #include "tools/virtualdesktop/DesktopError.h"
 
@@ -41,8 +43,8 @@ std::filesystem::path writeRemotePage(const VirtualDesktop& desktop) {
 RemotePanel::RemotePanel(const VirtualDesktop& desktop)
     : RemotePanel(desktop, writeRemotePage(desktop)) {}
 
-RemotePanel::RemotePanel(const VirtualDesktop& desktop, const std::filesystem::path& pages)
-    : pages_(pages), driven_(desktop, pages_) {
+RemotePanel::RemotePanel(const VirtualDesktop& desktop, std::filesystem::path pages)
+    : pages_(std::move(pages)), driven_(desktop, pages_) {
     if (!driven_.logs("the page listens", 0)) {
         throw DesktopError("the page did not start; the program wrote:\n" + driven_.output());
     }

@@ -16,7 +16,7 @@ public:
     /// Waits until the page listens; throws DesktopError.
     explicit RemotePanel(const VirtualDesktop& desktop);
     /// With a folder that writeRemotePage made, and what else was put into it.
-    RemotePanel(const VirtualDesktop& desktop, const std::filesystem::path& pages);
+    RemotePanel(const VirtualDesktop& desktop, std::filesystem::path pages);
 
     /// Runs a script in the page.
     void run(const std::string& script);

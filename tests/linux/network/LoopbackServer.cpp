@@ -103,7 +103,7 @@ void OwnedSocket::close() {
 }
 
 bool Peer::fill() {
-    std::array<char, 16384> piece;
+    std::array<char, 16384> piece{};
     const auto count = ::recv(socket_.number(), piece.data(), piece.size(), 0);
     if (count <= 0) return false;
     buffer_.append(piece.data(), static_cast<std::size_t>(count));
@@ -245,7 +245,8 @@ CrowdedPort::CrowdedPort() : listener_(newSocket()), port_(bindToLoopback(listen
         const auto& client =
             waiting_.emplace_back(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
         auto address = loopbackAddress(port_);
-        ::connect(client.number(), general(address), sizeof address);
+        // It stays under way: that is what fills the queue.
+        static_cast<void>(::connect(client.number(), general(address), sizeof address));
     }
 }
 

@@ -1,7 +1,10 @@
 // The real program and its backend: found, started, kept running, stopped, and gone at the end.
 
 #include <gtest/gtest.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <csignal>
 #include <fstream>
@@ -9,6 +12,7 @@
 #include "tests/desktop/FaultyBackend.h"
 #include "tests/desktop/KeptDebugLog.h"
 #include "tests/desktop/RemotePanel.h"
+#include "tools/virtualdesktop/DesktopError.h"
 #include "tools/virtualdesktop/Processes.h"
 
 namespace stagehopper::desktop {
@@ -153,6 +157,53 @@ TEST_F(Backend, QuittingDuringTheRestartDelayStartsNothing) {
     ASSERT_TRUE(driven->logs("will retry (1/3)", 0, limit));
     expectGoodEnd(*driven);
     EXPECT_EQ(driven->program().output().count("(attempt 2/3)"), 0U);
+}
+
+/// Takes connections on a port and never says a word.
+class SilentPort {
+public:
+    explicit SilentPort(int port) : listener_(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+        const int yes = 1;
+        setsockopt(listener_, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
+        sockaddr_in address{};
+        address.sin_family = AF_INET;
+        address.sin_port = htons(static_cast<std::uint16_t>(port));
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        if (bind(listener_, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0 ||
+            listen(listener_, 8) != 0) {
+            throw DesktopError("port " + std::to_string(port) + " is taken");
+        }
+    }
+    ~SilentPort() { close(listener_); }
+    SilentPort(const SilentPort&) = delete;
+    SilentPort& operator=(const SilentPort&) = delete;
+
+private:
+    int listener_;
+};
+
+TEST_F(Backend, QuittingDuringTheScanOfSilentPortsIsClean) {
+    const SilentPort first(3000);
+    const SilentPort second(3001);
+    const SilentPort third(3002);
+    installRealBackend();
+    const auto driven = start();
+    driven->program().signal(SIGTERM);
+    EXPECT_EQ(driven->program().output().count("backend auto-start requested"), 0U)
+        << "the scan was over already";
+    // The scan ends first, one third of a second for each of these ports.
+    EXPECT_EQ(driven->program().waitForExit(limit), 0) << driven->output();
+    EXPECT_TRUE(backends().empty());
+}
+
+TEST_F(Backend, PortsThatNeverAnswerAreNoBackend) {
+    const SilentPort first(3000);
+    const SilentPort second(3001);
+    installRealBackend();
+    const auto driven = start();
+    EXPECT_TRUE(driven->logs("(attempt 1/3)", 0, limit)) << driven->output();
+    EXPECT_EQ(backends().size(), 1U);
+    expectGoodEnd(*driven);
 }
 
 TEST_F(Backend, StopAndStartFromThePanelEndAndStartIt) {

@@ -27,7 +27,6 @@
 #include "ports/linux/LinuxScreens.h"
 #include "ports/linux/LinuxSystemLog.h"
 #include "ports/linux/LinuxUserInterface.h"
-#include "ports/linux/PosixFileSystem.h"
 #include "ports/linux/SystemClock.h"
 #include "ports/linux/desktop/AtSpiAccessibility.h"
 #include "ports/linux/desktop/LinuxSlideApplications.h"
@@ -36,6 +35,7 @@
 #include "ports/linux/desktop/X11Workspace.h"
 #include "ports/linux/network/BeastUrlSession.h"
 #include "ports/linux/processes/LinuxChildProcesses.h"
+#include "ports/posix/PosixFileSystem.h"
 
 namespace stagehopper::benchmarks {
 namespace {
@@ -144,7 +144,7 @@ struct Machine {
     Machine(int argc, char** argv) : host(argc, argv) {}
 
     SystemClock clock;
-    PosixFileSystem fileSystem;
+    posix::PosixFileSystem fileSystem;
     QuietLog systemLog;
     GlibText text;
     LinuxHost host;

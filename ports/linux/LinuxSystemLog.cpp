@@ -6,7 +6,7 @@
 #include <array>
 #include <string>
 
-#include "ports/linux/FileDescriptor.h"
+#include "ports/posix/FileDescriptor.h"
 
 namespace stagehopper::linux_port {
 
@@ -31,7 +31,7 @@ LinuxSystemLog::LinuxSystemLog()
     : standardErrorIsJournal_(g_log_writer_is_journald(STDERR_FILENO)) {}
 
 void LinuxSystemLog::write(std::string_view message) {
-    writeAll(STDERR_FILENO, std::string(message) + '\n');
+    posix::writeAll(STDERR_FILENO, std::string(message) + '\n');
     if (!standardErrorIsJournal_) writeToJournal(message);
 }
 

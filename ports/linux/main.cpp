@@ -13,7 +13,6 @@
 #include "ports/linux/LinuxScreens.h"
 #include "ports/linux/LinuxSystemLog.h"
 #include "ports/linux/LinuxUserInterface.h"
-#include "ports/linux/PosixFileSystem.h"
 #include "ports/linux/StandardFiles.h"
 #include "ports/linux/SystemClock.h"
 #include "ports/linux/desktop/AtSpiAccessibility.h"
@@ -23,6 +22,7 @@
 #include "ports/linux/desktop/X11Workspace.h"
 #include "ports/linux/network/BeastUrlSession.h"
 #include "ports/linux/processes/LinuxChildProcesses.h"
+#include "ports/posix/PosixFileSystem.h"
 
 // The entry point of the Linux program: the only place where the application meets this port.
 
@@ -33,7 +33,7 @@ namespace {
 /// What other threads may use, too.
 struct SharedServices {
     SystemClock clock;
-    PosixFileSystem fileSystem;
+    posix::PosixFileSystem fileSystem;
     LinuxSystemLog systemLog;
     GlibText text;
     LinuxHost host;

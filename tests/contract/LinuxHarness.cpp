@@ -18,7 +18,6 @@
 #include "ports/linux/LinuxUserInterface.h"
 #include "ports/linux/LinuxWebView.h"
 #include "ports/linux/LinuxWindow.h"
-#include "ports/linux/PosixFileSystem.h"
 #include "ports/linux/SystemClock.h"
 #include "ports/linux/desktop/AtSpiAccessibility.h"
 #include "ports/linux/desktop/MasterKeyboard.h"
@@ -26,6 +25,7 @@
 #include "ports/linux/desktop/X11Workspace.h"
 #include "ports/linux/network/BeastUrlSession.h"
 #include "ports/linux/processes/LinuxChildProcesses.h"
+#include "ports/posix/PosixFileSystem.h"
 #include "tests/contract/PortHarness.h"
 
 namespace stagehopper {
@@ -188,7 +188,7 @@ private:
 
     TemporaryDirectory directory_;
     SystemClock clock_;
-    PosixFileSystem fileSystem_;
+    posix::PosixFileSystem fileSystem_;
     LinuxSystemLog systemLog_;
     GlibText text_;
     LinuxHost host_{1, &program_invocation_name};

@@ -75,7 +75,7 @@ std::string LinuxChildProcess::readOutputToEnd() {
     std::unique_lock lock(mutex_);
     auto output = std::exchange(output_, std::nullopt);
     lock.unlock();
-    return output ? readToEnd(output->number()) : std::string{};
+    return output ? posix::readToEnd(output->number()) : std::string{};
 }
 
 std::int32_t LinuxChildProcess::terminationStatus() {

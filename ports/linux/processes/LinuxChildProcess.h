@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "platform/ChildProcess.h"
-#include "ports/linux/FileDescriptor.h"
+#include "ports/posix/FileDescriptor.h"
 
 namespace stagehopper::linux_port {
 
@@ -37,7 +37,7 @@ private:
     bool launched_ = false;
     /// Null until it runs.
     std::shared_ptr<RunningProgram> program_;
-    std::optional<FileDescriptor> output_;
+    std::optional<posix::FileDescriptor> output_;
 };
 
 }  // namespace stagehopper::linux_port

@@ -74,7 +74,7 @@ void describeSignals(posix_spawnattr_t* attributes) {
         attributes, POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETPGROUP);
 }
 
-void describeFiles(posix_spawn_file_actions_t* actions, const FileDescriptor& output,
+void describeFiles(posix_spawn_file_actions_t* actions, const posix::FileDescriptor& output,
                    const platform::ChildProcessOptions& options) {
     ::posix_spawn_file_actions_addopen(actions, STDIN_FILENO, nullDevice, O_RDONLY, 0);
     if (output.isOpen()) {
@@ -96,8 +96,8 @@ std::variant<SpawnedProgram, std::error_code> spawn(const platform::ChildProcess
     if (options.capturesOutput && ::pipe2(ends.data(), O_CLOEXEC) != 0) {
         return std::error_code(errno, std::generic_category());
     }
-    FileDescriptor reading(ends[0]);
-    const FileDescriptor writing(ends[1]);
+    posix::FileDescriptor reading(ends[0]);
+    const posix::FileDescriptor writing(ends[1]);
 
     Attributes attributes;
     describeSignals(attributes.get());

@@ -6,14 +6,14 @@
 #include <variant>
 
 #include "platform/ChildProcess.h"
-#include "ports/linux/FileDescriptor.h"
+#include "ports/posix/FileDescriptor.h"
 
 namespace stagehopper::linux_port {
 
 struct SpawnedProgram {
     pid_t process;
     /// The reading end of its standard output; not open when nobody captures it.
-    FileDescriptor output;
+    posix::FileDescriptor output;
 };
 
 /// Starts a program as `options` say, in a process group of its own: what is typed at the terminal

@@ -6,8 +6,8 @@
 #include <optional>
 #include <sstream>
 
-#include "ports/linux/PosixFileSystem.h"
 #include "ports/linux/processes/RouteTable.h"
+#include "ports/posix/PosixFileSystem.h"
 
 namespace stagehopper::linux_port {
 
@@ -27,7 +27,7 @@ std::optional<std::filesystem::path> findTool(const std::string& name) {
     std::istringstream folders((path != nullptr ? path : "") + std::string(":") + usualFolders);
     for (std::string folder; std::getline(folders, folder, ':');) {
         auto candidate = std::filesystem::path(folder) / name;
-        if (candidate.is_absolute() && PosixFileSystem().isExecutableFile(candidate))
+        if (candidate.is_absolute() && posix::PosixFileSystem().isExecutableFile(candidate))
             return candidate;
     }
     return std::nullopt;

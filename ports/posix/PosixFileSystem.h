@@ -2,7 +2,7 @@
 
 #include "platform/FileSystem.h"
 
-namespace stagehopper::linux_port {
+namespace stagehopper::posix {
 
 /// Files by way of the kernel's own calls, whose flags keep the promises of the interface without a
 /// gap between looking and acting. Any thread.
@@ -15,4 +15,4 @@ public:
     std::filesystem::path resolvingSymlinks(const std::filesystem::path& path) override;
 };
 
-}  // namespace stagehopper::linux_port
+}  // namespace stagehopper::posix

@@ -1,4 +1,4 @@
-#include "ports/linux/PosixFileSystem.h"
+#include "ports/posix/PosixFileSystem.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -6,9 +6,9 @@
 
 #include <system_error>
 
-#include "ports/linux/FileDescriptor.h"
+#include "ports/posix/FileDescriptor.h"
 
-namespace stagehopper::linux_port {
+namespace stagehopper::posix {
 
 namespace {
 
@@ -50,4 +50,4 @@ std::filesystem::path PosixFileSystem::resolvingSymlinks(const std::filesystem::
     return error ? path : resolved;
 }
 
-}  // namespace stagehopper::linux_port
+}  // namespace stagehopper::posix

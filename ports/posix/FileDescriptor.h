@@ -4,7 +4,7 @@
 #include <string_view>
 #include <utility>
 
-namespace stagehopper::linux_port {
+namespace stagehopper::posix {
 
 /// An open file that is closed with its owner.
 class FileDescriptor {
@@ -27,4 +27,4 @@ bool writeAll(int file, std::string_view bytes);
 /// Reads up to the end of the file, or up to an error. Blocks as long as the other side does.
 std::string readToEnd(int file);
 
-}  // namespace stagehopper::linux_port
+}  // namespace stagehopper::posix

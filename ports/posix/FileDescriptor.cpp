@@ -1,11 +1,11 @@
-#include "ports/linux/FileDescriptor.h"
+#include "ports/posix/FileDescriptor.h"
 
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
 
-namespace stagehopper::linux_port {
+namespace stagehopper::posix {
 
 FileDescriptor::~FileDescriptor() {
     if (isOpen()) ::close(number_);
@@ -32,4 +32,4 @@ std::string readToEnd(int file) {
     }
 }
 
-}  // namespace stagehopper::linux_port
+}  // namespace stagehopper::posix

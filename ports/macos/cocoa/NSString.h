@@ -1,0 +1,71 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "ports/macos/cocoa/Owned.h"
+
+namespace stagehopper::cocoa {
+
+class NSLocale;
+
+inline constexpr NSUInteger NSUTF8StringEncoding = 4;
+
+enum NSStringCompareOptions : NSUInteger {
+    NSCaseInsensitiveSearch = 1,
+    NSDiacriticInsensitiveSearch = 128,
+};
+
+/// NSString. Any thread.
+class NSString : public Handle<NSString, NSObject> {
+public:
+    static constexpr FixedString className{"NSString"};
+    using Handle::Handle;
+
+    /// Nil when the bytes are not well-formed. Unlike a C string it may hold zeros.
+    static Owned<NSString> withUtf8(std::string_view bytes) {
+        return Owned<NSString>::adopt(
+            allocate().initWithBytes(bytes.data(), bytes.size(), NSUTF8StringEncoding));
+    }
+
+    [[nodiscard]] const char* UTF8String() const { return send<"UTF8String", const char*()>(); }
+    [[nodiscard]] NSUInteger lengthOfBytesUsingEncoding(NSUInteger encoding) const {
+        return send<"lengthOfBytesUsingEncoding:", NSUInteger(NSUInteger)>(encoding);
+    }
+    [[nodiscard]] NSString stringByFoldingWithOptions(NSUInteger options, NSLocale locale) const;
+    [[nodiscard]] NSString lowercaseStringWithLocale(NSLocale locale) const;
+
+private:
+    [[nodiscard]] NSString initWithBytes(const void* bytes, NSUInteger length,
+                                         NSUInteger encoding) const {
+        return send<"initWithBytes:length:encoding:",
+                    NSString(const void*, NSUInteger, NSUInteger)>(bytes, length, encoding);
+    }
+};
+
+/// The UTF-8 bytes; empty for nil.
+[[nodiscard]] inline std::string text(NSString string) {
+    const char* bytes = string.UTF8String();
+    if (bytes == nullptr) return {};
+    return {bytes, string.lengthOfBytesUsingEncoding(NSUTF8StringEncoding)};
+}
+
+/// For arguments: `window.setTitle(string(title))`. Lives as long as the current pool. Of bytes
+/// that are not well-formed UTF-8 it keeps the ASCII, so that a message is never lost as a whole.
+[[nodiscard]] inline NSString string(std::string_view bytes) {
+    auto made = NSString::withUtf8(bytes);
+    if (!made) {
+        std::string ascii(bytes);
+        for (char& character : ascii) {
+            if (static_cast<unsigned char>(character) >= 0x80) character = '?';
+        }
+        made = NSString::withUtf8(ascii);
+    }
+    return NSString(made.release().autorelease().pointer());
+}
+
+inline void NSObject::setValueForKey(NSObject value, NSString key) const {
+    send<"setValue:forKey:", void(NSObject, NSString)>(value, key);
+}
+
+}  // namespace stagehopper::cocoa

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "ports/macos/cocoa/NSString.h"
+
+namespace stagehopper::cocoa {
+
+/// WKScriptMessage. Main thread only.
+class WKScriptMessage : public Handle<WKScriptMessage, NSObject> {
+public:
+    static constexpr FixedString className{"WKScriptMessage"};
+    using Handle::Handle;
+
+    /// What the page posted: an NSString for a string, else an NSNumber, NSDate, NSArray,
+    /// NSDictionary or NSNull.
+    [[nodiscard]] NSObject body() const { return send<"body", NSObject()>(); }
+    /// Of the handler that it was posted to.
+    [[nodiscard]] NSString name() const { return send<"name", NSString()>(); }
+};
+
+}  // namespace stagehopper::cocoa

@@ -11,6 +11,12 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 
 find_package(Threads REQUIRED)
 
+# The linkers for macOS search all libraries again by themselves, and CMake knows no option for it.
+if(APPLE)
+  set(CMAKE_CXX_LINK_GROUP_USING_RESCAN "" "")
+  set(CMAKE_CXX_LINK_GROUP_USING_RESCAN_SUPPORTED TRUE)
+endif()
+
 add_library(stagehopper_options INTERFACE)
 target_include_directories(stagehopper_options INTERFACE "${CMAKE_SOURCE_DIR}")
 target_compile_options(stagehopper_options INTERFACE

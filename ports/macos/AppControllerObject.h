@@ -1,0 +1,63 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "platform/Application.h"
+#include "platform/Screens.h"
+#include "platform/Window.h"
+#include "ports/macos/cocoa/NSNotification.h"
+#include "ports/macos/cocoa/NSWindow.h"
+
+namespace stagehopper::macos_port {
+
+class MacWindow;
+
+/// What the system talks to: the one object of the class "AppController", delegate of the
+/// application and of its windows and observer of the screens. Passes everything on to the C++
+/// side, which it holds weakly. Main thread only.
+class AppControllerObject {
+public:
+    /// Nothing is heard any more once the answer is gone.
+    static std::shared_ptr<AppControllerObject> create();
+    AppControllerObject(const AppControllerObject&) = delete;
+    AppControllerObject& operator=(const AppControllerObject&) = delete;
+
+    /// For delegate slots, which do not retain it.
+    [[nodiscard]] cocoa::NSObject object() const { return object_.get(); }
+
+    void setApplicationDelegate(std::weak_ptr<platform::ApplicationDelegate> delegate);
+    void addScreenObserver(std::weak_ptr<platform::ScreenObserver> observer);
+    /// `window` stands for `native` until it is removed or has begun to close.
+    void addWindow(cocoa::NSWindow native, MacWindow& window);
+    void setWindowDelegate(const MacWindow& window,
+                           std::weak_ptr<platform::WindowDelegate> delegate);
+    void removeWindow(const MacWindow& window);
+
+private:
+    struct OpenWindow {
+        cocoa::NSWindow native;
+        MacWindow* window;
+        std::weak_ptr<platform::WindowDelegate> delegate;
+    };
+
+    AppControllerObject() = default;
+
+    // What the system sends.
+    void applicationDidFinishLaunching(cocoa::NSNotification notification);
+    cocoa::BOOL applicationShouldTerminateAfterLastWindowClosed(cocoa::NSObject application);
+    void applicationWillTerminate(cocoa::NSNotification notification);
+    void windowWillClose(cocoa::NSNotification notification);
+    void screenDidChange();
+
+    std::weak_ptr<platform::ApplicationDelegate> applicationDelegate_;
+    std::vector<std::weak_ptr<platform::ScreenObserver>> screenObservers_;
+    std::vector<OpenWindow> openWindows_;
+    /// The one that was set last; it also hears of windows that are none of ours.
+    std::weak_ptr<platform::WindowDelegate> windowDelegate_;
+    /// The system still works on it when whoever hears of its closing drops it.
+    cocoa::Owned<cocoa::NSWindow> closing_;
+    cocoa::Owned<cocoa::NSObject> object_;
+};
+
+}  // namespace stagehopper::macos_port

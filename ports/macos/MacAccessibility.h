@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/Accessibility.h"
+
+namespace stagehopper::macos_port {
+
+/// The accessibility interface. Main thread only.
+class MacAccessibility final : public platform::Accessibility {
+public:
+    /// Bounds how long another program can hold us up, in the whole process.
+    MacAccessibility();
+
+    bool isProcessTrusted() override;
+    void requestTrust() override;
+    platform::UIElementRef applicationElement(platform::Pid process) override;
+};
+
+}  // namespace stagehopper::macos_port

@@ -1,0 +1,120 @@
+#include "ports/macos/MacChildProcess.h"
+
+#include <utility>
+
+#include "ports/macos/ErrorText.h"
+#include "ports/macos/cocoa/NSPipe.h"
+
+namespace stagehopper::macos_port {
+
+namespace {
+
+cocoa::NSArray argumentsFor(const std::vector<std::string>& arguments) {
+    std::vector<cocoa::NSString> strings;
+    strings.reserve(arguments.size());
+    for (const auto& argument : arguments) strings.push_back(cocoa::string(argument));
+    return cocoa::NSArray::of(strings);
+}
+
+cocoa::NSDictionary dictionaryFor(const platform::Environment& environment) {
+    std::vector<std::pair<cocoa::NSString, cocoa::NSString>> entries;
+    entries.reserve(environment.size());
+    for (const auto& [name, value] : environment) {
+        entries.emplace_back(cocoa::string(name), cocoa::string(value));
+    }
+    return cocoa::NSDictionary::of(entries);
+}
+
+cocoa::Owned<cocoa::NSTask> configuredTask(const platform::ChildProcessOptions& options) {
+    auto task = cocoa::NSTask::make();
+    const auto executable = cocoa::string(options.executable.native());
+    task->setExecutableURL(cocoa::NSURL::fileURLWithPath(executable));
+    task->setArguments(argumentsFor(options.arguments));
+    if (options.environment) task->setEnvironment(dictionaryFor(*options.environment));
+    if (options.currentDirectory) {
+        const auto directory = cocoa::string(options.currentDirectory->native());
+        task->setCurrentDirectoryURL(cocoa::NSURL::fileURLWithPath(directory, true));
+    }
+    task->setStandardInput(cocoa::NSFileHandle::fileHandleWithNullDevice());
+    task->setStandardError(cocoa::NSFileHandle::fileHandleWithNullDevice());
+    return task;
+}
+
+/// Says where standard output goes; the end that we read, if any.
+cocoa::Owned<cocoa::NSFileHandle> outputOf(cocoa::NSTask task, bool isCaptured) {
+    if (!isCaptured) {
+        task.setStandardOutput(cocoa::NSFileHandle::fileHandleWithNullDevice());
+        return {};
+    }
+    // The pipe itself, not its writing end: only of a pipe the task closes our copy of that end,
+    // without which the output would never be at its end.
+    const auto pipe = cocoa::NSPipe::pipe();
+    task.setStandardOutput(pipe);
+    return cocoa::Owned<cocoa::NSFileHandle>::share(pipe.fileHandleForReading());
+}
+
+}  // namespace
+
+struct MacChildProcess::Run {
+    /// Set before the termination handler is called, which may overtake the launch's return.
+    std::atomic<bool> isLaunched = false;
+    /// Keeps the task while the process runs: the handle may go, the handler must be called.
+    cocoa::Owned<cocoa::NSTask> task;
+    platform::TerminationHandler onTermination;
+
+    void end() {
+        isLaunched = true;
+        // Not released at once: the task holds the block that is running.
+        const auto ended = cocoa::NSTask(task.release().autorelease().pointer());
+        const auto handler = std::exchange(onTermination, nullptr);
+        if (handler) handler(ended.terminationStatus());
+    }
+    void forget() {
+        task = {};
+        onTermination = nullptr;
+    }
+};
+
+MacChildProcess::MacChildProcess(const platform::ChildProcessOptions& options)
+    : task_(configuredTask(options)),
+      output_(outputOf(task_.get(), options.capturesOutput)),
+      run_(std::make_shared<Run>()) {}
+
+platform::Outcome MacChildProcess::launch(platform::TerminationHandler onTermination) {
+    if (wasAskedToLaunch_.exchange(true)) return platform::Outcome::refused("launched before");
+    run_->task = task_;
+    run_->onTermination = std::move(onTermination);
+    task_->setTerminationHandler(
+        cocoa::Block<void(cocoa::NSTask)>([run = run_](cocoa::NSTask) { run->end(); }));
+    cocoa::NSError error;
+    if (!task_->launchAndReturnError(error)) {
+        run_->forget();
+        return platform::Outcome::refused(errorText(error));
+    }
+    run_->isLaunched = true;
+    return platform::Outcome::done();
+}
+
+bool MacChildProcess::isLaunched() const {
+    return run_->isLaunched;
+}
+
+void MacChildProcess::terminate() {
+    if (isLaunched() && task_->isRunning()) task_->terminate();
+}
+
+void MacChildProcess::waitUntilExit() {
+    if (isLaunched()) task_->waitUntilExit();
+}
+
+std::string MacChildProcess::readOutputToEnd() {
+    if (!isLaunched() || !output_) return {};
+    cocoa::NSError error;
+    return cocoa::bytes(output_->readDataToEndOfFileAndReturnError(error));
+}
+
+std::int32_t MacChildProcess::terminationStatus() {
+    return isLaunched() && !task_->isRunning() ? task_->terminationStatus() : 0;
+}
+
+}  // namespace stagehopper::macos_port

@@ -1,0 +1,48 @@
+#include "ports/macos/MacPanel.h"
+
+#include "ports/macos/Geometry.h"
+#include "ports/macos/MacWebView.h"
+#include "ports/macos/cocoa/CGWindowLevel.h"
+
+namespace stagehopper::macos_port {
+
+MacPanel::MacPanel(const platform::PanelOptions& options)
+    : panel_(cocoa::NSPanel::make(toCGRect(options.contentRect), options.styleMask, false)) {
+    // Otherwise closing would release what is ours to release.
+    panel_->setReleasedWhenClosed(false);
+    if (options.clearBackground) panel_->setBackgroundColor(cocoa::NSColor::clearColor());
+    panel_->setOpaque(options.opaque);
+    panel_->setHasShadow(options.hasShadow);
+    panel_->setHidesOnDeactivate(options.hidesOnDeactivate);
+    panel_->setLevel(cocoa::CGShieldingWindowLevel() + options.levelAboveShielding);
+    panel_->setCollectionBehavior(options.collectionBehavior);
+    panel_->setIgnoresMouseEvents(options.ignoresMouseEvents);
+}
+
+MacPanel::~MacPanel() {
+    // Not by "close": AppKit might take it for the program's last window and end the program.
+    if (visible_) panel_->orderOut(nullptr);
+    // The page outlives its panel when somebody else holds it.
+    panel_->setContentView(nullptr);
+}
+
+void MacPanel::setContentView(const std::shared_ptr<platform::WebView>& view) {
+    content_ = std::dynamic_pointer_cast<MacWebView>(view);
+    panel_->setContentView(content_ ? content_->view() : nullptr);
+}
+
+void MacPanel::orderFrontRegardless() {
+    visible_ = true;
+    panel_->orderFrontRegardless();
+}
+
+void MacPanel::orderOut() {
+    visible_ = false;
+    panel_->orderOut(nullptr);
+}
+
+void MacPanel::setFrame(const platform::Rect& frame) {
+    panel_->setFrame(toCGRect(frame), true);
+}
+
+}  // namespace stagehopper::macos_port

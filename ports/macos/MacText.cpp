@@ -1,0 +1,21 @@
+#include "ports/macos/MacText.h"
+
+#include "ports/macos/WellFormedText.h"
+#include "ports/macos/cocoa/NSLocale.h"
+
+namespace stagehopper::macos_port {
+
+std::string MacText::folded(std::string_view text) {
+    constexpr cocoa::NSUInteger differences =
+        cocoa::NSCaseInsensitiveSearch | cocoa::NSDiacriticInsensitiveSearch;
+    return cocoa::text(
+        cocoa::string(wellFormed(text))
+            .stringByFoldingWithOptions(differences, cocoa::NSLocale::currentLocale()));
+}
+
+std::string MacText::lowercased(std::string_view text) {
+    return cocoa::text(cocoa::string(wellFormed(text))
+                           .lowercaseStringWithLocale(cocoa::NSLocale::currentLocale()));
+}
+
+}  // namespace stagehopper::macos_port

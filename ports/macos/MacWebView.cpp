@@ -1,0 +1,74 @@
+#include "ports/macos/MacWebView.h"
+
+#include <utility>
+
+#include "ports/macos/BridgeHandlerObject.h"
+#include "ports/macos/Geometry.h"
+#include "ports/macos/PageGuard.h"
+#include "ports/macos/cocoa/NSNumber.h"
+
+namespace stagehopper::macos_port {
+
+MacWebView::MacWebView(const platform::Rect& frame,
+                       const platform::WebViewConfiguration& configuration)
+    : pageGuard_(PageGuard::create()), view_(makeView(frame, configuration)) {}
+
+MacWebView::~MacWebView() {
+    for (const auto& route : messageRoutes_) {
+        content_->removeScriptMessageHandlerForName(cocoa::string(route.name));
+    }
+    view_->setNavigationDelegate(nullptr);
+    view_->stopLoading();
+}
+
+cocoa::Owned<cocoa::WKWebView> MacWebView::makeView(
+    const platform::Rect& frame, const platform::WebViewConfiguration& configuration) {
+    const auto native = cocoa::WKWebViewConfiguration::make();
+    content_ = cocoa::WKUserContentController::make();
+    for (const auto& [name, handler] : configuration.messageHandlers) {
+        addMessageHandler(name, handler);
+    }
+    for (const auto& script : configuration.userScripts) addUserScript(script);
+    native->setUserContentController(content_.get());
+    auto view = cocoa::WKWebView::make(toCGRect(frame), native.get());
+    view->setNavigationDelegate(pageGuard_->object());
+    return view;
+}
+
+void MacWebView::addMessageHandler(const std::string& name,
+                                   std::shared_ptr<platform::ScriptMessageHandler> handler) {
+    auto object = BridgeHandlerObject::create(handler);
+    content_->addScriptMessageHandler(object->object(), cocoa::string(name));
+    messageRoutes_.push_back({name, std::move(handler), std::move(object)});
+}
+
+void MacWebView::addUserScript(const platform::UserScript& script) {
+    constexpr auto atStart = cocoa::WKUserScriptInjectionTimeAtDocumentStart;
+    constexpr bool mainFrameOnly = true;
+    const auto native =
+        cocoa::WKUserScript::make(cocoa::string(script.source), atStart, mainFrameOnly);
+    content_->addUserScript(native.get());
+}
+
+void MacWebView::loadFile(const std::filesystem::path& file,
+                          const std::filesystem::path& readAccess) {
+    const auto page = cocoa::NSURL::fileURLWithPath(cocoa::string(file.native()), false);
+    const auto folder = cocoa::NSURL::fileURLWithPath(cocoa::string(readAccess.native()), true);
+    view_->loadFileURL(page, folder);
+}
+
+void MacWebView::evaluateJavaScript(std::string_view script) {
+    view_->evaluateJavaScript(cocoa::string(script));
+}
+
+void MacWebView::setDrawsBackground(bool drawsBackground) {
+    // A property of the view without a public method.
+    view_->setValueForKey(cocoa::NSNumber::numberWithBool(drawsBackground),
+                          cocoa::string("drawsBackground"));
+}
+
+void MacWebView::setFrame(const platform::Rect& frame) {
+    view_->setFrame(toCGRect(frame));
+}
+
+}  // namespace stagehopper::macos_port

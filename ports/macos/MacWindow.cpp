@@ -1,0 +1,60 @@
+#include "ports/macos/MacWindow.h"
+
+#include <utility>
+
+#include "ports/macos/AppControllerObject.h"
+#include "ports/macos/Geometry.h"
+#include "ports/macos/MacWebView.h"
+
+namespace stagehopper::macos_port {
+
+MacWindow::MacWindow(AppControllerObject& appController, const platform::WindowOptions& options)
+    : appController_(appController),
+      window_(cocoa::NSWindow::make(toCGRect(options.contentRect), options.styleMask, false)) {
+    // Otherwise closing would release what is ours to release.
+    window_->setReleasedWhenClosed(false);
+    appController_.addWindow(window_.get(), *this);
+}
+
+MacWindow::~MacWindow() {
+    // Tells the delegate, through the one of AppKit's.
+    if (open_) window_->close();
+    window_->setDelegate(nullptr);
+    appController_.removeWindow(*this);
+    // The page outlives its window when somebody else holds it.
+    window_->setContentView(nullptr);
+}
+
+void MacWindow::setTitle(std::string_view title) {
+    if (open_) window_->setTitle(cocoa::string(title));
+}
+
+void MacWindow::setMinimumSize(platform::Size size) {
+    if (open_) window_->setMinSize(toCGSize(size));
+}
+
+void MacWindow::setContentView(const std::shared_ptr<platform::WebView>& view) {
+    if (!open_) return;
+    content_ = std::dynamic_pointer_cast<MacWebView>(view);
+    window_->setContentView(content_ ? content_->view() : nullptr);
+}
+
+void MacWindow::center() {
+    if (open_) window_->center();
+}
+
+void MacWindow::setDelegate(std::weak_ptr<platform::WindowDelegate> delegate) {
+    if (!open_) return;
+    appController_.setWindowDelegate(*this, std::move(delegate));
+    window_->setDelegate(appController_.object());
+}
+
+void MacWindow::makeKeyAndOrderFront() {
+    if (open_) window_->makeKeyAndOrderFront(nullptr);
+}
+
+void MacWindow::didBeginClosing() {
+    open_ = false;
+}
+
+}  // namespace stagehopper::macos_port

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/Window.h"
+#include "ports/macos/cocoa/NSWindow.h"
+
+namespace stagehopper::macos_port {
+
+class AppControllerObject;
+class MacWebView;
+
+/// An NSWindow. Main thread only. After it was closed every call does nothing; that somebody else
+/// has closed it, it knows from the moment on when it has a delegate.
+class MacWindow final : public platform::Window {
+public:
+    /// `appController` becomes its delegate and outlives it.
+    MacWindow(AppControllerObject& appController, const platform::WindowOptions& options);
+    ~MacWindow() override;
+    MacWindow(const MacWindow&) = delete;
+    MacWindow& operator=(const MacWindow&) = delete;
+
+    void setTitle(std::string_view title) override;
+    /// Of the whole window, as AppKit means it: the title bar counts.
+    void setMinimumSize(platform::Size size) override;
+    void setContentView(const std::shared_ptr<platform::WebView>& view) override;
+    void center() override;
+    void setDelegate(std::weak_ptr<platform::WindowDelegate> delegate) override;
+    void makeKeyAndOrderFront() override;
+
+    /// The system has begun to close it. From now on it counts as closed.
+    void didBeginClosing();
+
+private:
+    AppControllerObject& appController_;
+    cocoa::Owned<cocoa::NSWindow> window_;
+    std::shared_ptr<MacWebView> content_;
+    bool open_ = true;
+};
+
+}  // namespace stagehopper::macos_port

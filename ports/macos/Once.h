@@ -1,0 +1,34 @@
+#pragma once
+
+#include <atomic>
+#include <functional>
+#include <memory>
+#include <utility>
+
+namespace stagehopper::macos_port {
+
+/// A completion that runs at its first call and not at another: the system has been seen to call
+/// some twice, even on two threads at once. Copies share that one call.
+template <class... Arguments>
+class Once {
+public:
+    explicit Once(std::function<void(Arguments...)> function)
+        : state_(std::make_shared<State>(std::move(function))) {}
+
+    void operator()(Arguments... arguments) const {
+        if (state_->wasCalled.exchange(true)) return;
+        // What it holds goes with the call, not with the last copy.
+        const auto function = std::exchange(state_->function, nullptr);
+        function(std::move(arguments)...);
+    }
+
+private:
+    struct State {
+        explicit State(std::function<void(Arguments...)> toCall) : function(std::move(toCall)) {}
+        std::atomic<bool> wasCalled = false;
+        std::function<void(Arguments...)> function;
+    };
+    std::shared_ptr<State> state_;
+};
+
+}  // namespace stagehopper::macos_port

@@ -1,0 +1,18 @@
+#include <csignal>
+
+#include "app/AppController.h"
+#include "ports/macos/Services.h"
+#include "ports/macos/cocoa/AutoreleasePool.h"
+
+// The entry point of the macOS program: the only place where the application meets this port.
+
+int main() {
+    // A reader of our output that went away must not take the program with it.
+    std::signal(SIGPIPE, SIG_IGN);
+
+    const stagehopper::cocoa::AutoreleasePool pool;
+    stagehopper::macos_port::Services services;
+    const auto controller = stagehopper::AppController::create(services.platform());
+    services.application().setDelegate(controller);
+    return services.application().run();
+}

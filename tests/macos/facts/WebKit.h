@@ -1,0 +1,52 @@
+#pragma once
+
+#include "tests/macos/facts/Fact.h"
+
+namespace stagehopper::macos_facts {
+
+// Messages of WebKit, sorted by class and selector. Source: objc2's generated bindings of Apple's
+// headers, commit fff28a8e2889d32c2a832672a94eeff42cd6c6d2 (names and type encodings only).
+inline constexpr MethodFact webKitMethods[] = {
+    {"WKFrameInfo", Kind::instance, "isMainFrame", "B@:"},
+    {"WKPreferences", Kind::instance, "setJavaScriptCanOpenWindowsAutomatically:", "v@:B"},
+    {"WKScriptMessage", Kind::instance, "body", "@@:"},
+    {"WKScriptMessage", Kind::instance, "frameInfo", "@@:"},
+    {"WKScriptMessage", Kind::instance, "name", "@@:"},
+    {"WKScriptMessage", Kind::instance, "webView", "@@:"},
+    {"WKUserContentController", Kind::instance, "addScriptMessageHandler:name:", "v@:@@"},
+    {"WKUserContentController", Kind::instance, "addUserScript:", "v@:@"},
+    {"WKUserContentController", Kind::instance, "removeAllScriptMessageHandlers", "v@:"},
+    {"WKUserContentController", Kind::instance, "removeAllUserScripts", "v@:"},
+    {"WKUserContentController", Kind::instance, "removeScriptMessageHandlerForName:", "v@:@"},
+    {"WKUserScript", Kind::instance, "initWithSource:injectionTime:forMainFrameOnly:", "@@:@qB",
+     Returns::retained},
+    {"WKWebView", Kind::instance, "UIDelegate", "@@:"},
+    {"WKWebView", Kind::instance, "URL", "@@:"},
+    {"WKWebView", Kind::instance, "configuration", "@@:"},
+    {"WKWebView", Kind::instance, "evaluateJavaScript:completionHandler:", "v@:@@?", Returns::plain,
+     "v@?@@"},
+    {"WKWebView", Kind::instance,
+     "initWithFrame:configuration:", "@@:{CGRect={CGPoint=dd}{CGSize=dd}}@", Returns::retained},
+    {"WKWebView", Kind::instance, "isLoading", "B@:"},
+    {"WKWebView", Kind::instance, "loadFileURL:allowingReadAccessToURL:", "@@:@@"},
+    {"WKWebView", Kind::instance, "loadHTMLString:baseURL:", "@@:@@"},
+    {"WKWebView", Kind::instance, "loadRequest:", "@@:@"},
+    {"WKWebView", Kind::instance, "navigationDelegate", "@@:"},
+    {"WKWebView", Kind::instance, "reload", "@@:"},
+    {"WKWebView", Kind::instance, "reloadFromOrigin", "@@:"},
+    {"WKWebView", Kind::instance, "setInspectable:", "v@:B"},
+    {"WKWebView", Kind::instance, "setNavigationDelegate:", "v@:@"},
+    {"WKWebView", Kind::instance, "setUIDelegate:", "v@:@"},
+    {"WKWebView", Kind::instance, "stopLoading", "v@:"},
+    {"WKWebView", Kind::instance, "title", "@@:"},
+    {"WKWebViewConfiguration", Kind::instance, "preferences", "@@:"},
+    {"WKWebViewConfiguration", Kind::instance, "setPreferences:", "v@:@"},
+    {"WKWebViewConfiguration", Kind::instance, "setURLSchemeHandler:forURLScheme:", "v@:@@"},
+    {"WKWebViewConfiguration", Kind::instance, "setUserContentController:", "v@:@"},
+    {"WKWebViewConfiguration", Kind::instance, "setWebsiteDataStore:", "v@:@"},
+    {"WKWebViewConfiguration", Kind::instance, "userContentController", "@@:"},
+    {"WKWebsiteDataStore", Kind::classLevel, "defaultDataStore", "@@:"},
+    {"WKWebsiteDataStore", Kind::classLevel, "nonPersistentDataStore", "@@:"},
+};
+
+}  // namespace stagehopper::macos_facts

@@ -1,0 +1,74 @@
+#include "tests/macos/recording/Application.h"
+
+#include <stdexcept>
+#include <utility>
+
+#include "tests/macos/recording/Behaviours.h"
+#include "tests/macos/recording/Callbacks.h"
+#include "tests/macos/recording/Menus.h"
+#include "tests/macos/recording/Notifications.h"
+#include "tests/macos/recording/Queues.h"
+#include "tests/macos/recording/SharedInstances.h"
+#include "tests/macos/recording/World.h"
+
+namespace stagehopper::recording {
+
+namespace {
+
+cocoa::id delegate() {
+    return property(sharedApplication(), "delegate").object();
+}
+
+void tellDelegate(std::string_view selector, std::string_view notification) {
+    tell(delegate(), selector, makeNotification(notification, sharedApplication()).get());
+}
+
+}  // namespace
+
+cocoa::id sharedApplication() {
+    return sharedInstance("NSApplication");
+}
+
+void Application::finishLaunching() {
+    if (std::exchange(launched_, true)) return;
+    tellDelegate("applicationWillFinishLaunching:", "NSApplicationWillFinishLaunchingNotification");
+    tellDelegate("applicationDidFinishLaunching:", "NSApplicationDidFinishLaunchingNotification");
+}
+
+void Application::userPresses(std::string_view title) {
+    const auto item = findMenuItem(property(sharedApplication(), "mainMenu").object(), title);
+    if (item == nullptr) throw std::logic_error("no menu item " + std::string(title));
+    queues::async("main", [item = Kept(item)] { performMenuItem(item.get()); });
+}
+
+void Application::systemQuits() {
+    queues::async("main", [this] { terminate(); });
+}
+
+void Application::run() {
+    finishLaunching();
+    queues::runUntil([this] { return terminated_; });
+}
+
+void Application::terminate() {
+    if (std::exchange(terminating_, true)) return;
+    const std::string question = "applicationShouldTerminate:";
+    constexpr unsigned long now = 1;
+    if (responds(delegate(), question) &&
+        tell<unsigned long>(delegate(), question, sharedApplication()) != now) {
+        terminating_ = false;
+        return;
+    }
+    tellDelegate("applicationWillTerminate:", "NSApplicationWillTerminateNotification");
+    terminated_ = true;
+}
+
+void Application::windowWasClosed() {
+    queues::async("main", [this] {
+        const std::string question = "applicationShouldTerminateAfterLastWindowClosed:";
+        if (World::current().windows.ordinaryWindowVisible() || terminated_) return;
+        if (tell<bool>(delegate(), question, sharedApplication())) terminate();
+    });
+}
+
+}  // namespace stagehopper::recording

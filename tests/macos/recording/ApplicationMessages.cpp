@@ -1,0 +1,60 @@
+#include "tests/macos/recording/Behaviours.h"
+#include "tests/macos/recording/Callbacks.h"
+#include "tests/macos/recording/Classes.h"
+#include "tests/macos/recording/Definitions.h"
+#include "tests/macos/recording/SharedInstances.h"
+#include "tests/macos/recording/World.h"
+
+// NSApplication.
+
+namespace stagehopper::recording {
+
+namespace {
+
+Application& application() {
+    return World::current().application;
+}
+
+Value setActivationPolicy(Call& call) {
+    application().setActivationPolicy(call.argument<long>(0));
+    return true;
+}
+
+Value activate(Call& call) {
+    if (application().missing.contains(std::string(call.selector()))) {
+        noteProblem("this system has no -[NSApplication " + std::string(call.selector()) + "]");
+    }
+    ++application().activations;
+    return {};
+}
+
+Value respondsToSelector(Call& call) {
+    const auto& selector = call.argument<cocoa::SEL>(0)->name;
+    if (application().missing.contains(selector)) return false;
+    const auto itsClass = classes::named("NSApplication");
+    return classes::factFor(itsClass, macos_facts::Kind::instance, selector) != nullptr;
+}
+
+Value terminate(Call&) {
+    application().terminate();
+    return {};
+}
+
+Value run(Call&) {
+    application().run();
+    return {};
+}
+
+}  // namespace
+
+void defineApplication() {
+    defineShared("NSApplication", "sharedApplication");
+    define("NSApplication", MessageKind::instance, "setActivationPolicy:", setActivationPolicy);
+    define("NSApplication", MessageKind::instance, "activate", activate);
+    define("NSApplication", MessageKind::instance, "activateIgnoringOtherApps:", activate);
+    define("NSApplication", MessageKind::instance, "respondsToSelector:", respondsToSelector);
+    define("NSApplication", MessageKind::instance, "terminate:", terminate);
+    define("NSApplication", MessageKind::instance, "run", run);
+}
+
+}  // namespace stagehopper::recording

@@ -1,0 +1,30 @@
+#pragma once
+
+namespace stagehopper::recording {
+
+// One function for each file of behaviours. Called once, by the first world.
+
+void defineStrings();
+void defineCollections();
+void defineNumbers();
+void defineDataAndErrors();
+void defineDates();
+void defineUrls();
+void defineProcessInformation();
+void defineNotifications();
+void defineTimers();
+
+void defineTasks();
+void defineFileHandles();
+void defineUrlSessions();
+void defineWebSockets();
+
+void defineApplication();
+void defineWindows();
+void defineMenus();
+void defineScreens();
+void defineWorkspace();
+void defineContentControllers();
+void defineWebViews();
+
+}  // namespace stagehopper::recording

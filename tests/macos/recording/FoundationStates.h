@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "tests/macos/recording/Kept.h"
+
+namespace stagehopper::recording {
+
+// What the stand-ins of Foundation's values carry. Plain data, any queue.
+
+struct StringState {
+    std::string utf8;
+};
+struct DataState {
+    std::string bytes;
+};
+struct UrlState {
+    /// "file:///Applications", "http://127.0.0.1:3000/health".
+    std::string address;
+    /// Of a file URL, not escaped.
+    std::string path;
+};
+struct NumberState {
+    double value = 0;
+    bool truth = false;
+};
+struct DateState {
+    /// Since 1970.
+    double seconds = 0;
+};
+struct ErrorState {
+    std::string domain = "NSCocoaErrorDomain";
+    long code = 0;
+    std::string localizedDescription;
+};
+struct ArrayState {
+    std::vector<Kept> elements;
+};
+struct DictionaryState {
+    /// Keys and values, in the order of insertion.
+    std::vector<std::pair<Kept, Kept>> entries;
+};
+
+}  // namespace stagehopper::recording

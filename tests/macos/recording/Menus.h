@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ports/macos/cocoa/Runtime.h"
+
+namespace stagehopper::recording {
+
+// The main menu as the user sees it. Main thread only.
+
+/// One line for each item, indented by its depth: "退出 Stagehopper [q] terminate:", "---" for a
+/// separator, the menu's title for an item with a submenu.
+[[nodiscard]] std::vector<std::string> menuLines(cocoa::id menu);
+
+/// In the menu or below it; nil when there is none.
+[[nodiscard]] cocoa::id findMenuItem(cocoa::id menu, std::string_view title);
+
+/// What choosing it does: its action goes to its target, else along the responders.
+void performMenuItem(cocoa::id item);
+
+}  // namespace stagehopper::recording

@@ -1,0 +1,114 @@
+#include <gmock/gmock.h>
+
+#include "platform/Accessibility.h"
+#include "ports/macos/cocoa/AXUIElement.h"
+#include "ports/macos/cocoa/AutoreleasePool.h"
+#include "ports/macos/cocoa/CGEvent.h"
+#include "ports/macos/cocoa/NSString.h"
+#include "tests/macos/recording/Bridged.h"
+#include "tests/macos/recording/Foundation.h"
+#include "tests/macos/recording/RecordedTest.h"
+
+namespace stagehopper::recording {
+
+namespace {
+
+using simulated::item;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::StartsWith;
+using Element = cocoa::CFOwned<cocoa::AXUIElementRef>;
+
+class StandInOfAnotherProgram : public RecordedTest {
+protected:
+    simulated::RunningProgram& start() {
+        return world.programs.start(simulated::program("com.example.Slides")
+                                        .pid(42)
+                                        .window("deck")
+                                        .menu("Show", {item("Next").disabled()}));
+    }
+    static Element application(int process) {
+        return Element::adopt(cocoa::AXUIElementCreateApplication(process));
+    }
+    /// What the attribute holds, in words, or the error's number.
+    static std::string read(const Element& element, std::string_view attribute) {
+        cocoa::CFTypeRef value = nullptr;
+        const auto error = cocoa::AXUIElementCopyAttributeValue(
+            element.get(), cocoa::bridged<cocoa::CFStringRef>(cocoa::string(attribute)), &value);
+        const auto owned = cocoa::CFOwned<cocoa::CFTypeRef>::adopt(value);
+        return owned ? describe(objectOf(owned.get())) : std::to_string(error);
+    }
+    static std::string code(platform::AccessibilityError error) {
+        return std::to_string(static_cast<int>(error));
+    }
+    static void press(int process, bool viaFocus) {
+        const auto key = cocoa::CFOwned<cocoa::CGEventRef>::adopt(
+            cocoa::CGEventCreateKeyboardEvent(nullptr, 121, true));
+        if (viaFocus) return cocoa::CGEventPost(cocoa::kCGHIDEventTap, key.get());
+        cocoa::CGEventPostToPid(process, key.get());
+    }
+
+    cocoa::AutoreleasePool pool_;
+};
+
+TEST_F(StandInOfAnotherProgram, ShowsItsWindowsAndItsMenus) {
+    start();
+    const auto element = application(42);
+    EXPECT_EQ(read(element, "AXRole"), R"("AXApplication")");
+    EXPECT_THAT(read(element, "AXWindows"), StartsWith("(<AXUIElement "));
+    EXPECT_THAT(read(element, "AXMenuBar"), StartsWith("<AXUIElement "));
+    EXPECT_EQ(read(element, "AXTitle"), code(platform::AccessibilityError::noValue));
+}
+
+TEST_F(StandInOfAnotherProgram, IsNotThereWithoutTheRightOrWhenItHasGone) {
+    start();
+    const auto element = application(42);
+    world.accessibility.trusted = false;
+    EXPECT_EQ(read(element, "AXRole"), code(platform::AccessibilityError::apiDisabled));
+    world.accessibility.trusted = true;
+    world.programs.quit(42);
+    EXPECT_EQ(read(element, "AXRole"), code(platform::AccessibilityError::invalidElement));
+}
+
+TEST_F(StandInOfAnotherProgram, CostsTheWholeTimeLimitWhenItHangs) {
+    start();
+    world.accessibility.hanging.insert(42);
+    EXPECT_EQ(read(application(42), "AXRole"), code(platform::AccessibilityError::cannotComplete));
+    EXPECT_DOUBLE_EQ(queues::now(), 6);
+    const auto systemWide = Element::adopt(cocoa::AXUIElementCreateSystemWide());
+    cocoa::AXUIElementSetMessagingTimeout(systemWide.get(), 1);
+    static_cast<void>(read(application(42), "AXRole"));
+    EXPECT_DOUBLE_EQ(queues::now(), 7);
+}
+
+TEST_F(StandInOfAnotherProgram, GetsKeysByItsNumberOrByTheFocus) {
+    auto& program = start();
+    press(42, false);
+    press(0, true);
+    EXPECT_THAT(program.keysDown(), ElementsAre(121));
+    world.programs.front = 42;
+    press(0, true);
+    EXPECT_THAT(program.keysDown(), ElementsAre(121, 121));
+    world.accessibility.trusted = false;
+    press(42, false);
+    EXPECT_THAT(program.keysDown(), ElementsAre(121, 121)) << "dropped without a word";
+}
+
+TEST_F(StandInOfAnotherProgram, MayBeBeyondReachOfKeysThatCannotBeMade) {
+    world.keyboard.works = false;
+    EXPECT_EQ(cocoa::CGEventCreateKeyboardEvent(nullptr, 121, true), nullptr);
+}
+
+TEST_F(StandInOfAnotherProgram, LeaksAnElementThatNobodyReleases) {
+    const auto* element = cocoa::AXUIElementCreateApplication(1);
+    EXPECT_THAT(leaked(), ElementsAre(HasSubstr("<AXUIElement 1>")));
+    cocoa::CFRelease(element);
+    EXPECT_THAT(leaked(), IsEmpty());
+    cocoa::CFRelease(element);
+    EXPECT_THAT(takeProblems(), ElementsAre(HasSubstr("CFRelease got <AXUIElement 1>, which was")));
+}
+
+}  // namespace
+
+}  // namespace stagehopper::recording

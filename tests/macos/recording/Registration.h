@@ -1,0 +1,12 @@
+#pragma once
+
+#include "tests/macos/recording/Classes.h"
+
+namespace stagehopper::recording {
+
+/// Compares what a class of the port's has with what its protocols declare and notes as problems:
+/// methods with other types, missing required ones, protocols whose methods are there but that the
+/// class does not conform to, and methods of the root class with other types.
+void checkRegistration(const objc_class& made);
+
+}  // namespace stagehopper::recording

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace stagehopper::recording {
+
+/// What comes out of a WebSocket: a message, or why there will be none.
+struct Incoming {
+    enum class Kind { text, binary, failure };
+    Kind kind = Kind::text;
+    std::string bytes;
+};
+
+/// One WebSocket connection: what the server does with it, what the client asked of it. Everything
+/// that the client is told comes on the queue "session". Main thread only.
+class SocketConnection {
+public:
+    using Receiver = std::function<void(const Incoming&)>;
+    /// Called without a text for a pong, else with the reason why none came.
+    using PongHandler = std::function<void(const std::optional<std::string>&)>;
+
+    explicit SocketConnection(std::string address) : address_(std::move(address)) {}
+
+    // --- the server and the network -----------------------------------------------------------
+    void sends(std::string text);
+    void sendsBytes(std::string bytes);
+    /// It ends; whoever waits, or asks later, is told why.
+    void breaks(const std::string& why);
+    /// How often the client hears of each ping that a break has made fail.
+    int tellsFailedPings = 1;
+    /// At the end of a test: nobody is told anything any more.
+    void forget();
+
+    // --- what a test looks at -----------------------------------------------------------------
+    [[nodiscard]] const std::string& address() const { return address_; }
+    [[nodiscard]] bool open() const { return open_; }
+    [[nodiscard]] int pings() const { return pings_; }
+    /// Absent as long as the client did not close it.
+    [[nodiscard]] std::optional<long> closeCode() const { return closeCode_; }
+    /// Whether the client waits for a message.
+    [[nodiscard]] bool awaited() const { return !receivers_.empty(); }
+
+    // --- the client ---------------------------------------------------------------------------
+    /// Kept as long as the connection lasts.
+    void keepClient(std::shared_ptr<void> client) { client_ = std::move(client); }
+    /// The server has taken it; it calls each pong handler `pongs` times.
+    void connected(int pongs);
+    /// The next message, or the failure, goes to `receiver`, once.
+    void receive(Receiver receiver);
+    void ping(PongHandler handler);
+    void close(long code);
+
+private:
+    void arrives(Incoming incoming);
+    void answerPing(PongHandler handler);
+
+    std::string address_;
+    bool open_ = false;
+    std::shared_ptr<void> client_;
+    int pings_ = 0;
+    int pongs_ = 0;
+    std::optional<long> closeCode_;
+    std::optional<std::string> failure_;
+    std::deque<Incoming> inbox_;
+    std::deque<Receiver> receivers_;
+    std::vector<PongHandler> waitingForPong_;
+};
+
+}  // namespace stagehopper::recording

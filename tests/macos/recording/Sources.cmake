@@ -1,0 +1,23 @@
+# The runtime itself; beside it stand the behaviours of the system's classes.
+set(STAGEHOPPER_RECORDING_RUNTIME
+  Behaviours.cpp
+  Blocks.cpp
+  Callbacks.cpp
+  Classes.cpp
+  Dispatch.cpp
+  Heap.cpp
+  Journal.cpp
+  Kept.cpp
+  Memory.cpp
+  MessageTally.cpp
+  ObjectiveC.cpp
+  Perform.cpp
+  Pools.cpp
+  Properties.cpp
+  Queues.cpp
+  Recording.cpp
+  Registration.cpp
+  RootObject.cpp
+  Scheduler.cpp
+  Value.cpp
+  Worker.cpp)

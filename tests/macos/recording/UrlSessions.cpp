@@ -1,0 +1,87 @@
+#include <string>
+#include <utility>
+
+#include "tests/macos/recording/Callbacks.h"
+#include "tests/macos/recording/Definitions.h"
+#include "tests/macos/recording/Foundation.h"
+#include "tests/macos/recording/Queues.h"
+#include "tests/macos/recording/SharedInstances.h"
+#include "tests/macos/recording/World.h"
+
+// NSURLSession with its data tasks, and NSHTTPURLResponse.
+
+namespace stagehopper::recording {
+
+namespace {
+
+struct DataTaskState {
+    std::string address;
+    Kept completion;
+    bool resumed = false;
+};
+
+struct ResponseState {
+    long statusCode = 0;
+};
+
+/// What a request comes to.
+struct Outcome {
+    double delay = 0;
+    Kept data{};
+    Kept response{};
+    Kept error{};
+};
+
+Outcome failure(double delay, const char* reason) {
+    return {.delay = delay, .error = makeError(reason)};
+}
+
+Outcome outcomeOf(const std::string& address) {
+    auto& servers = World::current().servers;
+    const auto* server = servers.serverOf(address);
+    if (server == nullptr) return failure(0, Servers::refused);
+    const auto delay = server->answersAfter.value_or(Servers::requestLimit);
+    if (delay >= Servers::requestLimit) return failure(Servers::requestLimit, Servers::timedOut);
+    const auto found = server->answers.find(Servers::pathOf(address));
+    const auto answer = found == server->answers.end() ? ServerAnswer{404} : found->second;
+    Outcome outcome{.delay = delay, .data = makeData(answer.body)};
+    outcome.response = makeObject(answer.http ? "NSHTTPURLResponse" : "NSURLResponse");
+    stateOf<ResponseState>(outcome.response.get()).statusCode = answer.status;
+    return outcome;
+}
+
+Value dataTask(Call& call) {
+    const auto url = call.argument<cocoa::id>(0);
+    if (url == nullptr) noteProblem("a data task for no URL");
+    const auto task = call.make("NSURLSessionDataTask");
+    stateOf<DataTaskState>(task) = {addressOf(url), Kept(call.argument<cocoa::BlockPointer>(1))};
+    return task;
+}
+
+/// The session keeps the task until its completion has been called.
+Value resume(Call& call) {
+    auto& task = call.state<DataTaskState>();
+    if (std::exchange(task.resumed, true)) return {};
+    World::current().servers.requests.push_back(task.address);
+    auto outcome = outcomeOf(task.address);
+    const auto delay = outcome.delay;
+    queues::after(delay, "session",
+                  [self = Kept(call.receiver()), outcome = std::move(outcome),
+                   completion = std::exchange(task.completion, Kept())] {
+                      callBlock(completion, outcome.data.get(), outcome.response.get(),
+                                outcome.error.get());
+                  });
+    return {};
+}
+
+}  // namespace
+
+void defineUrlSessions() {
+    defineShared("NSURLSession", "sharedSession");
+    define("NSURLSession", MessageKind::instance, "dataTaskWithURL:completionHandler:", dataTask);
+    define("NSURLSessionDataTask", MessageKind::instance, "resume", resume);
+    define("NSHTTPURLResponse", MessageKind::instance, "statusCode",
+           [](Call& call) -> Value { return call.state<ResponseState>().statusCode; });
+}
+
+}  // namespace stagehopper::recording

@@ -1,0 +1,95 @@
+#include <string>
+
+#include "tests/macos/recording/ContentController.h"
+#include "tests/macos/recording/Definitions.h"
+#include "tests/macos/recording/Foundation.h"
+#include "tests/macos/recording/World.h"
+
+// WKWebView.
+
+namespace stagehopper::recording {
+
+namespace {
+
+WebPage& pageOf(Call& call) {
+    return World::current().pages.in(call.receiver());
+}
+
+/// The view copies its configuration: later changes are without effect, but for those of the
+/// content controller, which is shared.
+Value init(Call& call) {
+    const auto view = call.receiver();
+    const auto configuration = call.argument<cocoa::id>(1);
+    if (configuration == nullptr) noteProblem("a WKWebView without a configuration");
+    setProperty(view, "frame", call.argument<cocoa::CGRect>(0));
+    setProperty(view, "drawsBackground", true);
+    Kept controller;
+    if (configuration != nullptr) {
+        controller = Kept(property(configuration, "userContentController").object());
+    }
+    if (!controller) controller = makeObject("WKUserContentController");
+    setProperty(view, "contentController", controller.get());
+    World::current().pages.add(view);
+    return view;
+}
+
+cocoa::id navigation(Call& call) {
+    return call.make("NSObject");
+}
+
+Value loadFile(Call& call) {
+    auto& page = pageOf(call);
+    page.file = pathOf(call.argument<cocoa::id>(0));
+    page.readAccess = pathOf(call.argument<cocoa::id>(1));
+    if (!page.file.starts_with(page.readAccess)) {
+        noteProblem("the page " + page.file + " may not read itself");
+    }
+    ++page.loads;
+    page.stopped = false;
+    page.alive = true;
+    return navigation(call);
+}
+
+Value reload(Call& call) {
+    auto& page = pageOf(call);
+    ++page.reloads;
+    page.alive = true;
+    return navigation(call);
+}
+
+Value stopLoading(Call& call) {
+    pageOf(call).stopped = true;
+    return {};
+}
+
+Value evaluate(Call& call) {
+    auto& page = pageOf(call);
+    if (page.loads > 0 && page.alive) page.evaluated.push_back(textOf(call.argument<cocoa::id>(0)));
+    return {};
+}
+
+/// Key-value coding: a key that the view does not have raises an exception.
+Value setValueForKey(Call& call) {
+    const auto key = textOf(call.argument<cocoa::id>(1));
+    if (key != "drawsBackground") noteProblem("a WKWebView has no key \"" + key + "\"");
+    setProperty(call.receiver(), key, truthOf(call.argument<cocoa::id>(0)));
+    return {};
+}
+
+}  // namespace
+
+cocoa::id contentControllerOf(cocoa::id view) {
+    return isKindOf(view, "WKWebView") ? property(view, "contentController").object() : nullptr;
+}
+
+void defineWebViews() {
+    constexpr auto view = "WKWebView";
+    define(view, MessageKind::instance, "initWithFrame:configuration:", init);
+    define(view, MessageKind::instance, "loadFileURL:allowingReadAccessToURL:", loadFile);
+    define(view, MessageKind::instance, "reload", reload);
+    define(view, MessageKind::instance, "stopLoading", stopLoading);
+    define(view, MessageKind::instance, "evaluateJavaScript:completionHandler:", evaluate);
+    define(view, MessageKind::instance, "setValue:forKey:", setValueForKey);
+}
+
+}  // namespace stagehopper::recording

@@ -1,0 +1,130 @@
+// What the system still tells after the C++ side has gone: nothing may happen.
+
+#include <gmock/gmock.h>
+
+#include "tests/macos/MacStage.h"
+#include "tests/macos/recording/Behaviours.h"
+#include "tests/macos/recording/Callbacks.h"
+#include "tests/macos/recording/ContentController.h"
+#include "tests/macos/recording/Notifications.h"
+
+namespace stagehopper {
+
+namespace {
+
+using recording::Kept;
+using recording::tell;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+class MacLateCallback : public MacStage {
+protected:
+    MacLateCallback() {
+        world.servers.serve(3000);
+        launch();
+    }
+
+    static Kept property(cocoa::id object, std::string_view name) {
+        return Kept(recording::property(object, name).object());
+    }
+    [[nodiscard]] static Kept applicationDelegate() {
+        return property(recording::sharedApplication(), "delegate");
+    }
+};
+
+TEST_F(MacLateCallback, TheDelegatesMessagesAfterTheControllersEndDoNothing) {
+    const auto delegate = applicationDelegate();
+    dropController();
+    forget();
+    const auto notification =
+        recording::makeNotification("NSAnyNotification", recording::sharedApplication());
+    tell(delegate.get(), "applicationDidFinishLaunching:", notification.get());
+    tell(delegate.get(), "applicationWillTerminate:", notification.get());
+    tell(delegate.get(), "windowWillClose:", notification.get());
+    EXPECT_FALSE(tell<bool>(delegate.get(), "applicationShouldTerminateAfterLastWindowClosed:",
+                            recording::sharedApplication()));
+    tell(delegate.get(), "screenDidChange");
+    EXPECT_THAT(world.systemLog, IsEmpty());
+    EXPECT_THAT(lines(" set"), IsEmpty());
+}
+
+TEST_F(MacLateCallback, TheDelegatesMessagesAfterTheServicesEndDoNothing) {
+    const auto delegate = applicationDelegate();
+    drop();
+    forget();
+    const auto notification =
+        recording::makeNotification("NSAnyNotification", recording::sharedApplication());
+    tell(delegate.get(), "applicationDidFinishLaunching:", notification.get());
+    tell(delegate.get(), "windowWillClose:", notification.get());
+    EXPECT_FALSE(tell<bool>(delegate.get(), "applicationShouldTerminateAfterLastWindowClosed:",
+                            recording::sharedApplication()));
+    tell(delegate.get(), "screenDidChange");
+    EXPECT_THAT(world.systemLog, IsEmpty());
+    EXPECT_THAT(lines(), SizeIs(4)) << "only the callbacks themselves";
+}
+
+TEST_F(MacLateCallback, AMessageHandlerThatOutlivesItsPageDoesNothing) {
+    const auto controller = property(panelPage().view(), "contentController");
+    const auto handler = recording::stateOf<recording::ContentControllerState>(controller.get())
+                             .handlers.at("bridge");
+    drop();
+    forget();
+    const auto message = recording::makeObject("WKScriptMessage");
+    tell(handler.get(), "userContentController:didReceiveScriptMessage:", controller.get(),
+         message.get());
+    EXPECT_THAT(lines(), SizeIs(1));
+    EXPECT_THAT(world.systemLog, IsEmpty());
+}
+
+TEST_F(MacLateCallback, APageGuardThatOutlivesItsPageReloadsNothing) {
+    const Kept view(panelPage().view());
+    const auto guard = property(view.get(), "navigationDelegate");
+    drop();
+    tell(guard.get(), "webViewWebContentProcessDidTerminate:", view.get());
+    EXPECT_EQ(world.pages.at(0).reloads, 0);
+}
+
+TEST_F(MacLateCallback, TimersEndWithTheController) {
+    dropController();
+    runUntilIdle();
+    forget();
+    advance(60);
+    EXPECT_THAT(lines(), IsEmpty());
+}
+
+TEST_F(MacLateCallback, ScreensThatChangeAfterTheEndAreNoMatter) {
+    pagePosts("CMD:showOverlay");
+    drop();
+    forget();
+    world.screens.change({{{0, 0}, {800, 600}}});
+    runUntilIdle();
+    EXPECT_THAT(lines(), IsEmpty());
+}
+
+TEST_F(MacLateCallback, DelayedWorkAfterTheEndDoesNothing) {
+    world.servers.serve(3000);
+    pagePosts("CMD:showOverlay");
+    pagePosts("WSCONN:ws://127.0.0.1:3000|AB12");
+    drop();
+    forget();
+    advance(5);
+    EXPECT_THAT(lines("evaluateJavaScript:"), IsEmpty());
+}
+
+TEST_F(MacLateCallback, AnAnswerThatComesAfterTheEndIsDropped) {
+    serveMeeting(3000, "AB12");
+    world.servers.serve(3000).answersAfter = 0.3;
+    forget();
+    // The discovery's next round: the probe is answered, the question about meetings is under way.
+    advance(4.4);
+    ASSERT_THAT(lines("/v1/meetings/active"), SizeIs(1));
+    drop();
+    forget();
+    advance(5);
+    EXPECT_THAT(lines("webSocketTaskWithURL:"), IsEmpty());
+    EXPECT_THAT(lines("dispatch_async_f"), IsEmpty());
+}
+
+}  // namespace
+
+}  // namespace stagehopper

@@ -1,0 +1,207 @@
+// What the system is told while the program starts, and what it is not.
+
+#include <gmock/gmock.h>
+
+#include "resources/PanelScript.h"
+#include "tests/macos/MacStage.h"
+#include "tests/macos/recording/Behaviours.h"
+#include "tests/macos/recording/Menus.h"
+
+namespace stagehopper {
+
+namespace {
+
+using recording::expectInOrder;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+class MacLaunch : public MacStage {
+protected:
+    MacLaunch() { world.servers.serve(3000); }
+
+    [[nodiscard]] static cocoa::id mainMenu() {
+        return recording::property(recording::sharedApplication(), "mainMenu").object();
+    }
+};
+
+TEST_F(MacLaunch, GoesInOneOrder) {
+    launch();
+    expectInOrder({
+        "[<NSApplication 1> setDelegate:<AppController 1>]",
+        "<- [<AppController 1> applicationDidFinishLaunching:<NSNotification 2>]",
+        "NSLog(\"[slide_nav] app_launched Stagehopper starting up\")",
+        "[<NSApplication 1> setActivationPolicy:0]",
+        "[<NSApplication 1> setMainMenu:<NSMenu 1>]",
+        "[<WKWebView 1> initWithFrame:{0,0,0,0} configuration:<WKWebViewConfiguration 1>]",
+        "[<NSWindow 1> makeKeyAndOrderFront:nil]",
+        "allowingReadAccessToURL:<file:///Applications/Stagehopper.app/Contents/Resources/>]",
+        "dataTaskWithURL:<http://127.0.0.1:3000/health> completionHandler:^block]",
+        "NSLog(\"[slide_nav] app_launched backend auto-start requested\")",
+        "[NSTimer timerWithTimeInterval:4 repeats:YES block:^block]",
+        "[<NSRunLoop 1> addTimer:<NSTimer 1> forMode:\"NSRunLoopCommonModes\"]",
+        "NSLog(\"[slide_nav] app_launched nativeSlideDiscovery started\")",
+        "[<NSApplication 1> activate]",
+        "setExecutableURL:<file:///usr/sbin/netstat>]",
+        "setExecutableURL:<file:///sbin/ping>]",
+        "awdl_on_meeting_start; accessibility_on_toggle\")",
+        "name:\"NSApplicationDidChangeScreenParametersNotification\" object:nil]",
+    });
+}
+
+TEST_F(MacLaunch, TheScreensAreWatched) {
+    launch();
+    EXPECT_THAT(lines("addObserver:"),
+                ElementsAre("[<NSNotificationCenter 1> addObserver:<AppController 1> "
+                            "selector:@selector(screenDidChange) "
+                            "name:\"NSApplicationDidChangeScreenParametersNotification\" "
+                            "object:nil]"));
+}
+
+TEST_F(MacLaunch, HappensOnTheMainThread) {
+    launch();
+    for (const auto& entry : recording::journal().entries()) {
+        // The answers of the probes come elsewhere, and so does the end of a tool.
+        const bool isAnswer = entry.queue == "session" || entry.queue == "task";
+        EXPECT_TRUE(isAnswer || entry.queue == "main") << entry.line() << " on " << entry.queue;
+    }
+}
+
+TEST_F(MacLaunch, ThePanelWindowIsConfiguredBeforeItIsShown) {
+    launch();
+    EXPECT_THAT(
+        lines("[<NSWindow 1> "),
+        ElementsAre(
+            "[<NSWindow 1> initWithContentRect:{0,0,520,680} styleMask:15 backing:2 "
+            "defer:NO]",
+            "[<NSWindow 1> setReleasedWhenClosed:NO]", "[<NSWindow 1> setTitle:\"Stagehopper\"]",
+            "[<NSWindow 1> setMinSize:{380,480}]", "[<NSWindow 1> setContentView:<WKWebView 1>]",
+            "[<NSWindow 1> center]", "[<NSWindow 1> setDelegate:<AppController 1>]",
+            "[<NSWindow 1> makeKeyAndOrderFront:nil]"));
+    const auto look = world.windows.look("NSWindow");
+    EXPECT_EQ(look.title, "Stagehopper");
+    EXPECT_TRUE(look.visible);
+    EXPECT_TRUE(look.key);
+    EXPECT_FALSE(look.releasedWhenClosed);
+    EXPECT_EQ(look.contentView, panelPage().view());
+}
+
+TEST_F(MacLaunch, ThePanelsPageCanPostToTheBridgeAndHasItsScript) {
+    launch();
+    expectInOrder({
+        "[<WKUserContentController 1> addScriptMessageHandler:<BridgeHandler 1> name:\"bridge\"]",
+        "[<WKUserContentController 1> addUserScript:<WKUserScript 1>]",
+        "[<WKWebViewConfiguration 1> setUserContentController:<WKUserContentController 1>]",
+        "[<WKWebView 1> initWithFrame:{0,0,0,0} configuration:<WKWebViewConfiguration 1>]",
+        "[<WKWebView 1> setNavigationDelegate:<PageGuard 1>]",
+    });
+    EXPECT_THAT(panelPage().handlers(), ElementsAre("bridge"));
+    ASSERT_THAT(panelPage().injectedScripts(), SizeIs(1));
+    EXPECT_EQ(panelPage().injectedScripts()[0].source, panelScript);
+    EXPECT_EQ(panelPage().injectedScripts()[0].injectionTime, 0);
+    EXPECT_TRUE(panelPage().injectedScripts()[0].mainFrameOnly);
+    EXPECT_EQ(panelPage().file, std::string(resources) + "/panel.html");
+    EXPECT_EQ(panelPage().readAccess, resources);
+}
+
+TEST_F(MacLaunch, TheMenuBarHasTwoMenus) {
+    launch();
+    EXPECT_THAT(recording::menuLines(mainMenu()),
+                ElementsAre("", "  关于 Stagehopper orderFrontStandardAboutPanel:", "  ---",
+                            "  退出 Stagehopper [q] terminate:", "编辑", "  剪切 [x] cut:",
+                            "  复制 [c] copy:", "  粘贴 [v] paste:", "  全选 [a] selectAll:"));
+    // The actions find their receiver along the responders.
+    EXPECT_THAT(lines("setTarget:"), IsEmpty());
+}
+
+TEST_F(MacLaunch, TheMenuIsBuiltFromTheInsideOut) {
+    launch();
+    expectInOrder({"[<NSMenu 1> initWithTitle:\"\"]",
+                   "action:@selector(orderFrontStandardAboutPanel:) keyEquivalent:\"\"]",
+                   "[NSMenuItem separatorItem]",
+                   "action:@selector(terminate:) keyEquivalent:\"q\"]", "setSubmenu:<NSMenu 2>]",
+                   "[<NSMenu 1> addItem:<NSMenuItem 4>]"});
+}
+
+TEST_F(MacLaunch, EditingCommandsGoToThePage) {
+    launch();
+    for (const auto* title : {"剪切", "复制", "粘贴", "全选"}) world.application.userPresses(title);
+    runUntilIdle();
+    EXPECT_THAT(world.application.actions, ElementsAre("cut:", "copy:", "paste:", "selectAll:"));
+}
+
+TEST_F(MacLaunch, ComesToTheFront) {
+    launch();
+    EXPECT_EQ(world.application.activationPolicy(), 0);
+    EXPECT_EQ(world.application.activations, 1);
+    EXPECT_THAT(lines("activateIgnoringOtherApps:"), IsEmpty());
+}
+
+TEST_F(MacLaunch, ComesToTheFrontOnSystemsBeforeTheNewMessage) {
+    world.application.missing = {"activate"};
+    launch();
+    EXPECT_THAT(lines("[<NSApplication 1> activate"),
+                ElementsAre("[<NSApplication 1> activateIgnoringOtherApps:YES]"));
+}
+
+TEST_F(MacLaunch, PromptsForNothing) {
+    launch();
+    advance(30);
+    EXPECT_EQ(world.accessibility.prompts, 0);
+    EXPECT_THAT(lines("AXIsProcessTrustedWithOptions"), IsEmpty());
+    EXPECT_THAT(world.tasks.launched("/usr/bin/osascript"), IsEmpty());
+    EXPECT_THAT(world.programs.opened, IsEmpty());
+}
+
+TEST_F(MacLaunch, IsNotSlowedDownInTheBackground) {
+    launch();
+    ASSERT_THAT(world.machine.activities, SizeIs(1));
+    // NSActivityUserInitiatedAllowingIdleSystemSleep.
+    EXPECT_EQ(world.machine.activities[0].options, 0x00FFFFFFUL & ~(1UL << 20U));
+    EXPECT_FALSE(world.machine.activities[0].reason.empty());
+    EXPECT_NE(world.machine.activities[0].token.get(), nullptr);
+}
+
+TEST_F(MacLaunch, OtherProgramsGetOneSecondToAnswer) {
+    launch();
+    EXPECT_THAT(lines("AXUIElementSetMessagingTimeout"), SizeIs(1));
+    EXPECT_EQ(world.accessibility.timeLimit, 1.0);
+}
+
+TEST_F(MacLaunch, WithoutABundleThePagesAreLookedForBesideTheExecutable) {
+    world.machine.bundleIdentifier.reset();
+    world.machine.resourceDirectory.reset();
+    world.machine.arguments = {"/opt/stagehopper/Stagehopper"};
+    files.put("/opt/stagehopper/Stagehopper", "");
+    files.put("/opt/stagehopper/Resources/panel.html", "");
+    launch();
+    EXPECT_EQ(panelPage().file, "/opt/stagehopper/Resources/panel.html");
+}
+
+TEST_F(MacLaunch, EachLineOfTheLogFileBeginsWithTheUsersTime) {
+    launch();
+    EXPECT_THAT(
+        files.contents(logFile),
+        testing::StartsWith("[09:26:53] [slide_nav] app_launched Stagehopper starting up\n"));
+}
+
+TEST_F(MacLaunch, PercentSignsInTheLogStandForThemselves) {
+    launch();
+    pagePosts("DBG:100%@ %s %n");
+    EXPECT_THAT(diagnostics("panel_debug"), ElementsAre("panel_debug 100%@ %s %n"));
+}
+
+TEST_F(MacLaunch, TheDiscoveryLooksAgainEveryFourSeconds) {
+    launch();
+    world.servers.stopServing(3000);
+    forget();
+    advance(3.9);
+    EXPECT_THAT(lines("/health"), IsEmpty());
+    advance(0.2);
+    EXPECT_THAT(lines("dataTaskWithURL:"), SizeIs(51));
+}
+
+}  // namespace
+
+}  // namespace stagehopper

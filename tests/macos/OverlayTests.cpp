@@ -1,0 +1,191 @@
+// The overlay's panel and page, message by message.
+
+#include <gmock/gmock.h>
+
+#include "tests/macos/MacStage.h"
+#include "tests/macos/recording/Behaviours.h"
+
+namespace stagehopper {
+
+namespace {
+
+using recording::expectInOrder;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+class MacOverlay : public MacStage {
+protected:
+    MacOverlay() {
+        world.servers.serve(3000);
+        launch();
+    }
+
+    void show() { pagePosts("CMD:showOverlay"); }
+    [[nodiscard]] recording::WebPage& page() { return world.pages.newest(); }
+    [[nodiscard]] bool exists() {
+        for (const auto window : world.windows.all()) {
+            if (recording::classNameOf(window) == "NSPanel") return true;
+        }
+        return false;
+    }
+};
+
+TEST_F(MacOverlay, IsBuiltInOneOrderAndShownWithoutTakingTheFocus) {
+    forget();
+    show();
+    expectInOrder({
+        "[<WKUserContentController 2> addUserScript:<WKUserScript 2>]",
+        "[<WKWebViewConfiguration 2> setUserContentController:<WKUserContentController 2>]",
+        "[<WKWebView 2> initWithFrame:{0,0,1440,900} configuration:<WKWebViewConfiguration 2>]",
+        "[<WKWebView 2> setValue:@NO forKey:\"drawsBackground\"]",
+        "[<NSPanel 1> initWithContentRect:{0,0,1440,900} styleMask:128 backing:2 defer:NO]",
+        "[<NSPanel 1> setReleasedWhenClosed:NO]",
+        "[<NSPanel 1> setBackgroundColor:clearColor]",
+        "[<NSPanel 1> setOpaque:NO]",
+        "[<NSPanel 1> setHasShadow:NO]",
+        "[<NSPanel 1> setHidesOnDeactivate:NO]",
+        "[<NSPanel 1> setLevel:2147483629]",
+        "[<NSPanel 1> setCollectionBehavior:257]",
+        "[<NSPanel 1> setIgnoresMouseEvents:YES]",
+        "[<NSPanel 1> setContentView:<WKWebView 2>]",
+        "[<NSPanel 1> orderFrontRegardless]",
+        "allowingReadAccessToURL:<file:///Applications/Stagehopper.app/Contents/Resources/>]",
+    });
+    EXPECT_EQ(page().file, std::string(resources) + "/overlay.html");
+    EXPECT_EQ(page().readAccess, resources);
+    EXPECT_THAT(lines("makeKey"), IsEmpty());
+    EXPECT_THAT(lines("NSApplication"), IsEmpty());
+}
+
+TEST_F(MacOverlay, IsAClearPanelAboveEverythingThatLetsTheMouseThrough) {
+    show();
+    const auto look = world.windows.look("NSPanel");
+    EXPECT_EQ(look.styleMask, 128U);
+    EXPECT_EQ(look.level, recording::World::shieldingLevel + 1L);
+    EXPECT_EQ(look.collectionBehavior, 257U);
+    EXPECT_TRUE(look.visible);
+    EXPECT_FALSE(look.key);
+    EXPECT_TRUE(look.clearBackground);
+    EXPECT_FALSE(look.opaque);
+    EXPECT_FALSE(look.hasShadow);
+    EXPECT_FALSE(look.hidesOnDeactivate);
+    EXPECT_TRUE(look.ignoresMouseEvents);
+    EXPECT_FALSE(page().drawsBackground());
+}
+
+TEST_F(MacOverlay, ItsPageCanPostNothing) {
+    show();
+    EXPECT_THAT(page().handlers(), IsEmpty());
+    ASSERT_THAT(page().injectedScripts(), SizeIs(1));
+    EXPECT_EQ(page().injectedScripts()[0].injectionTime, 0);
+    EXPECT_TRUE(page().injectedScripts()[0].mainFrameOnly);
+}
+
+TEST_F(MacOverlay, ShowingItAgainOnlyOrdersItFront) {
+    show();
+    pagePosts("CMD:hideOverlay");
+    forget();
+    show();
+    EXPECT_THAT(lines("NSPanel"), ElementsAre("[<NSPanel 1> orderFrontRegardless]"));
+    EXPECT_THAT(lines("initWithFrame:"), IsEmpty());
+}
+
+TEST_F(MacOverlay, HidingItOrdersItOut) {
+    show();
+    forget();
+    pagePosts("CMD:hideOverlay");
+    EXPECT_THAT(lines("NSPanel"), ElementsAre("[<NSPanel 1> orderOut:nil]"));
+    EXPECT_TRUE(exists());
+    EXPECT_EQ(page().loads, 1);
+}
+
+TEST_F(MacOverlay, DestroyingItReleasesThePanelAndItsPage) {
+    show();
+    forget();
+    pagePosts("CMD:destroyOverlay");
+    expectInOrder({"[<NSPanel 1> orderOut:nil]", "[<NSPanel 1> setContentView:nil]",
+                   "[<WKWebView 2> setNavigationDelegate:nil]", "[<WKWebView 2> stopLoading]"});
+    EXPECT_FALSE(exists());
+    EXPECT_EQ(page().view(), nullptr);
+    // One that is shown afterwards is new.
+    show();
+    EXPECT_THAT(lines(), Contains("[<NSPanel 2> orderFrontRegardless]"));
+}
+
+TEST_F(MacOverlay, FollowsTheScreen) {
+    show();
+    forget();
+    world.screens.change({{{0, 0}, {2560, 1440}}});
+    runUntilIdle();
+    expectInOrder({"<- [<AppController 1> screenDidChange]",
+                   "[<NSPanel 1> setFrame:{0,0,2560,1440} display:YES]",
+                   "[<WKWebView 2> setFrame:{0,0,2560,1440}]"});
+    EXPECT_EQ(queueOf("setFrame:"), "main");
+}
+
+TEST_F(MacOverlay, OnASecondScreenItsPageStillBeginsInTheCorner) {
+    world.screens.change({{{0, 0}, {1440, 900}}, {{1440, -180}, {1920, 1080}}});
+    world.screens.main = 1;
+    show();
+    EXPECT_THAT(lines(), Contains("[<NSPanel 1> initWithContentRect:{1440,-180,1920,1080} "
+                                  "styleMask:128 backing:2 defer:NO]"));
+    EXPECT_EQ(page().frame().origin.x, 0);
+    EXPECT_EQ(page().frame().size.width, 1920);
+}
+
+TEST_F(MacOverlay, WithoutAMainScreenTheFirstOneIsCovered) {
+    world.screens.change({{{10, 20}, {800, 600}}, {{1440, 0}, {1920, 1080}}});
+    world.screens.main.reset();
+    show();
+    EXPECT_THAT(lines(), Contains("[<NSPanel 1> initWithContentRect:{10,20,800,600} "
+                                  "styleMask:128 backing:2 defer:NO]"));
+}
+
+TEST_F(MacOverlay, WithoutAnyScreenNothingIsMade) {
+    world.screens.change({});
+    world.screens.main.reset();
+    runUntilIdle();
+    forget();
+    show();
+    EXPECT_FALSE(exists());
+    EXPECT_THAT(lines("WKWebView"), IsEmpty());
+}
+
+TEST_F(MacOverlay, StaysWhereItWasWhenTheLastScreenIsUnplugged) {
+    show();
+    forget();
+    world.screens.main.reset();
+    world.screens.change({});
+    runUntilIdle();
+    EXPECT_THAT(lines("setFrame:"), IsEmpty());
+    EXPECT_TRUE(exists());
+}
+
+TEST_F(MacOverlay, GoesWithThePanelWindow) {
+    show();
+    forget();
+    userClosesPanel();
+    expectInOrder({"<- [<AppController 1> windowWillClose:<NSNotification 3>]",
+                   "[<NSPanel 1> orderOut:nil]", "[<WKWebView 2> stopLoading]"});
+    EXPECT_FALSE(exists());
+}
+
+TEST_F(MacOverlay, ConnectsItsPageHalfASecondAfterThePanelAsks) {
+    show();
+    forget();
+    pagePosts("WSCONN:ws://127.0.0.1:3000|AB\"12");
+    EXPECT_THAT(page().evaluated, IsEmpty());
+    advance(0.49);
+    EXPECT_THAT(page().evaluated, IsEmpty());
+    advance(0.02);
+    EXPECT_THAT(page().evaluated,
+                ElementsAre(R"(window._connectOverlay("ws://127.0.0.1:3000", "AB\"12"))"));
+    EXPECT_THAT(lines("evaluateJavaScript:"),
+                ElementsAre(testing::EndsWith("completionHandler:nil]")));
+}
+
+}  // namespace
+
+}  // namespace stagehopper

@@ -1,0 +1,222 @@
+// Steps of the slides: what is asked of the other program, and what it gets.
+
+#include <gmock/gmock.h>
+
+#include "tests/macos/MacStage.h"
+#include "tests/macos/recording/Foundation.h"
+#include "tests/scenario/Programs.h"
+
+namespace stagehopper {
+
+namespace {
+
+using recording::expectInOrder;
+using simulated::item;
+using testing::Contains;
+using testing::DoubleNear;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+using testing::StartsWith;
+
+class MacSlides : public MacStage {
+protected:
+    MacSlides() {
+        world.servers.serve(3000);
+        launch();
+    }
+
+    void step(const std::string& direction) { pagePosts("PPT:" + direction); }
+    auto& program(platform::Pid pid) { return world.programs.program(pid); }
+    void startPowerPoint() {
+        world.programs.start(powerPoint(812)
+                                 .window("Talk.pptx")
+                                 .menu("Slide Show", {item("Next Slide"), item("Previous Slide")}));
+    }
+    void startKeynoteInBackground() {
+        world.programs.start(keynote(814).window("Talk"));
+        world.programs.start(safari(815).window("News"));
+        world.programs.front = 4711;
+    }
+};
+
+TEST_F(MacSlides, TheProgramInFrontIsSteppedByItsMenu) {
+    startPowerPoint();
+    world.programs.front = 812;
+    forget();
+    step("next");
+    step("prev");
+    EXPECT_THAT(program(812).pressed(), ElementsAre("Next Slide", "Previous Slide"));
+    EXPECT_THAT(lines("AXUIElementPerformAction"),
+                ElementsAre("AXUIElementPerformAction(812, AXPress)",
+                            "AXUIElementPerformAction(812, AXPress)"));
+    EXPECT_THAT(lines("CGEvent"), IsEmpty());
+    EXPECT_EQ(queueOf("AXUIElementPerformAction"), "main");
+}
+
+TEST_F(MacSlides, AProgramInTheBackgroundGetsAKeyForFiftyMilliseconds) {
+    startPowerPoint();
+    forget();
+    step("next");
+    expectInOrder({"CGEventPostToPid(812, key 121 down)", "usleep(50000)",
+                   "CGEventPostToPid(812, key 121 up)"});
+    EXPECT_THAT(lines("CGEvent"), SizeIs(2));
+    EXPECT_THAT(timeOf("key 121 up") - timeOf("key 121 down"), DoubleNear(0.05, 1e-9));
+    ASSERT_THAT(program(812).keys(), SizeIs(2));
+    EXPECT_TRUE(program(812).keys()[0].down);
+    EXPECT_FALSE(program(812).keys()[1].down);
+    EXPECT_THAT(program(812).pressed(), IsEmpty());
+}
+
+TEST_F(MacSlides, PageKeysGoForwardsAndBackwards) {
+    startPowerPoint();
+    step("next");
+    step("prev");
+    EXPECT_THAT(program(812).keysDown(), ElementsAre(121, 116));
+}
+
+TEST_F(MacSlides, ArrowKeysGoToThoseWhoseRowSaysSo) {
+    startKeynoteInBackground();
+    step("next");
+    step("prev");
+    EXPECT_THAT(program(814).keysDown(), ElementsAre(124, 123));
+    EXPECT_THAT(program(815).keys(), IsEmpty());
+}
+
+TEST_F(MacSlides, OnlyTheTargetGetsKeysAndNeverTheFocus) {
+    startKeynoteInBackground();
+    forget();
+    step("next");
+    EXPECT_THAT(lines("CGEvent"), testing::Each(StartsWith("CGEventPostToPid(814, ")));
+    EXPECT_THAT(lines("CGEventPost("), IsEmpty());
+}
+
+TEST_F(MacSlides, AKeyThatCannotBeMadeIsReportedAndNothingIsPosted) {
+    startPowerPoint();
+    world.keyboard.works = false;
+    forget();
+    step("next");
+    EXPECT_THAT(diagnostics("key_"),
+                ElementsAre("key_dispatch_failed strategy=powerpoint_page_keys"));
+    EXPECT_THAT(lines("CGEventPost"), IsEmpty());
+    EXPECT_THAT(lines("usleep"), IsEmpty());
+}
+
+TEST_F(MacSlides, WithoutTrustNobodyIsLookedAt) {
+    startPowerPoint();
+    world.programs.front = 812;
+    world.accessibility.trusted = false;
+    forget();
+    step("next");
+    EXPECT_THAT(diagnostics("blocked_no_accessibility"), SizeIs(1));
+    EXPECT_EQ(world.accessibility.reads, 0);
+    EXPECT_THAT(lines("NSWorkspace"), IsEmpty());
+    EXPECT_THAT(lines("CGEvent"), IsEmpty());
+    EXPECT_THAT(lines("AXUIElement"), IsEmpty());
+}
+
+TEST_F(MacSlides, AProgramWithoutATitledWindowIsNoTarget) {
+    world.programs.start(powerPoint(812).untitledWindow());
+    step("next");
+    EXPECT_THAT(diagnostics("blocked_no_target"), SizeIs(1));
+    EXPECT_THAT(program(812).keys(), IsEmpty());
+}
+
+TEST_F(MacSlides, ATitleThatIsNoTextCountsAsNone) {
+    startPowerPoint();
+    world.accessibility.instead["AXTitle"] = recording::makeNumber(7);
+    step("next");
+    EXPECT_THAT(diagnostics("blocked_no_target"), SizeIs(1));
+    world.accessibility.instead["AXTitle"] = recording::makeTruth(true);
+    step("next");
+    EXPECT_THAT(diagnostics("blocked_no_target"), SizeIs(2));
+    EXPECT_THAT(program(812).keys(), IsEmpty());
+}
+
+TEST_F(MacSlides, WindowsThatAreNoListCountAsNone) {
+    startPowerPoint();
+    world.accessibility.instead["AXWindows"] = recording::makeString("two");
+    step("next");
+    EXPECT_THAT(diagnostics("blocked_no_target"), SizeIs(1));
+}
+
+TEST_F(MacSlides, AMenuBarThatIsNoElementIsSkipped) {
+    startPowerPoint();
+    world.programs.front = 812;
+    world.accessibility.instead["AXMenuBar"] = recording::makeNumber(7);
+    step("next");
+    EXPECT_THAT(diagnostics("menu_path_unavailable"), SizeIs(1));
+    EXPECT_THAT(program(812).keysDown(), ElementsAre(121));
+}
+
+TEST_F(MacSlides, WhatIsNoElementAmongTheChildrenIsSkipped) {
+    world.programs.start(powerPoint(812)
+                             .window("Talk.pptx")
+                             .menu("Slide Show", {simulated::oddEntry(), item("Next Slide"),
+                                                  simulated::oddEntry()}));
+    world.programs.front = 812;
+    step("next");
+    EXPECT_THAT(program(812).pressed(), ElementsAre("Next Slide"));
+}
+
+TEST_F(MacSlides, ADisabledItemIsNotPressed) {
+    world.programs.start(
+        powerPoint(812).window("Talk.pptx").menu("Slide Show", {item("Next Slide").disabled()}));
+    world.programs.front = 812;
+    step("next");
+    EXPECT_THAT(program(812).pressed(), IsEmpty());
+    EXPECT_THAT(program(812).keysDown(), ElementsAre(121));
+}
+
+TEST_F(MacSlides, AnEntryBehindTheMenuAttributeIsFound) {
+    world.programs.start(
+        powerPoint(812)
+            .window("Talk.pptx")
+            .menu("Slide Show", {item("Navigation").withMenuAttribute({item("Next Slide")})}));
+    world.programs.front = 812;
+    step("next");
+    EXPECT_THAT(program(812).pressed(), ElementsAre("Next Slide"));
+}
+
+TEST_F(MacSlides, TheNumberOfAFailedPressIsInTheLog) {
+    world.programs.start(
+        powerPoint(812)
+            .window("Talk.pptx")
+            .menu("Slide Show",
+                  {item("Next Slide").pressResult(platform::AccessibilityError::cannotComplete)}));
+    world.programs.front = 812;
+    step("next");
+    EXPECT_THAT(diagnostics("menu_path_press_failed"), ElementsAre(HasSubstr("err=-25204")));
+    EXPECT_THAT(program(812).keysDown(), ElementsAre(121));
+}
+
+TEST_F(MacSlides, TheFrontWindowsTitleIsInTheLog) {
+    startPowerPoint();
+    world.programs.front = 812;
+    step("next");
+    EXPECT_THAT(diagnostics("exec_context"),
+                ElementsAre("exec_context ax=true front=com.microsoft.Powerpoint "
+                            "self=org.stagehopper.Stagehopper title=Talk.pptx"));
+}
+
+TEST_F(MacSlides, AProgramThatHangsCostsOneSecondForEachQuestion) {
+    world.programs.start(keynote(814).window("Talk"));
+    world.accessibility.hanging.insert(814);
+    const auto before = recording::queues::now();
+    step("next");
+    EXPECT_THAT(diagnostics("blocked_no_target"), SizeIs(1));
+    EXPECT_THAT(recording::queues::now() - before, DoubleNear(1.0, 1e-6));
+}
+
+TEST_F(MacSlides, AccentsAndCaseDoNotMatterInTitles) {
+    world.programs.start(
+        powerPoint(812).window("Talk.pptx").menu("SLIDE SHÓW", {item("  NÉXT SLIDE ")}));
+    world.programs.front = 812;
+    step("  NEXT ");
+    EXPECT_THAT(program(812).pressed(), ElementsAre("  NÉXT SLIDE "));
+}
+
+}  // namespace
+
+}  // namespace stagehopper

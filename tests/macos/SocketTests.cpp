@@ -1,0 +1,227 @@
+// The socket to a room: what the session is asked, on which queue its answers come.
+
+#include <gmock/gmock.h>
+
+#include "tests/macos/MacStage.h"
+
+namespace stagehopper {
+
+namespace {
+
+using recording::expectInOrder;
+using testing::Contains;
+using testing::DoubleNear;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+using testing::StartsWith;
+
+constexpr auto* lost = "The network connection was lost.";
+
+class MacSocket : public MacStage {
+protected:
+    MacSocket() {
+        world.servers.serve(3000);
+        launch();
+    }
+    void connect(const std::string& room = "AB12") {
+        pagePosts("WSCONN:http://127.0.0.1:3000|" + room);
+    }
+    auto& socket() { return world.servers.lastConnection(3000); }
+    auto& connections() { return world.servers.serve(3000).connections; }
+};
+
+TEST_F(MacSocket, IsMadeResumedAndListenedTo) {
+    forget();
+    connect();
+    expectInOrder({
+        "NSLog(\"[slide_nav] native_ws_connecting room=AB12 reason=panel_wsconn\")",
+        "[<NSURLSessionWebSocketTask 1> resume]",
+        "[NSTimer timerWithTimeInterval:15 repeats:YES block:^block]",
+        "[<NSURLSessionWebSocketTask 1> receiveMessageWithCompletionHandler:^block]",
+    });
+    ASSERT_THAT(lines("webSocketTaskWithURL:"), SizeIs(1));
+    EXPECT_THAT(
+        lines("webSocketTaskWithURL:")[0],
+        testing::MatchesRegex("\\[<NSURLSession 1> webSocketTaskWithURL:<ws://127.0.0.1:3000/ws\\?"
+                              "roomCode=AB12&userId=overlay-native-[0-9A-F]{8}&role=guest&"
+                              "displayName=overlay-native&cursorColor=%23000000>\\]"));
+    EXPECT_TRUE(socket().open());
+}
+
+TEST_F(MacSocket, ATextArrivesOnTheSessionsQueueAndIsActedOnTheMainOne) {
+    connect();
+    forget();
+    socket().sends(R"({"type":"welcome"})");
+    runUntilIdle();
+    expectInOrder({"type]", "string]", "dispatch_async_f(main)",
+                   "receiveMessageWithCompletionHandler:^block]",
+                   "NSLog(\"[slide_nav] native_ws_ready room=AB12\")"});
+    EXPECT_EQ(queueOf("string]"), "session");
+    EXPECT_EQ(queueOf("receiveMessage"), "session");
+    EXPECT_EQ(queueOf("NSLog(\"[slide_nav] native_ws_ready"), "main");
+    EXPECT_TRUE(socket().awaited());
+}
+
+TEST_F(MacSocket, BytesAreReadAsData) {
+    connect();
+    forget();
+    socket().sendsBytes(R"({"type":"welcome"})");
+    runUntilIdle();
+    EXPECT_THAT(lines("data]"), SizeIs(1));
+    EXPECT_THAT(lines(" string]"), IsEmpty());
+    EXPECT_THAT(diagnostics("native_ws_ready"), SizeIs(1));
+}
+
+TEST_F(MacSocket, BytesThatAreNoTextAreDroppedAndTheNextMessageArrives) {
+    connect();
+    forget();
+    socket().sendsBytes("\xFF\xFE");
+    socket().sends(R"({"type":"welcome"})");
+    runUntilIdle();
+    EXPECT_THAT(diagnostics(), ElementsAre("native_ws_ready room=AB12"));
+}
+
+TEST_F(MacSocket, MessagesKeepTheirOrder) {
+    connect();
+    forget();
+    for (int i = 0; i < 20; ++i) {
+        socket().sends(R"({"type":"slide_nav","direction":"x","seq":)" + std::to_string(i) + "}");
+    }
+    runUntilIdle();
+    const auto received = diagnostics("native_ws_received");
+    ASSERT_THAT(received, SizeIs(20));
+    for (std::size_t i = 0; i < 20; ++i) {
+        EXPECT_EQ(received[i], "native_ws_received direction=x seq=" + std::to_string(i));
+    }
+}
+
+TEST_F(MacSocket, ABrokenConnectionIsMadeAgainASecondLater) {
+    connect();
+    forget();
+    socket().breaks(lost);
+    runUntilIdle();
+    expectInOrder({std::string("NSLog(\"[slide_nav] native_ws_receive_failed room=AB12 error=") +
+                       lost + "\")",
+                   "[<NSTimer 2> invalidate]",
+                   "[<NSURLSessionWebSocketTask 1> cancelWithCloseCode:1001 reason:nil]",
+                   "dispatch_after_f(1 s, main)"});
+    const auto before = recording::queues::now();
+    advance(1);
+    expectInOrder({"[<NSURLSessionWebSocketTask 2> resume]"});
+    EXPECT_THAT(timeOf("[<NSURLSessionWebSocketTask 2> resume]") - before, DoubleNear(1, 1e-6));
+    EXPECT_TRUE(socket().open());
+}
+
+TEST_F(MacSocket, IsPingedEveryFifteenSeconds) {
+    connect();
+    forget();
+    advance(14.9);
+    EXPECT_THAT(lines("sendPing"), IsEmpty());
+    advance(0.2);
+    EXPECT_THAT(lines("sendPing"), ElementsAre("[<NSURLSessionWebSocketTask 1> "
+                                               "sendPingWithPongReceiveHandler:^block]"));
+    EXPECT_EQ(queueOf("sendPing"), "main");
+    advance(30);
+    EXPECT_EQ(socket().pings(), 3);
+    EXPECT_TRUE(socket().open());
+    EXPECT_THAT(diagnostics("native_ws_ping_failed"), IsEmpty());
+}
+
+TEST_F(MacSocket, AHandlerThatIsCalledTwiceForOnePongIsNoHarm) {
+    world.servers.serve(3000).pongs = 2;
+    connect();
+    advance(31);
+    EXPECT_EQ(socket().pings(), 2);
+    EXPECT_TRUE(socket().open());
+}
+
+TEST_F(MacSocket, AFailedPingThatIsToldTwiceCountsOnce) {
+    world.servers.serve(3000).pongs = 0;
+    connect();
+    advance(15);
+    ASSERT_EQ(socket().pings(), 1);
+    forget();
+    socket().tellsFailedPings = 2;
+    socket().breaks(lost);
+    runUntilIdle();
+    EXPECT_THAT(diagnostics("native_ws_ping_failed"), SizeIs(1));
+}
+
+TEST_F(MacSocket, AFailedPingMakesItAgain) {
+    world.servers.serve(3000).pongs = 0;
+    connect();
+    advance(15);
+    forget();
+    socket().breaks(lost);
+    runUntilIdle();
+    EXPECT_THAT(lines("cancelWithCloseCode:1001 reason:nil]"), SizeIs(1));
+    advance(1);
+    EXPECT_THAT(connections(), SizeIs(2));
+    EXPECT_TRUE(socket().open());
+}
+
+TEST_F(MacSocket, AnotherRoomReplacesIt) {
+    connect("ONE");
+    forget();
+    connect("TWO");
+    expectInOrder({"[<NSURLSessionWebSocketTask 1> cancelWithCloseCode:1001 reason:nil]",
+                   "[<NSURLSessionWebSocketTask 2> resume]"});
+    advance(10);
+    EXPECT_THAT(diagnostics("native_ws_receive_failed"), IsEmpty());
+    EXPECT_EQ(world.servers.openSockets(), 1U);
+}
+
+TEST_F(MacSocket, IsCancelledOnceAtQuit) {
+    connect();
+    forget();
+    userQuits();
+    EXPECT_THAT(lines("cancelWithCloseCode:"),
+                ElementsAre("[<NSURLSessionWebSocketTask 1> cancelWithCloseCode:1001 reason:nil]"));
+    EXPECT_EQ(socket().closeCode(), 1001);
+    drop();
+    EXPECT_THAT(lines("cancelWithCloseCode:"), SizeIs(1));
+}
+
+TEST_F(MacSocket, IsCancelledWhenNobodyHoldsItAnyMore) {
+    connect();
+    forget();
+    dropController();
+    EXPECT_THAT(lines("cancelWithCloseCode:1001 reason:nil]"), SizeIs(1));
+}
+
+TEST_F(MacSocket, WhatArrivesAfterTheControllersEndDoesNothing) {
+    connect();
+    auto& connection = socket();
+    connection.sends(R"({"type":"welcome"})");
+    dropController();
+    forget();
+    advance(20);
+    EXPECT_THAT(diagnostics(), IsEmpty());
+    EXPECT_THAT(lines("receiveMessage"), IsEmpty());
+    EXPECT_THAT(lines("dispatch_async_f"), IsEmpty());
+}
+
+TEST_F(MacSocket, AnAddressThatIsNoneIsNotGivenToTheSession) {
+    forget();
+    pagePosts("WSCONN:http://not a url|AB12");
+    EXPECT_THAT(lines("webSocketTaskWithURL:"), IsEmpty());
+    EXPECT_THAT(diagnostics("native_ws_connect_failed"), SizeIs(1));
+}
+
+TEST_F(MacSocket, TheMeetingOfTheBackendIsJoined) {
+    serveMeeting(3000, "CD34");
+    forget();
+    advance(4);
+    expectInOrder(
+        {"dataTaskWithURL:<http://127.0.0.1:3000/v1/meetings/active> "
+         "completionHandler:^block]",
+         "dispatch_async_f(main)", "[<NSURLSessionWebSocketTask 1> resume]"});
+    EXPECT_THAT(diagnostics("native_ws_connecting"),
+                ElementsAre("native_ws_connecting room=CD34 reason=active_discovery"));
+}
+
+}  // namespace
+
+}  // namespace stagehopper

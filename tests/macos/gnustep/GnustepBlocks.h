@@ -1,0 +1,19 @@
+#pragma once
+
+#include "ports/macos/cocoa/Encoding.h"
+
+namespace stagehopper::cocoa::gnustep {
+
+/// Calls a block that takes objects and answers nothing.
+template <class... Objects>
+void callBlock(void* block, Objects... objects) {
+    struct Layout {
+        void* isa;
+        int flags;
+        int reserved;
+        void (*invoke)(void* self, Abi<Objects>... objects);
+    };
+    static_cast<Layout*>(block)->invoke(block, objects.pointer()...);
+}
+
+}  // namespace stagehopper::cocoa::gnustep

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <type_traits>
+
+#include "ports/macos/cocoa/Encoding.h"
+#include "ports/macos/cocoa/FixedString.h"
+#include "ports/macos/cocoa/Runtime.h"
+
+// Messages through GCC's Objective-C runtime, on which GNUstep stands. Included by
+// cocoa/MessageDispatch.h, which says what a message is.
+
+namespace stagehopper::cocoa {
+
+namespace gnustep {
+
+/// A message as the port declares it.
+struct Declaration {
+    const char* className;
+    MessageKind kind;
+    const char* name;
+};
+
+/// The method with which the receiver answers, or null when its class has none; that is noted on
+/// the standard output, once for each declaration. Any thread.
+[[nodiscard]] IMP methodOf(id receiver, SEL name, const Declaration& declaration);
+
+}  // namespace gnustep
+
+/// Sends a message that the handle `Receiver` declares. One to nil, and one that GNUstep does not
+/// have, answers zero.
+template <class Receiver, MessageKind kind, FixedString name, class Result, class... Arguments>
+Result dispatchMessage(id receiver, Arguments... arguments) {
+    static_assert((std::is_trivially_copyable_v<Arguments> && ...));
+    if (receiver == nullptr) return Result();
+    const auto method = gnustep::methodOf(receiver, selector<name>(),
+                                          {Receiver::className.c_str(), kind, name.c_str()});
+    if (method == nullptr) return Result();
+    return reinterpret_cast<Result (*)(id, SEL, Arguments...)>(method)(receiver, selector<name>(),
+                                                                       arguments...);
+}
+
+}  // namespace stagehopper::cocoa

@@ -27,7 +27,8 @@ LinuxPanel::LinuxPanel(const platform::PanelOptions& options, platform::SystemLo
     : log_(log),
       clear_(options.clearBackground || !options.opaque),
       window_(static_cast<GtkWidget*>(g_object_ref_sink(gtk_window_new(GTK_WINDOW_POPUP)))),
-      mapWatch_([this](unsigned long mapped) { raiseAbove(mapped); }) {
+      mapWatch_([this](unsigned long mapped) { raiseAbove(mapped); }),
+      frameReplyWatch_(window_.get()) {
     gtk_window_set_accept_focus(GTK_WINDOW(window_.get()), FALSE);
     gtk_window_set_type_hint(GTK_WINDOW(window_.get()), GDK_WINDOW_TYPE_HINT_NOTIFICATION);
     if (clear_) makeClear();

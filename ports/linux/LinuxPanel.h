@@ -6,6 +6,7 @@
 
 #include "platform/Panel.h"
 #include "platform/SystemLog.h"
+#include "ports/linux/FrameReplyWatch.h"
 #include "ports/linux/WindowMapWatch.h"
 #include "ports/linux/desktop/GlibPointers.h"
 
@@ -48,6 +49,7 @@ private:
     bool wanted_ = false;
     bool reported_ = false;
     WindowMapWatch mapWatch_;
+    FrameReplyWatch frameReplyWatch_;
 };
 
 }  // namespace stagehopper::linux_port

@@ -2,11 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
+#include <iostream>
+
 #include "tests/desktop/KeptDebugLog.h"
 #include "tests/desktop/RemotePanel.h"
 #include "tools/presentations/Deck.h"
 #include "tools/presentations/DeckColours.h"
 #include "tools/presentations/Impress.h"
+#include "tools/virtualdesktop/DesktopError.h"
+#include "tools/virtualdesktop/Processes.h"
 
 namespace stagehopper::desktop {
 namespace {
@@ -44,6 +49,13 @@ protected:
         const auto pages = writeRemotePage(desktop_);
         writeFile(pages / "overlay.html", overlayPage);
         panel_ = std::make_unique<RemotePanel>(desktop_, pages);
+    }
+
+    void TearDown() override {
+        if (!HasFailure()) return;
+        std::cout << "the screen:\n"
+                  << desktop_.windows().outline() << "the program wrote:\n"
+                  << (*panel_)->output();
     }
 
     std::optional<Colour> pixel(int x, int y) {
@@ -98,6 +110,39 @@ TEST_F(OverlayOnDesktop, IsNotTheTargetOfAStep) {
     ASSERT_TRUE(becomes(insideX, insideY, magenta));
     panel_->next();
     EXPECT_TRUE(impress.waitForSlide(2));
+}
+
+/// The process of the desktop's window manager, which composes the screen, held still.
+class HeldCompositor {
+public:
+    explicit HeldCompositor(const VirtualDesktop& desktop) {
+        for (const auto process : processesWithEnvironment(desktop.folder().native())) {
+            if (programName(process) == "mutter") process_ = process;
+        }
+        if (process_ == 0) throw DesktopError("no compositor was found");
+        kill(process_, SIGSTOP);
+    }
+    ~HeldCompositor() { kill(process_, SIGCONT); }
+    HeldCompositor(const HeldCompositor&) = delete;
+    HeldCompositor& operator=(const HeldCompositor&) = delete;
+
+private:
+    pid_t process_ = 0;
+};
+
+TEST_F(OverlayOnDesktop, IsPaintedWhenTheCompositorLearnsOfItLate) {
+    {
+        const HeldCompositor held(desktop_);
+        show();
+        const auto overlayHasItsPage = [this] {
+            const auto overlays = desktop_.windows().unmanagedOf((*panel_)->program().pid());
+            if (overlays.empty()) return false;
+            const auto picture = Picture::of(desktop_.display(), overlays.front());
+            return picture && picture->at(insideX, insideY) == magenta;
+        };
+        EXPECT_TRUE(waitFor(overlayHasItsPage, limit)) << "the overlay waits for the compositor";
+    }
+    EXPECT_TRUE(becomes(insideX, insideY, magenta));
 }
 
 TEST_F(OverlayOnDesktop, HiddenAndShownAgainIsTheSamePage) {

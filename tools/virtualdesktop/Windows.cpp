@@ -11,16 +11,40 @@ namespace {
 // Requests say who asks: 2 is a tool by which the user acts, which window managers obey.
 constexpr long fromTheUser = 2;
 
-Window parentOf(const XDisplay& display, Window window) {
+struct Relatives {
     Window parent = None;
+    /// Lowest first.
+    std::vector<Window> children = {};
+};
+
+Relatives relativesOf(const XDisplay& display, Window window) {
+    Relatives found;
     display.accepts([&] {
         Window root = None;
         Window* children = nullptr;
         unsigned count = 0;
-        if (XQueryTree(display.get(), window, &root, &parent, &children, &count) == 0) return;
-        if (children != nullptr) XFree(children);
+        if (XQueryTree(display.get(), window, &root, &found.parent, &children, &count) == 0) return;
+        if (children == nullptr) return;
+        found.children.assign(children, children + count);
+        XFree(children);
     });
-    return parent;
+    return found;
+}
+
+struct Appearance {
+    bool isShown = false;
+    bool isManaged = true;
+};
+
+Appearance appearanceOf(const XDisplay& display, Window window) {
+    Appearance found;
+    display.accepts([&] {
+        XWindowAttributes attributes{};
+        if (XGetWindowAttributes(display.get(), window, &attributes) == 0) return;
+        found.isShown = attributes.map_state == IsViewable;
+        found.isManaged = attributes.override_redirect == False;
+    });
+    return found;
 }
 
 }  // namespace
@@ -83,7 +107,7 @@ Window Windows::focused() const {
     const auto windows = stacked();
     while (window > PointerRoot && window != display_.root() &&
            std::find(windows.begin(), windows.end(), window) == windows.end()) {
-        window = parentOf(display_, window);
+        window = relativesOf(display_, window).parent;
     }
     return window;
 }
@@ -101,6 +125,31 @@ std::optional<Area> Windows::areaOf(Window window) const {
         }
     });
     return area;
+}
+
+std::vector<Window> Windows::unmanagedOf(pid_t process) const {
+    auto windows = relativesOf(display_, display_.root()).children;
+    std::erase_if(windows, [&](Window window) {
+        const auto appearance = appearanceOf(display_, window);
+        return !appearance.isShown || appearance.isManaged || processOf(window) != process;
+    });
+    return windows;
+}
+
+std::string Windows::outline() const {
+    std::string lines;
+    for (const auto window : relativesOf(display_, display_.root()).children) {
+        const auto area = areaOf(window);
+        if (!area || !appearanceOf(display_, window).isShown) continue;
+        // A window manager's frame has its one window inside, and no name of its own.
+        const auto inside = relativesOf(display_, window).children;
+        const auto named = titleOf(window).empty() && !inside.empty() ? inside.back() : window;
+        lines += std::to_string(window) + " '" + titleOf(named) + "' of process " +
+                 std::to_string(processOf(named)) + ", " + std::to_string(area->width) + " x " +
+                 std::to_string(area->height) + " at " + std::to_string(area->x) + ", " +
+                 std::to_string(area->y) + '\n';
+    }
+    return lines;
 }
 
 void Windows::activate(Window window) const {

@@ -41,6 +41,11 @@ public:
     [[nodiscard]] Window focused() const;
     /// On the screen, without its frame.
     [[nodiscard]] std::optional<Area> areaOf(Window window) const;
+    /// The windows that a process shows past the window manager, lowest first.
+    [[nodiscard]] std::vector<Window> unmanagedOf(pid_t process) const;
+    /// What the X server shows, lowest first, with what no window manager lists, a line each: for
+    /// an error message.
+    [[nodiscard]] std::string outline() const;
 
     /// Brings a window to the front and waits until it has the keyboard; throws DesktopError.
     void activate(Window window) const;

@@ -3,9 +3,6 @@
 #include <webkit2/webkit2.h>
 
 #include <cerrno>
-#include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <stdexcept>
 
 #include "ports/linux/Display.h"
@@ -26,7 +23,7 @@
 #include "ports/linux/network/BeastUrlSession.h"
 #include "ports/linux/processes/LinuxChildProcesses.h"
 #include "ports/posix/PosixFileSystem.h"
-#include "tests/contract/PortHarness.h"
+#include "tests/contract/RealFilesHarness.h"
 
 namespace stagehopper {
 
@@ -57,28 +54,7 @@ void postScript(platform::WebView& view, std::string_view handler, const std::st
                             value + ")");
 }
 
-/// A new directory that goes with its owner.
-class TemporaryDirectory {
-public:
-    TemporaryDirectory() {
-        auto name = (std::filesystem::temp_directory_path() / "contract-XXXXXX").string();
-        if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary directory");
-        path_ = name;
-    }
-    ~TemporaryDirectory() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path_, ignored);
-    }
-    TemporaryDirectory(const TemporaryDirectory&) = delete;
-    TemporaryDirectory& operator=(const TemporaryDirectory&) = delete;
-
-    [[nodiscard]] const std::filesystem::path& path() const { return path_; }
-
-private:
-    std::filesystem::path path_;
-};
-
-class LinuxHarness final : public PortHarness {
+class LinuxHarness final : public RealFilesHarness {
 public:
     platform::Platform platform() override {
         return {.accessibility = accessibility_,
@@ -116,12 +92,12 @@ public:
     }
 
     void loadEmptyPage(platform::WebView& view) override {
-        const auto page = directory_.path() / "empty page.html";
+        const auto page = temporaryDirectory() / "empty page.html";
         plantFile(page, "<!doctype html>");
         bool finished = false;
         auto* widget = dynamic_cast<LinuxWebView&>(view).widget();
         g_signal_connect(widget, "load-changed", G_CALLBACK(&LinuxHarness::loadChanged), &finished);
-        view.loadFile(page, directory_.path());
+        view.loadFile(page, temporaryDirectory());
         const bool loaded = runUntil([&finished] { return finished; }, std::chrono::seconds(20));
         g_signal_handlers_disconnect_by_data(widget, &finished);
         if (!loaded) throw std::runtime_error("the empty page does not load");
@@ -135,48 +111,7 @@ public:
         postScript(view, handler, "7");
     }
 
-    std::filesystem::path temporaryDirectory() override { return directory_.path(); }
-    void plantFile(const std::filesystem::path& path, std::string_view contents) override {
-        std::filesystem::create_directories(path.parent_path());
-        std::ofstream(path, std::ios::binary) << contents;
-    }
-    void plantLink(const std::filesystem::path& path,
-                   const std::filesystem::path& target) override {
-        std::filesystem::create_symlink(target, path);
-    }
-    std::string contentsOf(const std::filesystem::path& path) override {
-        std::ifstream file(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-    void plantExecutable(const std::filesystem::path& path) override { plantProgram(path, "\n"); }
-
-    std::filesystem::path programThatExits(int status) override {
-        return makeScript("exit " + std::to_string(status));
-    }
-    std::filesystem::path programThatWrites(std::string_view text) override {
-        const auto output = directory_.path() / "output";
-        plantFile(output, text);
-        return makeScript("exec cat '" + output.string() + "'");
-    }
-    std::filesystem::path programThatRunsUntilTerminated() override {
-        return makeScript("exec sleep 60");
-    }
-    std::filesystem::path notAProgram() override {
-        auto path = directory_.path() / "no program";
-        plantProgram(path, "\x7fno program");
-        return path;
-    }
-
 private:
-    std::filesystem::path makeScript(const std::string& command) const {
-        auto path = directory_.path() / "program";
-        plantProgram(path, "#!/bin/sh\n" + command + '\n');
-        return path;
-    }
-    static void plantProgram(const std::filesystem::path& path, std::string_view contents) {
-        std::ofstream(path, std::ios::binary) << contents;
-        std::filesystem::permissions(path, std::filesystem::perms::owner_all);
-    }
     static int limitReached(void* over) noexcept {
         *static_cast<bool*>(over) = true;
         return G_SOURCE_REMOVE;
@@ -186,7 +121,6 @@ private:
         if (event == WEBKIT_LOAD_FINISHED) *finished = true;
     }
 
-    TemporaryDirectory directory_;
     SystemClock clock_;
     posix::PosixFileSystem fileSystem_;
     LinuxSystemLog systemLog_;

@@ -1,8 +1,5 @@
 // The macOS port on GNUstep under the contract's tests, on the display that they are started on.
 
-#include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <stdexcept>
 
 #include "ports/macos/Services.h"
@@ -12,7 +9,7 @@
 #include "ports/macos/cocoa/NSDate.h"
 #include "ports/macos/cocoa/NSRunLoop.h"
 #include "ports/macos/cocoa/NSWindow.h"
-#include "tests/contract/PortHarness.h"
+#include "tests/contract/RealFilesHarness.h"
 #include "tests/macos/gnustep/Preparation.h"
 
 extern "C" {
@@ -56,28 +53,7 @@ void closeButton(cocoa::NSWindow window) {
     PerformClose::send(window.pointer(), nullptr);
 }
 
-/// A new directory that goes with its owner.
-class TemporaryDirectory {
-public:
-    TemporaryDirectory() {
-        auto name = (std::filesystem::temp_directory_path() / "contract-XXXXXX").string();
-        if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary directory");
-        path_ = name;
-    }
-    ~TemporaryDirectory() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path_, ignored);
-    }
-    TemporaryDirectory(const TemporaryDirectory&) = delete;
-    TemporaryDirectory& operator=(const TemporaryDirectory&) = delete;
-
-    [[nodiscard]] const std::filesystem::path& path() const { return path_; }
-
-private:
-    std::filesystem::path path_;
-};
-
-class GnustepHarness final : public PortHarness {
+class GnustepHarness final : public RealFilesHarness {
 public:
     platform::Platform platform() override { return services_.platform(); }
 
@@ -95,9 +71,9 @@ public:
 
     void userCloses(platform::Window& /*window*/) override { closeButton(contractWindow()); }
     void loadEmptyPage(platform::WebView& view) override {
-        const auto page = directory_.path() / "empty page.html";
+        const auto page = temporaryDirectory() / "empty page.html";
         plantFile(page, "");
-        view.loadFile(page, directory_.path());
+        view.loadFile(page, temporaryDirectory());
     }
     void pagePosts(platform::WebView& view, std::string_view handler,
                    std::string_view text) override {
@@ -107,51 +83,8 @@ public:
         view.evaluateJavaScript("postNumber " + std::string(handler));
     }
 
-    std::filesystem::path temporaryDirectory() override { return directory_.path(); }
-    void plantFile(const std::filesystem::path& path, std::string_view contents) override {
-        std::filesystem::create_directories(path.parent_path());
-        std::ofstream(path, std::ios::binary) << contents;
-    }
-    void plantLink(const std::filesystem::path& path,
-                   const std::filesystem::path& target) override {
-        std::filesystem::create_symlink(target, path);
-    }
-    std::string contentsOf(const std::filesystem::path& path) override {
-        std::ifstream file(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-    void plantExecutable(const std::filesystem::path& path) override { plantProgram(path, "\n"); }
-
-    std::filesystem::path programThatExits(int status) override {
-        return makeScript("exit " + std::to_string(status));
-    }
-    std::filesystem::path programThatWrites(std::string_view text) override {
-        const auto output = directory_.path() / "output";
-        plantFile(output, text);
-        return makeScript("exec cat '" + output.string() + "'");
-    }
-    std::filesystem::path programThatRunsUntilTerminated() override {
-        return makeScript("exec sleep 60");
-    }
-    std::filesystem::path notAProgram() override {
-        auto path = directory_.path() / "no program";
-        plantProgram(path, "\x7fno program");
-        return path;
-    }
-
 private:
-    std::filesystem::path makeScript(const std::string& command) const {
-        auto path = directory_.path() / "program";
-        plantProgram(path, "#!/bin/sh\n" + command + '\n');
-        return path;
-    }
-    static void plantProgram(const std::filesystem::path& path, std::string_view contents) {
-        std::ofstream(path, std::ios::binary) << contents;
-        std::filesystem::permissions(path, std::filesystem::perms::owner_all);
-    }
-
     cocoa::AutoreleasePool pool_;
-    TemporaryDirectory directory_;
     macos_port::Services services_;
 };
 

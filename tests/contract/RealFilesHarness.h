@@ -1,0 +1,38 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+#include "tests/contract/PortHarness.h"
+
+namespace stagehopper {
+
+/// The half of a harness that ports on a real system have in common: files and programs in a folder
+/// of its own, which goes with it.
+class RealFilesHarness : public PortHarness {
+public:
+    /// Throws std::runtime_error when there is no place for the folder.
+    RealFilesHarness();
+    ~RealFilesHarness() override;
+    RealFilesHarness(const RealFilesHarness&) = delete;
+    RealFilesHarness& operator=(const RealFilesHarness&) = delete;
+
+    std::filesystem::path temporaryDirectory() override { return directory_; }
+    void plantFile(const std::filesystem::path& path, std::string_view contents) override;
+    void plantLink(const std::filesystem::path& path, const std::filesystem::path& target) override;
+    std::string contentsOf(const std::filesystem::path& path) override;
+    void plantExecutable(const std::filesystem::path& path) override;
+
+    std::filesystem::path programThatExits(int status) override;
+    std::filesystem::path programThatWrites(std::string_view text) override;
+    std::filesystem::path programThatRunsUntilTerminated() override;
+    std::filesystem::path notAProgram() override;
+
+private:
+    [[nodiscard]] std::filesystem::path makeScript(const std::string& command) const;
+
+    std::filesystem::path directory_;
+};
+
+}  // namespace stagehopper

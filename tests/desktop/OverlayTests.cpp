@@ -51,11 +51,25 @@ protected:
         panel_ = std::make_unique<RemotePanel>(desktop_, pages);
     }
 
+    /// Whether the overlay has not painted or the compositor does not show it, is to be seen here.
     void TearDown() override {
         if (!HasFailure()) return;
-        std::cout << "the screen:\n"
-                  << desktop_.windows().outline() << "the program wrote:\n"
-                  << (*panel_)->output();
+        std::cout << "the screen, " << inWords(pixel(insideX, insideY)) << ":\n"
+                  << desktop_.windows().outline();
+        for (const auto overlay : desktop_.windows().unmanagedOf((*panel_)->program().pid())) {
+            const auto picture = Picture::of(desktop_.display(), overlay);
+            std::cout << overlay << " itself, "
+                      << inWords(picture ? std::optional(picture->at(insideX, insideY))
+                                         : std::nullopt)
+                      << '\n';
+        }
+        std::cout << "the program wrote:\n" << (*panel_)->output();
+    }
+
+    static std::string inWords(const std::optional<Colour>& colour) {
+        if (!colour) return "not to be seen";
+        return "red " + std::to_string(colour->red) + " green " + std::to_string(colour->green) +
+               " blue " + std::to_string(colour->blue);
     }
 
     std::optional<Colour> pixel(int x, int y) {

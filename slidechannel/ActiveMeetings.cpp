@@ -1,8 +1,8 @@
 #include "slidechannel/ActiveMeetings.h"
 
-#include <nlohmann/json.hpp>
-
 #include <utility>
+
+#include "slidechannel/ReceivedJson.h"
 
 namespace stagehopper {
 
@@ -56,9 +56,9 @@ bool read(const json* value, std::vector<Record>& records) {
 }  // namespace
 
 std::optional<ActiveMeetingsResponse> decodeActiveMeetings(std::string_view json) {
-    const auto document = nlohmann::json::parse(json, nullptr, /*allow_exceptions=*/false);
+    const auto document = parseReceivedJson(json);
     ActiveMeetingsResponse response;
-    if (!read(field(document, "meetings"), response.meetings)) return std::nullopt;
+    if (!document || !read(field(*document, "meetings"), response.meetings)) return std::nullopt;
     return response;
 }
 

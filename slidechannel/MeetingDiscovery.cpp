@@ -1,5 +1,4 @@
 #include <utility>
-#include <variant>
 
 #include "app/AppController.h"
 #include "platform/Dispatch.h"
@@ -15,8 +14,8 @@ constexpr platform::Duration discoveryInterval{4.0};
 constexpr int statusOk = 200;
 
 std::optional<ActiveMeetingsResponse> activeMeetings(const platform::DataResult& result) {
-    const auto* response = std::get_if<platform::HttpResponse>(&result);
-    if (response == nullptr || response->statusCode != statusOk) return std::nullopt;
+    const auto& response = result.response;
+    if (result.error || !response || response->statusCode != statusOk) return std::nullopt;
     return decodeActiveMeetings(response->body);
 }
 

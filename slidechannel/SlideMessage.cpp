@@ -1,9 +1,9 @@
 #include "slidechannel/SlideMessage.h"
 
-#include <nlohmann/json.hpp>
-
 #include <cmath>
 #include <cstdint>
+
+#include "slidechannel/ReceivedJson.h"
 
 namespace stagehopper {
 
@@ -35,14 +35,14 @@ std::string described(const json& value) {
 }  // namespace
 
 SlideMessage parseSlideMessage(std::string_view text) {
-    const auto message = json::parse(text, nullptr, /*allow_exceptions=*/false);
-    if (!message.is_object()) return OtherMessage{};
-    const auto type = textOf(message, "type");
+    const auto message = parseReceivedJson(text);
+    if (!message || !message->is_object()) return OtherMessage{};
+    const auto type = textOf(*message, "type");
     if (type == "welcome") return WelcomeMessage{};
     if (type != "slide_nav") return OtherMessage{};
-    const auto seq = message.find("seq");
-    return SlideNavMessage{textOf(message, "direction"),
-                           seq == message.end() ? std::string{} : described(*seq)};
+    const auto seq = message->find("seq");
+    return SlideNavMessage{textOf(*message, "direction"),
+                           seq == message->end() ? std::string{} : described(*seq)};
 }
 
 }  // namespace stagehopper

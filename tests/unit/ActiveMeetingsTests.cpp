@@ -4,6 +4,8 @@
 
 #include <string>
 
+#include "tests/unit/NestedArrays.h"
+
 namespace stagehopper {
 namespace {
 
@@ -32,6 +34,15 @@ TEST(ActiveMeetings, NoMeetingsAreAResponseToo) {
 TEST(ActiveMeetings, UnknownFieldsAreIgnored) {
     EXPECT_EQ(decodeActiveMeetings(R"({"version":2,"meetings":[],"x":null})"),
               ActiveMeetingsResponse{});
+}
+
+TEST(ActiveMeetings, NestingBeyondWhatFoundationTakesSpoilsTheResponse) {
+    const auto nested = [](std::size_t levels) {
+        return R"({"meetings":[],"x":)" + nestedArrays(levels) + "}";
+    };
+    EXPECT_TRUE(decodeActiveMeetings(nested(511)));
+    EXPECT_FALSE(decodeActiveMeetings(nested(512)));
+    EXPECT_FALSE(decodeActiveMeetings(nested(100'000)));
 }
 
 TEST(ActiveMeetings, TheTimeOfCreationMayBeAWholeNumber) {

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
+#include "tests/unit/NestedArrays.h"
+
 namespace stagehopper {
 namespace {
 
@@ -56,6 +60,18 @@ TEST(SlideMessage, OddTagsAreTextsThatDiffer) {
     EXPECT_EQ(seqOf("false"), "0");
     EXPECT_EQ(seqOf("[1,2]"), "[1,2]");
     EXPECT_EQ(seqOf(R"({"a":1})"), R"({"a":1})");
+}
+
+TEST(SlideMessage, ATagMayBeNestedAsDeeplyAsFoundationTakesIt) {
+    // The message itself is the first of 512 levels.
+    EXPECT_EQ(seqOf(nestedArrays(511)), nestedArrays(511));
+    EXPECT_EQ(step(R"("seq":)" + nestedArrays(512)), SlideMessage(OtherMessage{}));
+    EXPECT_EQ(step(R"("seq":)" + nestedArrays(100'000)), SlideMessage(OtherMessage{}));
+}
+
+TEST(SlideMessage, BracketsInATextAreNotNesting) {
+    const std::string brackets = R"(\"[\\)" + std::string(1000, '[');
+    EXPECT_EQ(seqOf('"' + brackets + '"'), R"("[\)" + std::string(1000, '['));
 }
 
 TEST(SlideMessage, EverythingElseIsOther) {

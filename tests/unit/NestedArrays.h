@@ -1,0 +1,13 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+namespace stagehopper {
+
+/// JSON arrays inside each other, that many levels.
+inline std::string nestedArrays(std::size_t levels) {
+    return std::string(levels, '[') + std::string(levels, ']');
+}
+
+}  // namespace stagehopper

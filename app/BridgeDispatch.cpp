@@ -39,6 +39,8 @@ Overloaded(Handlers...) -> Overloaded<Handlers...>;
 }  // namespace
 
 void AppController::handleBridgeRaw(std::string_view raw) {
+    // Shut-down starts nothing new.
+    if (appIsTerminating) return;
     std::visit(Overloaded{
                    [this](BridgeCommand command) {
                        switch (command) {

@@ -28,10 +28,10 @@ void AppController::slideNavLog(std::string_view event, std::string_view detail)
 
     // Opened for every line: a file that was deleted meanwhile is made anew.
     const std::filesystem::path file = debugLogFile;
-    if (platform_.fileSystem.fileExists(file)) {
+    const bool exists = platform_.fileSystem.fileExists(file);
+    // Where another thread makes it meanwhile, ours is appended.
+    if (exists || !platform_.fileSystem.createFile(file, line)) {
         platform_.fileSystem.appendToFile(file, line);
-    } else {
-        platform_.fileSystem.createFile(file, line);
     }
 }
 

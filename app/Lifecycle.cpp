@@ -40,9 +40,10 @@ void AppController::applicationWillTerminate() {
     if (nativeSlideReconnectWorkItem) nativeSlideReconnectWorkItem->cancel();
     nativeSlideReconnectWorkItem.reset();
     cancelNativeSlideSocket("app_terminating");
-    if (backendProcess) {
-        backendProcess->terminate();
-        backendProcess->waitUntilExit();
+    // Held here: the completion of a user's stop, for one, drops the handle.
+    if (const auto process = backendProcess) {
+        process->terminate();
+        process->waitUntilExit();
         backendProcess.reset();
     }
     // Not awaited: it holds nothing that anybody waits for.

@@ -27,7 +27,7 @@ void AppController::startWifiKeepAlive() {
     const auto gateway = getDefaultGateway().value_or(fallbackGateway);
     // One echo request a second with one byte in it, until it is ended.
     keepAliveProcess = platform_.childProcesses.makeChildProcess(
-        {.executable = pingTool, .arguments = {"-i", "1", "-s", "1", gateway}});
+        {.executable = pingTool, .arguments = {"-i", "1", "-s", "1", gateway}, .endsWithUs = true});
     // A machine without ping goes without.
     (void)keepAliveProcess->launch({});
 }

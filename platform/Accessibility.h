@@ -61,7 +61,7 @@ struct AttributeValue {
 };
 
 /// One object in another program's interface. Main thread only. The object itself may be gone at
-/// any time: reads then answer nothing and the press answers an error. No call blocks longer than
+/// any time: reads then return nothing and the press returns an error. No call blocks longer than
 /// the port's time limit, however the other program behaves.
 class UIElement {
 public:
@@ -69,6 +69,13 @@ public:
     /// Absent when the object has no such attribute or the read fails.
     [[nodiscard]] virtual std::optional<AttributeValue> attributeValue(
         AccessibilityAttribute attribute) const = 0;
+    /// Chooses the object, as a click on it does.
+    ///
+    /// An error is a promise that this press will have no effect, so that the caller may take
+    /// another way: the object or its action is absent, its program is gone or refused, or the
+    /// request was never sent. Everything else is success. A request that was sent and not answered
+    /// within the time limit counts as pressed: the program may still act on it, and another way on
+    /// top of that would act twice.
     [[nodiscard]] virtual AccessibilityError press() const = 0;
 };
 

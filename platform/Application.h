@@ -34,7 +34,7 @@ public:
     /// Asks the system to bring this program's windows to the front.
     virtual void activate() = 0;
     /// Ends the program in good order: the delegate is told, then `run` returns. Work still queued
-    /// is dropped. A second call does nothing.
+    /// is dropped then, but may run until then. A second call does nothing.
     virtual void terminate() = 0;
     /// Runs the event loop until `terminate`. Returns the process's exit status.
     virtual int run() = 0;

@@ -13,6 +13,7 @@
 
 namespace stagehopper::platform {
 
+/// Names and values. Both are bytes: nothing makes a variable a text.
 using Environment = std::map<std::string, std::string>;
 
 /// What to run. Standard input and standard error are the null device.
@@ -26,6 +27,9 @@ struct ChildProcessOptions {
     std::optional<std::filesystem::path> currentDirectory{};
     /// Standard output goes to a pipe, for `readOutputToEnd`; otherwise to the null device.
     bool capturesOutput = false;
+    /// It runs without end and looks at nobody: when this process dies without a word, the system
+    /// is to end it, where the system can.
+    bool endsWithUs = false;
 };
 
 /// Called once, on a thread of the system's, when the process has exited.
@@ -43,7 +47,8 @@ public:
     /// Asks the process to end (SIGTERM). Any thread. Never reaches another process: when this one
     /// has exited it does nothing.
     virtual void terminate() = 0;
-    /// Blocks until the process has exited. Any thread.
+    /// Blocks until the process has exited. Any thread; on the main one nothing else runs
+    /// meanwhile, no event, no timer, no task. The handle may be dropped by others meanwhile.
     virtual void waitUntilExit() = 0;
     /// Blocks until the process has closed its standard output, and returns what it wrote. Any
     /// thread, once.

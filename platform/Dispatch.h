@@ -30,7 +30,8 @@ enum class QualityOfService { userInitiated, standard };
 
 /// Queues and timers. Any thread may post; tasks for the main queue run on the main thread, one
 /// after another, in the order of posting, and never from inside the posting call. What is still
-/// queued when the application ends is dropped without being run. An exception that leaves a task
+/// queued when the application ends is dropped without being run; until then the loop may turn
+/// once more, so that shutting down must cancel what is not to run. An exception that leaves a task
 /// ends the program.
 class Dispatch {
 public:

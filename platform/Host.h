@@ -22,7 +22,8 @@ public:
     /// The command line; the first entry is the executable's path.
     virtual std::vector<std::string> arguments() = 0;
     virtual std::filesystem::path currentDirectory() = 0;
-    /// Variables that are no UTF-8 text, or have no name, may be left out.
+    /// Of two with one name the first, which is what asking for a name gives. What has no name may
+    /// be left out; so may what is not UTF-8, where the system hands its list over as texts.
     virtual Environment environment() = 0;
     virtual Pid processIdentifier() = 0;
     /// A fresh random UUID: 36 characters, upper case, with hyphens.

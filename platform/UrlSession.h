@@ -15,11 +15,17 @@ struct UrlError {
 
 struct HttpResponse {
     int statusCode = 0;
+    /// Empty when it did not come whole.
     std::string body;
 };
 
-/// A response whatever its status, or why there is none.
-using DataResult = std::variant<HttpResponse, UrlError>;
+/// What came of a request. Both are there when the head of a response came and its body broke off.
+struct DataResult {
+    /// Whatever its status.
+    std::optional<HttpResponse> response;
+    /// Absent when the response came whole.
+    std::optional<UrlError> error;
+};
 
 struct WebSocketMessage {
     enum class Kind { text, binary };
@@ -54,12 +60,12 @@ public:
 class UrlSession {
 public:
     virtual ~UrlSession() = default;
-    /// GETs `url` ("http://…"); the completion is called once. A URL that is none is an error.
-    /// Redirects are followed or reported as they are; a request that gets no answer at all fails
-    /// after the system's own time limit.
+    /// GETs `url` ("http://…", "https://…"); the completion is called once. A URL that is none is
+    /// an error. A redirect is a response with a status of 3xx, wherever it leads; a request that
+    /// gets no answer at all fails after the system's own time limit.
     virtual void startDataTask(const std::string& url,
                                std::function<void(DataResult)> completion) = 0;
-    /// `url` is a well-formed "ws://…" or "wss://…"; never null.
+    /// Never null. A `url` that is no "ws://…" or "wss://…" fails as a connection does.
     virtual std::shared_ptr<WebSocketTask> makeWebSocketTask(const std::string& url) = 0;
 };
 

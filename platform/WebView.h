@@ -16,7 +16,7 @@ namespace stagehopper::platform {
 struct ScriptMessage {
     /// The name under which the handler was registered.
     std::string name;
-    /// UTF-8; absent when the page posted anything but a string.
+    /// UTF-8, malformed where a surrogate is unpaired; absent when the page posted no string.
     std::optional<std::string> text;
 };
 

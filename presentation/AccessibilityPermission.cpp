@@ -1,5 +1,4 @@
-#include <array>
-#include <charconv>
+#include <cmath>
 #include <string>
 
 #include "app/AppController.h"
@@ -13,13 +12,11 @@ namespace stagehopper {
 
 namespace {
 
-/// The shortest decimal form, always with a fraction: "4.0".
+/// With one decimal: "4.0". By whole numbers, since macOS has had `std::to_chars` for others only
+/// since version 13.
 std::string decimal(double value) {
-    std::array<char, 32> buffer{};
-    const auto end = std::to_chars(buffer.begin(), buffer.end(), value).ptr;
-    std::string text(buffer.begin(), end);
-    if (text.find_first_of(".e") == std::string::npos) text += ".0";
-    return text;
+    const auto tenths = std::lround(value * 10);
+    return std::to_string(tenths / 10) + "." + std::to_string(tenths % 10);
 }
 
 }  // namespace

@@ -13,7 +13,7 @@ Desktop::Desktop()
       application(journal, dispatch),
       userInterface(journal, dispatch),
       workspace(journal),
-      accessibility(journal, workspace),
+      accessibility({journal, clock, dispatch}, workspace),
       keyboard(journal, clock, workspace),
       systemLog(journal) {
     clock.sleepOnGlobalQueue = [this](std::chrono::nanoseconds duration) {

@@ -1,14 +1,15 @@
 #include "ports/simulated/Journal.h"
 
-#include <utility>
-
 #include "ports/simulated/SimulatedClock.h"
 
 namespace stagehopper::simulated {
 
-void Journal::add(std::string effect) {
-    const std::lock_guard lock(mutex_);
-    entries_.push_back({clock_.elapsed(), std::move(effect)});
+void Journal::add(const std::string& effect) {
+    {
+        const std::lock_guard lock(mutex_);
+        entries_.push_back({clock_.elapsed(), effect});
+    }
+    if (observer) observer(effect);
 }
 
 std::size_t Journal::mark() const {

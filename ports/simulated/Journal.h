@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <mutex>
 #include <string>
 #include <vector>
@@ -30,7 +31,10 @@ class Journal {
 public:
     explicit Journal(const SimulatedClock& clock) : clock_(clock) {}
 
-    void add(std::string effect);
+    void add(const std::string& effect);
+    /// Called with each effect from now on, at the moment of that effect and in the middle of what
+    /// causes it, as nested loops and busy systems are. Set on the main thread.
+    std::function<void(const std::string& effect)> observer;
 
     /// A point in the journal, for `effectsSince`.
     [[nodiscard]] std::size_t mark() const;

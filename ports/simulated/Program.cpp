@@ -24,8 +24,24 @@ MenuNode MenuNode::unreadableEnabled() && {
     return std::move(*this);
 }
 
+MenuNode MenuNode::titleReadable(int times) && {
+    titleReadsLeft = std::make_shared<int>(times);
+    return std::move(*this);
+}
+
 MenuNode MenuNode::pressResult(platform::AccessibilityError result) && {
     resultOfPress = result;
+    acts = false;
+    return std::move(*this);
+}
+
+MenuNode MenuNode::pressActsYetFails(platform::AccessibilityError result) && {
+    resultOfPress = result;
+    return std::move(*this);
+}
+
+MenuNode MenuNode::pressTakes(platform::Duration duration) && {
+    durationOfPress = duration;
     return std::move(*this);
 }
 
@@ -73,6 +89,11 @@ Program Program::untitledWindow() && {
     return std::move(*this);
 }
 
+Program Program::focusedWindow(std::size_t index) && {
+    focusedWindow_ = index;
+    return std::move(*this);
+}
+
 Program Program::menu(std::string_view title, std::vector<MenuNode> entries) && {
     MenuNode node = item(title).role(platform::accessibility_role::menuBarItem);
     node.children = std::move(entries);
@@ -88,6 +109,11 @@ Program Program::unreadable() && {
 Program Program::refusesKeys(std::string_view reason) && {
     keyRefusal_ = reason;
     return std::move(*this);
+}
+
+std::optional<std::size_t> RunningProgram::focusedWindow() const {
+    if (program_.windows_.empty()) return std::nullopt;
+    return program_.focusedWindow_.value_or(program_.windows_.size() - 1);
 }
 
 std::vector<int> RunningProgram::keysDown() const {

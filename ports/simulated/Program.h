@@ -1,12 +1,15 @@
 #pragma once
 
 #include <chrono>
+#include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "platform/Accessibility.h"
+#include "platform/Dispatch.h"
 #include "platform/KeyboardEvents.h"
 
 namespace stagehopper::simulated {
@@ -19,6 +22,12 @@ struct MenuNode {
     /// Absent: the state cannot be read.
     std::optional<bool> isEnabled = true;
     platform::AccessibilityError resultOfPress = platform::AccessibilityError::success;
+    /// Whether a press has an effect; by itself that does not depend on what the press returns.
+    bool acts = true;
+    /// How long the program is busy before it acts on a press.
+    platform::Duration durationOfPress{0};
+    /// Shared by all copies of the entry; null when its title can always be read.
+    std::shared_ptr<int> titleReadsLeft;
     std::vector<MenuNode> children;
     /// Entries of a menu that stands behind the menu attribute instead of among the children.
     std::vector<MenuNode> menuAttribute;
@@ -29,7 +38,13 @@ struct MenuNode {
     MenuNode disabled() &&;
     MenuNode unreadableTitle() &&;
     MenuNode unreadableEnabled() &&;
+    /// The title is gone after it was read that often.
+    MenuNode titleReadable(int times) &&;
+    /// A press returns this and has no effect.
     MenuNode pressResult(platform::AccessibilityError result) &&;
+    /// A press is carried out and reported as failed.
+    MenuNode pressActsYetFails(platform::AccessibilityError result) &&;
+    MenuNode pressTakes(platform::Duration duration) &&;
     MenuNode withMenuAttribute(std::vector<MenuNode> entries) &&;
 };
 
@@ -45,6 +60,8 @@ public:
     Program window(std::string_view title) &&;
     /// A window whose title cannot be read.
     Program untitledWindow() &&;
+    /// The window that has the focus, by its place; without this, the last one.
+    Program focusedWindow(std::size_t index) &&;
     /// A top-level menu. Without any, the program has no menu bar.
     Program menu(std::string_view title, std::vector<MenuNode> entries) &&;
     /// None of its attributes can be read.
@@ -61,9 +78,11 @@ private:
     platform::Pid processIdentifier_ = 0;
     std::optional<std::string> bundleIdentifier_;
     std::vector<std::optional<std::string>> windows_;
+    std::optional<std::size_t> focusedWindow_;
     std::vector<MenuNode> menus_;
     bool readable_ = true;
-    std::string keyRefusal_;
+    /// Present in a program that takes no keys.
+    std::optional<std::string> keyRefusal_;
 };
 
 Program program(std::optional<std::string> bundleId = std::nullopt);
@@ -87,9 +106,13 @@ public:
     [[nodiscard]] const std::vector<std::optional<std::string>>& windows() const {
         return program_.windows_;
     }
+    /// Absent without windows.
+    [[nodiscard]] std::optional<std::size_t> focusedWindow() const;
     [[nodiscard]] const std::vector<MenuNode>& menus() const { return program_.menus_; }
     [[nodiscard]] bool readable() const { return program_.readable_; }
-    [[nodiscard]] const std::string& keyRefusal() const { return program_.keyRefusal_; }
+    [[nodiscard]] const std::optional<std::string>& keyRefusal() const {
+        return program_.keyRefusal_;
+    }
 
     void closeWindows() { program_.windows_.clear(); }
     void receive(const ReceivedKey& key) { keys_.push_back(key); }

@@ -14,11 +14,14 @@ using platform::UIElement;
 using platform::UIElementRef;
 namespace role = platform::accessibility_role;
 
+/// How long a press waits for the program.
+constexpr std::chrono::milliseconds pressLimit{500};
+
 /// An element of a running program; holds neither the program nor anything of it.
 class ProgramElement : public UIElement {
 public:
-    ProgramElement(Journal& journal, std::weak_ptr<RunningProgram> program)
-        : journal_(journal), program_(std::move(program)) {}
+    ProgramElement(const Machine& machine, std::weak_ptr<RunningProgram> program)
+        : machine_(machine), program_(std::move(program)) {}
 
     std::optional<AttributeValue> attributeValue(AccessibilityAttribute attribute) const override {
         const auto program = program_.lock();
@@ -26,29 +29,28 @@ public:
         return read(*program, attribute);
     }
     AccessibilityError press() const override {
-        const auto program = program_.lock();
-        if (!program) return AccessibilityError::invalidElement;
-        return pressIn(*program);
+        if (program_.expired()) return AccessibilityError::invalidElement;
+        return pressIn();
     }
 
 protected:
     virtual std::optional<AttributeValue> read(const RunningProgram& program,
                                                AccessibilityAttribute attribute) const = 0;
-    virtual AccessibilityError pressIn(RunningProgram& /*program*/) const {
+    [[nodiscard]] virtual AccessibilityError pressIn() const {
         return AccessibilityError::actionUnsupported;
     }
-    [[nodiscard]] Journal& journal() const { return journal_; }
+    [[nodiscard]] const Machine& machine() const { return machine_; }
     [[nodiscard]] const std::weak_ptr<RunningProgram>& program() const { return program_; }
 
 private:
-    Journal& journal_;
+    Machine machine_;
     std::weak_ptr<RunningProgram> program_;
 };
 
 class WindowElement final : public ProgramElement {
 public:
-    WindowElement(Journal& journal, std::weak_ptr<RunningProgram> program, std::size_t index)
-        : ProgramElement(journal, std::move(program)), index_(index) {}
+    WindowElement(const Machine& machine, std::weak_ptr<RunningProgram> program, std::size_t index)
+        : ProgramElement(machine, std::move(program)), index_(index) {}
 
 private:
     std::optional<AttributeValue> read(const RunningProgram& program,
@@ -66,15 +68,15 @@ private:
 
 class MenuElement final : public ProgramElement {
 public:
-    MenuElement(Journal& journal, std::weak_ptr<RunningProgram> program, MenuNode node)
-        : ProgramElement(journal, std::move(program)), node_(std::move(node)) {}
+    MenuElement(const Machine& machine, std::weak_ptr<RunningProgram> program, MenuNode node)
+        : ProgramElement(machine, std::move(program)), node_(std::move(node)) {}
 
 private:
     std::optional<AttributeValue> read(const RunningProgram& /*program*/,
                                        AccessibilityAttribute attribute) const override {
         switch (attribute) {
             case AccessibilityAttribute::title:
-                if (!node_.title) return std::nullopt;
+                if (!node_.title || !mayReadTitle()) return std::nullopt;
                 return AttributeValue{*node_.title};
             case AccessibilityAttribute::role:
                 return AttributeValue{node_.roleName};
@@ -87,21 +89,37 @@ private:
                 if (node_.menuAttribute.empty()) return std::nullopt;
                 MenuNode menu = submenu("", node_.menuAttribute);
                 return AttributeValue{
-                    std::make_shared<const MenuElement>(journal(), program(), std::move(menu))};
+                    std::make_shared<const MenuElement>(machine(), program(), std::move(menu))};
             }
             default:
                 return std::nullopt;
         }
     }
 
-    AccessibilityError pressIn(RunningProgram& program) const override {
-        if (node_.resultOfPress == AccessibilityError::success) {
-            const auto title = node_.title.value_or("");
-            program.itemWasPressed(title);
-            journal().add("pressed \"" + title + "\" of " +
-                          std::to_string(program.application().processIdentifier));
+    [[nodiscard]] AccessibilityError pressIn() const override {
+        if (!node_.acts) return node_.resultOfPress;
+        const auto act = [journal = &machine().journal, weak = program(),
+                          title = node_.title.value_or("")] {
+            const auto program = weak.lock();
+            if (!program) return;
+            program->itemWasPressed(title);
+            journal->add("pressed \"" + title + "\" of " +
+                         std::to_string(program->application().processIdentifier));
+        };
+        if (node_.durationOfPress > pressLimit) {
+            // The caller has long been told that it counts as pressed.
+            machine().dispatch.asyncSystem(node_.durationOfPress, act);
+            machine().clock.sleep(pressLimit);
+            return AccessibilityError::success;
         }
+        machine().clock.sleep(
+            std::chrono::duration_cast<std::chrono::microseconds>(node_.durationOfPress));
+        act();
         return node_.resultOfPress;
+    }
+
+    [[nodiscard]] bool mayReadTitle() const {
+        return !node_.titleReadsLeft || (*node_.titleReadsLeft)-- > 0;
     }
 
     [[nodiscard]] AttributeList elements(const std::vector<MenuNode>& nodes) const {
@@ -111,7 +129,7 @@ private:
                 list.push_back({std::int64_t{0}});
             } else {
                 list.push_back({UIElementRef(
-                    std::make_shared<const MenuElement>(journal(), program(), node))});
+                    std::make_shared<const MenuElement>(machine(), program(), node))});
             }
         }
         return list;
@@ -138,13 +156,13 @@ private:
                 return AttributeValue{std::move(windows)};
             }
             case AccessibilityAttribute::focusedWindow:
-                if (running.windows().empty()) return std::nullopt;
-                return AttributeValue{window(0)};
+                if (!running.focusedWindow()) return std::nullopt;
+                return AttributeValue{window(*running.focusedWindow())};
             case AccessibilityAttribute::menuBar: {
                 if (running.menus().empty()) return std::nullopt;
                 MenuNode bar = submenu("", running.menus()).role(role::menuBar);
                 return AttributeValue{
-                    std::make_shared<const MenuElement>(journal(), program(), std::move(bar))};
+                    std::make_shared<const MenuElement>(machine(), program(), std::move(bar))};
             }
             default:
                 return std::nullopt;
@@ -152,7 +170,7 @@ private:
     }
 
     [[nodiscard]] UIElementRef window(std::size_t index) const {
-        return std::make_shared<const WindowElement>(journal(), program(), index);
+        return std::make_shared<const WindowElement>(machine(), program(), index);
     }
 };
 
@@ -160,11 +178,11 @@ private:
 
 void SimulatedAccessibility::requestTrust() {
     ++prompts;
-    journal_.add("accessibility prompt shown");
+    machine_.journal.add("accessibility prompt shown");
 }
 
 UIElementRef SimulatedAccessibility::applicationElement(platform::Pid process) {
-    return std::make_shared<const ApplicationElement>(journal_, workspace_.find(process));
+    return std::make_shared<const ApplicationElement>(machine_, workspace_.find(process));
 }
 
 }  // namespace stagehopper::simulated

@@ -2,16 +2,25 @@
 
 #include "platform/Accessibility.h"
 #include "ports/simulated/Journal.h"
+#include "ports/simulated/SimulatedClock.h"
+#include "ports/simulated/SimulatedDispatch.h"
 #include "ports/simulated/SimulatedWorkspace.h"
 
 namespace stagehopper::simulated {
+
+/// What happens around an element when it is pressed.
+struct Machine {
+    Journal& journal;
+    SimulatedClock& clock;
+    SimulatedDispatch& dispatch;
+};
 
 /// The programs' windows and menus as elements. Main thread only. Elements of a program that has
 /// quit answer nothing.
 class SimulatedAccessibility final : public platform::Accessibility {
 public:
-    SimulatedAccessibility(Journal& journal, SimulatedWorkspace& workspace)
-        : journal_(journal), workspace_(workspace) {}
+    SimulatedAccessibility(const Machine& machine, SimulatedWorkspace& workspace)
+        : machine_(machine), workspace_(workspace) {}
 
     bool isProcessTrusted() override { return trusted; }
     void requestTrust() override;
@@ -21,7 +30,7 @@ public:
     int prompts = 0;
 
 private:
-    Journal& journal_;
+    Machine machine_;
     SimulatedWorkspace& workspace_;
 };
 

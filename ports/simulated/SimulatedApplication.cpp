@@ -27,6 +27,7 @@ void SimulatedApplication::terminate() {
     if (terminated_) return;
     terminated_ = true;
     if (const auto delegate = delegate_.lock()) delegate->applicationWillTerminate();
+    if (turnsAtTheEndFor.count() > 0) dispatch_.turnNested(turnsAtTheEndFor);
     dispatch_.close();
     journal_.add("application terminated");
 }

@@ -30,6 +30,11 @@ public:
     /// The user chooses the item with this title; unknown titles throw.
     void userPressesMenuItem(std::string_view title);
 
+    /// How long the main loop turns once more between the delegate's shut-down and the end, as it
+    /// does while a system waits for a child or finishes an animation. Work that was not cancelled
+    /// then runs.
+    std::chrono::nanoseconds turnsAtTheEndFor{0};
+
     [[nodiscard]] bool terminated() const { return terminated_; }
     [[nodiscard]] const platform::MainMenu& menu() const { return menu_; }
 

@@ -17,6 +17,8 @@ struct SimulatedDispatch::Work {
     std::optional<nanoseconds> interval;
     Lane lane = Lane::main;
     bool cancelled = false;
+    /// Set when it has begun to run and will not run again.
+    bool spent = false;
 };
 
 /// What the application holds; work item and timer alike.
@@ -105,15 +107,29 @@ std::shared_ptr<platform::Semaphore> SimulatedDispatch::makeSemaphore() {
 
 std::unique_ptr<platform::WorkItem> SimulatedDispatch::afterMain(platform::Duration delay,
                                                                  platform::Task task) {
-    return std::make_unique<Handle>(schedule(clock_.elapsed() + toNanoseconds(delay),
-                                             std::make_shared<Work>(Work{std::move(task), {}})));
+    return scheduleWithHandle(clock_.elapsed() + toNanoseconds(delay),
+                              std::make_shared<Work>(Work{std::move(task), {}}));
 }
 
 std::unique_ptr<platform::Timer> SimulatedDispatch::repeatMain(platform::Duration interval,
                                                                platform::Task task) {
     const auto every = std::max(nanoseconds{1}, toNanoseconds(interval));
-    return std::make_unique<Handle>(
-        schedule(clock_.elapsed() + every, std::make_shared<Work>(Work{std::move(task), every})));
+    return scheduleWithHandle(clock_.elapsed() + every,
+                              std::make_shared<Work>(Work{std::move(task), every}));
+}
+
+std::unique_ptr<SimulatedDispatch::Handle> SimulatedDispatch::scheduleWithHandle(
+    nanoseconds due, std::shared_ptr<Work> work) {
+    std::erase_if(handedOut_, [](const auto& weak) { return weak.expired(); });
+    handedOut_.push_back(work);
+    return std::make_unique<Handle>(schedule(due, std::move(work)));
+}
+
+std::size_t SimulatedDispatch::armed() const {
+    return static_cast<std::size_t>(std::ranges::count_if(handedOut_, [](const auto& weak) {
+        const auto work = weak.lock();
+        return work && !work->cancelled && !work->spent;
+    }));
 }
 
 std::shared_ptr<SimulatedDispatch::Work> SimulatedDispatch::schedule(nanoseconds due,
@@ -140,6 +156,7 @@ std::shared_ptr<SimulatedDispatch::Work> SimulatedDispatch::takeDue(nanoseconds 
 void SimulatedDispatch::run(const std::shared_ptr<Work>& work, nanoseconds due) {
     if (work->cancelled) return;
     if (due > clock_.elapsed()) clock_.passTime(due - clock_.elapsed());
+    work->spent = !work->interval;
     {
         const RunningSpan span(running_);
         work->task();
@@ -221,6 +238,10 @@ void SimulatedDispatch::runReady() {
 
 void SimulatedDispatch::advance(nanoseconds duration) {
     requireIdle();
+    turnNested(duration);
+}
+
+void SimulatedDispatch::turnNested(nanoseconds duration) {
     const auto target = clock_.elapsed() + duration;
     nanoseconds due{};
     while (const auto work = takeDue(std::max(target, clock_.elapsed()), due)) run(work, due);

@@ -54,9 +54,15 @@ public:
     void sleepFor(std::chrono::nanoseconds duration);
     /// Runs the next piece of work, letting time pass until it is due. False when there is none.
     bool runNext();
+    /// What a call into the system does that turns the main loop before it returns: runs all that
+    /// becomes due within that time, also from inside a task.
+    void turnNested(std::chrono::nanoseconds duration);
     /// Drops all work, what blocks on a global queue included; what is posted from now on is
     /// dropped too.
     void close();
+
+    /// Timers and work items that the application holds and that will still run.
+    [[nodiscard]] std::size_t armed() const;
 
 private:
     enum class Lane { main, beside };
@@ -69,6 +75,8 @@ private:
     /// A task that moved time would run other tasks inside itself: that throws.
     void requireIdle() const;
     std::shared_ptr<Work> schedule(std::chrono::nanoseconds due, std::shared_ptr<Work> work);
+    std::unique_ptr<Handle> scheduleWithHandle(std::chrono::nanoseconds due,
+                                               std::shared_ptr<Work> work);
     /// With `besideMain`, work of the main thread is left alone.
     std::shared_ptr<Work> takeDue(std::chrono::nanoseconds limit, std::chrono::nanoseconds& due,
                                   bool besideMain = false);
@@ -85,6 +93,8 @@ private:
     std::map<Key, std::shared_ptr<Work>> queue_;
     std::uint64_t posted_ = 0;
     bool closed_ = false;
+    /// What the application got a handle for. Main thread only.
+    std::vector<std::weak_ptr<Work>> handedOut_;
     /// Global work that has started and not finished.
     std::vector<std::shared_ptr<GlobalThread>> globalThreads_;
 };

@@ -1,6 +1,7 @@
 #include "ports/simulated/SimulatedFileSystem.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace stagehopper::simulated {
 
@@ -16,6 +17,12 @@ bool isInside(const fs::path& path, const fs::path& directory) {
 }
 
 }  // namespace
+
+SimulatedFileSystem::Entry SimulatedFileSystem::fileWith(std::string_view contents) {
+    Entry entry;
+    *entry.contents = contents;
+    return entry;
+}
 
 fs::path SimulatedFileSystem::resolved(const fs::path& path) const {
     fs::path rest = path.lexically_normal();
@@ -42,23 +49,33 @@ bool SimulatedFileSystem::fileExists(const fs::path& path) {
     const auto target = resolved(path);
     const auto entry = entries_.find(target);
     if (entry != entries_.end()) return entry->second.linkTarget.empty();
-    return std::ranges::any_of(
-        entries_, [&target](const auto& other) { return isInside(other.first, target); });
+    return isDirectory(target);
+}
+
+bool SimulatedFileSystem::isDirectory(const fs::path& path) const {
+    return std::ranges::any_of(entries_,
+                               [&path](const auto& other) { return isInside(other.first, path); });
 }
 
 bool SimulatedFileSystem::createFile(const fs::path& path, std::string_view contents) {
-    const std::lock_guard lock(mutex_);
+    std::unique_lock lock(mutex_);
+    if (const auto act = std::exchange(beforeNextCreation_, nullptr)) {
+        lock.unlock();
+        act();
+        lock.lock();
+    }
     if (!canCreate_) return false;
-    return entries_.try_emplace(path, Entry{.contents = std::string(contents)}).second;
+    return entries_.try_emplace(path, fileWith(contents)).second;
 }
 
 bool SimulatedFileSystem::appendToFile(const fs::path& path, std::string_view bytes) {
     const std::lock_guard lock(mutex_);
     const auto entry = entries_.find(path);
-    if (entry == entries_.end() || !entry->second.linkTarget.empty() || !entry->second.writable) {
+    if (entry == entries_.end() || !entry->second.linkTarget.empty() || !entry->second.writable ||
+        !entry->second.ownedByUs || entry->second.contents.use_count() != 1) {
         return false;
     }
-    entry->second.contents += bytes;
+    *entry->second.contents += bytes;
     return true;
 }
 
@@ -69,12 +86,27 @@ fs::path SimulatedFileSystem::resolvingSymlinks(const fs::path& path) {
 
 void SimulatedFileSystem::put(const fs::path& path, std::string_view contents) {
     const std::lock_guard lock(mutex_);
-    entries_.insert_or_assign(path, Entry{.contents = std::string(contents)});
+    entries_.insert_or_assign(path, fileWith(contents));
 }
 
 void SimulatedFileSystem::link(const fs::path& path, const fs::path& target) {
     const std::lock_guard lock(mutex_);
     entries_.insert_or_assign(path, Entry{.linkTarget = target});
+}
+
+void SimulatedFileSystem::hardLink(const fs::path& path, const fs::path& target) {
+    const std::lock_guard lock(mutex_);
+    entries_.insert_or_assign(path, entries_.at(target));
+}
+
+void SimulatedFileSystem::giveToAnotherUser(const fs::path& path) {
+    const std::lock_guard lock(mutex_);
+    entries_.at(path).ownedByUs = false;
+}
+
+void SimulatedFileSystem::beforeNextCreation(std::function<void()> act) {
+    const std::lock_guard lock(mutex_);
+    beforeNextCreation_ = std::move(act);
 }
 
 void SimulatedFileSystem::remove(const fs::path& path) {
@@ -84,8 +116,9 @@ void SimulatedFileSystem::remove(const fs::path& path) {
 
 bool SimulatedFileSystem::isExecutableFile(const fs::path& path) {
     const std::lock_guard lock(mutex_);
-    const auto entry = entries_.find(resolved(path));
-    return entry != entries_.end() && entry->second.executable;
+    const auto target = resolved(path);
+    const auto entry = entries_.find(target);
+    return entry == entries_.end() ? isDirectory(target) : entry->second.executable;
 }
 
 void SimulatedFileSystem::setExecutable(const fs::path& path, bool executable) {
@@ -111,7 +144,7 @@ bool SimulatedFileSystem::exists(const fs::path& path) const {
 std::string SimulatedFileSystem::contents(const fs::path& path) const {
     const std::lock_guard lock(mutex_);
     const auto entry = entries_.find(path);
-    return entry == entries_.end() ? std::string{} : entry->second.contents;
+    return entry == entries_.end() ? std::string{} : *entry->second.contents;
 }
 
 }  // namespace stagehopper::simulated

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <map>
+#include <memory>
 #include <mutex>
 #include <string>
 
@@ -20,11 +22,17 @@ public:
     /// What others do with the files.
     void put(const std::filesystem::path& path, std::string_view contents);
     void link(const std::filesystem::path& path, const std::filesystem::path& target);
+    /// A second name of the file that stands under `target`, which both then share.
+    void hardLink(const std::filesystem::path& path, const std::filesystem::path& target);
+    /// The file belongs to another user, who lets everybody write to it.
+    void giveToAnotherUser(const std::filesystem::path& path);
     void remove(const std::filesystem::path& path);
     void setExecutable(const std::filesystem::path& path, bool executable);
     void setWritable(const std::filesystem::path& path, bool writable);
     /// False: the disk takes no new file.
     void setCanCreate(bool canCreate);
+    /// Another program acts between our look at a path and the making of a file there. Once.
+    void beforeNextCreation(std::function<void()> act);
 
     /// What stands under this very path; a link is not followed.
     [[nodiscard]] bool exists(const std::filesystem::path& path) const;
@@ -32,18 +40,23 @@ public:
 
 private:
     struct Entry {
-        std::string contents{};
+        /// Shared by the names of one file.
+        std::shared_ptr<std::string> contents = std::make_shared<std::string>();
+        bool ownedByUs = true;
         bool writable = true;
         bool executable = false;
         /// Empty for an ordinary file.
         std::filesystem::path linkTarget{};
     };
 
+    [[nodiscard]] static Entry fileWith(std::string_view contents);
+    [[nodiscard]] bool isDirectory(const std::filesystem::path& path) const;
     [[nodiscard]] std::filesystem::path resolved(const std::filesystem::path& path) const;
 
     mutable std::mutex mutex_;
     std::map<std::filesystem::path, Entry> entries_;
     bool canCreate_ = true;
+    std::function<void()> beforeNextCreation_;
 };
 
 }  // namespace stagehopper::simulated

@@ -1,6 +1,7 @@
 #include "ports/simulated/SimulatedHost.h"
 
 #include <array>
+#include <chrono>
 #include <cstdio>
 
 namespace stagehopper::simulated {
@@ -13,8 +14,15 @@ std::string SimulatedHost::makeUuid() {
     return text.data();
 }
 
-std::string SimulatedHost::localizedTime(platform::Date /*date*/) {
-    return time;
+std::string SimulatedHost::localizedTime(platform::Date date) {
+    if (!time.empty()) return time;
+    const std::chrono::hh_mm_ss inDay(std::chrono::floor<std::chrono::seconds>(
+        date - std::chrono::floor<std::chrono::days>(date)));
+    std::array<char, 9> text{};
+    std::snprintf(
+        text.data(), text.size(), "%02d:%02d:%02d", static_cast<int>(inDay.hours().count()),
+        static_cast<int>(inDay.minutes().count()), static_cast<int>(inDay.seconds().count()));
+    return text.data();
 }
 
 }  // namespace stagehopper::simulated

@@ -19,7 +19,7 @@ public:
     platform::Pid processIdentifier() override { return pid; }
     /// The same sequence in every run, so that a run can be repeated exactly.
     std::string makeUuid() override;
-    /// `time`, whatever the date.
+    /// `time`, if there is one; else the date's own, where the local time is the world's.
     std::string localizedTime(platform::Date date) override;
 
     std::optional<std::string> bundleId;
@@ -28,7 +28,7 @@ public:
     std::filesystem::path workingDirectory = "/";
     platform::Environment variables{{"HOME", "/home/user"}, {"PORT", "8080"}};
     platform::Pid pid = 4711;
-    std::string time = "12:00:00";
+    std::string time;
 
 private:
     std::atomic<unsigned> uuids_{0};

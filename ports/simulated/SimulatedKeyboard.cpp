@@ -36,7 +36,7 @@ platform::Outcome SimulatedKeyboard::postToFocus(const platform::KeyboardEvent& 
 platform::Outcome SimulatedKeyboard::deliver(RunningProgram& program,
                                              const platform::KeyboardEvent& event,
                                              const std::string& where) {
-    if (!program.keyRefusal().empty()) return platform::Outcome::refused(program.keyRefusal());
+    if (program.keyRefusal()) return platform::Outcome::refused(*program.keyRefusal());
     const auto& key = dynamic_cast<const SimulatedKeyboardEvent&>(event);
     program.receive({key.key, key.down, clock_.elapsed()});
     journal_.add("key " + std::to_string(key.key) + (key.down ? " down to " : " up to ") + where);

@@ -35,6 +35,13 @@ Address addressOf(const std::string& url) {
     return address;
 }
 
+bool isSocketAddress(const std::string& url) {
+    auto scheme = url.substr(0, url.find("://"));
+    std::ranges::transform(scheme, scheme.begin(),
+                           [](char c) { return c >= 'A' && c <= 'Z' ? char(c - 'A' + 'a') : c; });
+    return scheme == "ws" || scheme == "wss";
+}
+
 }  // namespace
 
 /// The client's end. It shares its connection with the server, so that either may be gone first.
@@ -52,7 +59,7 @@ public:
         if (closed_ || std::exchange(resumed_, true)) return;
         session_.journal_.add("socket opened: " + connection_->url);
         auto* server = session_.serverOf(connection_->url);
-        if (server == nullptr || !server->takesSockets) {
+        if (server == nullptr || !server->takesSockets || !isSocketAddress(connection_->url)) {
             session_.breaks(*connection_, refused);
             return;
         }
@@ -124,18 +131,27 @@ void SimulatedUrlSession::startDataTask(const std::string& url,
     requests_.push_back(url);
     const auto* server = serverOf(url);
     platform::Duration delay{0};
-    platform::DataResult result = platform::UrlError{refused};
+    platform::DataResult result{.response = {}, .error = platform::UrlError{refused}};
+    const auto path = addressOf(url).path;
+    const auto isAmong = [&path](const auto& paths) {
+        return std::ranges::find(paths, path) != paths.end();
+    };
     const bool silent =
-        server != nullptr &&
-        (!server->answersAfter || *server->answersAfter > requestLimit ||
-         std::ranges::find(server->silentPaths, addressOf(url).path) != server->silentPaths.end());
+        server != nullptr && (!server->answersAfter || *server->answersAfter > requestLimit ||
+                              isAmong(server->silentPaths));
     if (silent) {
         delay = requestLimit;
-        result = platform::UrlError{timedOut};
+        result.error = platform::UrlError{timedOut};
     } else if (server != nullptr) {
         delay = *server->answersAfter;
-        const auto answer = server->answers.find(addressOf(url).path);
-        result = answer == server->answers.end() ? platform::HttpResponse{404, ""} : answer->second;
+        const auto answer = server->answers.find(path);
+        result.response =
+            answer == server->answers.end() ? platform::HttpResponse{404, ""} : answer->second;
+        result.error.reset();
+        if (isAmong(server->brokenPaths)) {
+            result.response->body.clear();
+            result.error = platform::UrlError{lost};
+        }
     }
     dispatch_.asyncSystem(delay, [completion = std::move(completion), result = std::move(result)] {
         completion(result);

@@ -35,6 +35,8 @@ struct Server {
     std::map<std::string, platform::HttpResponse> answers{{"/health", {200, "ok"}}};
     /// Takes that long to answer a request; absent: never answers.
     std::optional<platform::Duration> answersAfter = platform::Duration{0};
+    /// Paths whose answers break off behind the head.
+    std::vector<std::string> brokenPaths;
     /// Paths whose requests are never answered.
     std::vector<std::string> silentPaths;
     bool takesSockets = true;

@@ -23,6 +23,16 @@ public:
         const std::scoped_lock lock(mutex_);
         answers_[path] = std::move(response);
     }
+    void redirects(const std::string& path, const std::string& address) override {
+        const std::scoped_lock lock(mutex_);
+        answers_[path] = {302, ""};
+        location_ = address;
+    }
+    void breaksOff(const std::string& path, platform::HttpResponse response) override {
+        const std::scoped_lock lock(mutex_);
+        answers_[path] = std::move(response);
+        broken_.insert(path);
+    }
     void neverAnswers(const std::string& path) override {
         const std::scoped_lock lock(mutex_);
         silent_.insert(path);
@@ -73,16 +83,15 @@ private:
     }
 
     void answer(Peer& peer, const std::string& target) {
+        const std::scoped_lock lock(mutex_);
         platform::HttpResponse response{404, "nothing here"};
-        {
-            const std::scoped_lock lock(mutex_);
-            if (const auto found = answers_.find(target); found != answers_.end()) {
-                response = found->second;
-            }
+        if (const auto found = answers_.find(target); found != answers_.end()) {
+            response = found->second;
         }
+        const auto length = response.body.size() + (broken_.contains(target) ? 1 : 0);
         peer.send("HTTP/1.1 " + std::to_string(response.statusCode) + " As planned\r\n" +
-                  "Content-Length: " + std::to_string(response.body.size()) + "\r\n\r\n" +
-                  response.body);
+                  (response.statusCode == 302 ? "Location: " + location_ + "\r\n" : "") +
+                  "Content-Length: " + std::to_string(length) + "\r\n\r\n" + response.body);
     }
 
     void readFrames(Peer& peer) {
@@ -106,6 +115,8 @@ private:
     mutable std::mutex mutex_;
     std::map<std::string, platform::HttpResponse> answers_;
     std::set<std::string> silent_;
+    std::set<std::string> broken_;
+    std::string location_;
     std::vector<std::string> targets_;
     Peer* current_ = nullptr;
     std::optional<int> closeCode_;

@@ -42,6 +42,9 @@ public:
     virtual void plantFile(const std::filesystem::path& path, std::string_view contents) = 0;
     virtual void plantLink(const std::filesystem::path& path,
                            const std::filesystem::path& target) = 0;
+    /// A second name of that very file.
+    virtual void plantHardLink(const std::filesystem::path& path,
+                               const std::filesystem::path& target) = 0;
     virtual std::string contentsOf(const std::filesystem::path& path) = 0;
     /// An ordinary file that the user may execute, whatever it holds.
     virtual void plantExecutable(const std::filesystem::path& path) = 0;

@@ -38,6 +38,11 @@ void RealFilesHarness::plantLink(const std::filesystem::path& path,
     std::filesystem::create_symlink(target, path);
 }
 
+void RealFilesHarness::plantHardLink(const std::filesystem::path& path,
+                                     const std::filesystem::path& target) {
+    std::filesystem::create_hard_link(target, path);
+}
+
 std::string RealFilesHarness::contentsOf(const std::filesystem::path& path) {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};

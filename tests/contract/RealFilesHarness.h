@@ -21,6 +21,8 @@ public:
     std::filesystem::path temporaryDirectory() override { return directory_; }
     void plantFile(const std::filesystem::path& path, std::string_view contents) override;
     void plantLink(const std::filesystem::path& path, const std::filesystem::path& target) override;
+    void plantHardLink(const std::filesystem::path& path,
+                       const std::filesystem::path& target) override;
     std::string contentsOf(const std::filesystem::path& path) override;
     void plantExecutable(const std::filesystem::path& path) override;
 

@@ -21,6 +21,11 @@ public:
     [[nodiscard]] virtual std::string authority() const = 0;
     /// What a GET of this path gets; any other path gets a 404.
     virtual void answers(const std::string& path, platform::HttpResponse response) = 0;
+    /// A GET of this path gets a 302 that leads to `address`.
+    virtual void redirects(const std::string& path, const std::string& address) = 0;
+    /// A GET of this path gets the head and the first bytes of a longer body; then the connection
+    /// breaks.
+    virtual void breaksOff(const std::string& path, platform::HttpResponse response) = 0;
     /// Requests for this path, WebSocket or not, are taken and never answered.
     virtual void neverAnswers(const std::string& path) = 0;
     /// From now on pings are taken and get no pong.

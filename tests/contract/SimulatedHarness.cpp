@@ -39,6 +39,10 @@ public:
                    const std::filesystem::path& target) override {
         desktop_.files.link(path, target);
     }
+    void plantHardLink(const std::filesystem::path& path,
+                       const std::filesystem::path& target) override {
+        desktop_.files.hardLink(path, target);
+    }
     std::string contentsOf(const std::filesystem::path& path) override {
         return desktop_.files.contents(path);
     }

@@ -16,6 +16,13 @@ public:
     void answers(const std::string& path, platform::HttpResponse response) override {
         server().answers[path] = std::move(response);
     }
+    void redirects(const std::string& path, const std::string& /*address*/) override {
+        server().answers[path] = {302, ""};
+    }
+    void breaksOff(const std::string& path, platform::HttpResponse response) override {
+        answers(path, std::move(response));
+        server().brokenPaths.push_back(path);
+    }
     void neverAnswers(const std::string& path) override { server().silentPaths.push_back(path); }
     void ignoresPings() override { server().answersPings = false; }
 

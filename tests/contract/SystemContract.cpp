@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <chrono>
 #include <limits>
 #include <set>
 
@@ -56,6 +57,13 @@ TEST_F(SystemContract, AppendingDoesNotFollowALink) {
     EXPECT_EQ(harness->contentsOf(directory / "diary"), "dear diary\n");
 }
 
+TEST_F(SystemContract, AppendingLeavesAFileWithASecondNameAlone) {
+    harness->plantFile(directory / "diary", "dear diary\n");
+    harness->plantHardLink(file, directory / "diary");
+    EXPECT_FALSE(port.fileSystem.appendToFile(file, "one\n"));
+    EXPECT_EQ(harness->contentsOf(directory / "diary"), "dear diary\n");
+}
+
 TEST_F(SystemContract, CreatingDoesNotFollowALinkToNothing) {
     harness->plantLink(file, directory / "new");
     EXPECT_FALSE(port.fileSystem.fileExists(file));
@@ -71,7 +79,7 @@ TEST_F(SystemContract, LinksAreResolvedAsFarAsThePathExists) {
     EXPECT_EQ(port.fileSystem.resolvingSymlinks(directory / "link" / "none"), real / "none");
 }
 
-TEST_F(SystemContract, AnExecutableFileIsAnOrdinaryFileThatMayBeExecuted) {
+TEST_F(SystemContract, WhatMayBeExecutedIsAFileWithThatRightOrADirectory) {
     harness->plantFile(file, "one\n");
     harness->plantExecutable(directory / "program");
     harness->plantLink(directory / "link", directory / "program");
@@ -80,7 +88,7 @@ TEST_F(SystemContract, AnExecutableFileIsAnOrdinaryFileThatMayBeExecuted) {
     EXPECT_TRUE(port.fileSystem.isExecutableFile(directory / "link"));
     EXPECT_FALSE(port.fileSystem.isExecutableFile(file));
     EXPECT_FALSE(port.fileSystem.isExecutableFile(directory / "dangling"));
-    EXPECT_FALSE(port.fileSystem.isExecutableFile(directory));
+    EXPECT_TRUE(port.fileSystem.isExecutableFile(directory));
     EXPECT_FALSE(port.fileSystem.isExecutableFile(directory / "nothing"));
 }
 
@@ -108,14 +116,29 @@ TEST_F(SystemContract, AProcessHasACommandLineAndAWorkingDirectory) {
     EXPECT_TRUE(port.host.currentDirectory().is_absolute());
 }
 
-TEST_F(SystemContract, ALocalTimeIsNotEmpty) {
-    EXPECT_NE(port.host.localizedTime({}), "");
+TEST_F(SystemContract, ALocalTimeHasSecondsAndNoDate) {
+    using namespace std::chrono_literals;
+    // In a week in which no clock is changed anywhere.
+    const platform::Date moment = std::chrono::sys_days(2026y / 1 / 14) + 9h + 4min + 5s;
+    const auto time = port.host.localizedTime(moment);
+    EXPECT_NE(time, "");
+    EXPECT_NE(time, port.host.localizedTime(moment + 1s));
+    EXPECT_NE(time, port.host.localizedTime(moment + 1min));
+    EXPECT_NE(time, port.host.localizedTime(moment + 1h));
+    EXPECT_EQ(time, port.host.localizedTime(moment + 24h));
+    EXPECT_EQ(time, port.host.localizedTime(moment + 48h));
 }
 
 TEST_F(SystemContract, FoldingTakesCaseAndDiacriticsAway) {
     EXPECT_EQ(port.text.folded("ÉtÜde"), port.text.folded("etude"));
     EXPECT_EQ(port.text.folded("e\u0301"), port.text.folded("E"));
     EXPECT_NE(port.text.folded("next"), port.text.folded("text"));
+}
+
+TEST_F(SystemContract, FoldingLeavesFormsThatAreNeitherCaseNorDiacriticsAlone) {
+    EXPECT_EQ(port.text.folded("next…"), "next…");
+    EXPECT_NE(port.text.folded("ｎｅｘｔ"), "next");
+    EXPECT_NE(port.text.folded("2²"), "22");
 }
 
 TEST_F(SystemContract, FoldingLeavesChineseAlone) {

@@ -10,7 +10,6 @@ namespace stagehopper {
 namespace {
 
 using platform::DataResult;
-using platform::HttpResponse;
 using platform::ReceiveResult;
 using platform::UrlError;
 using platform::WebSocketMessage;
@@ -27,9 +26,10 @@ std::string errorIn(const UrlError& error) {
 }
 
 std::string line(const DataResult& result) {
-    if (const auto* error = std::get_if<UrlError>(&result)) return errorIn(*error);
-    const auto& response = std::get<HttpResponse>(result);
-    return std::to_string(response.statusCode) + " " + response.body;
+    std::string words = result.error ? errorIn(*result.error) : std::string();
+    if (!result.response) return words;
+    if (!words.empty()) words = ", " + words;
+    return std::to_string(result.response->statusCode) + " " + result.response->body + words;
 }
 
 std::string line(const ReceiveResult& result) {
@@ -97,6 +97,21 @@ TEST_F(UrlSessionContract, AnyStatusIsAResponse) {
     get("http://" + server.authority() + "/broken");
     ASSERT_TRUE(untilCame(1));
     EXPECT_THAT(came->all(), ElementsAre("500 oh"));
+}
+
+TEST_F(UrlSessionContract, ARedirectIsAResponseOfItsOwnWhereverItLeads) {
+    server.answers("/elsewhere", {200, "fine"});
+    server.redirects("/health", "http://" + server.authority() + "/elsewhere");
+    get("http://" + server.authority() + "/health");
+    ASSERT_TRUE(untilCame(1));
+    EXPECT_THAT(came->all(), ElementsAre("302 "));
+}
+
+TEST_F(UrlSessionContract, AStatusCountsThoughItsBodyBreaksOff) {
+    server.breaksOff("/health", {200, "half a"});
+    get("http://" + server.authority() + "/health");
+    ASSERT_TRUE(untilCame(1));
+    EXPECT_THAT(came->all(), ElementsAre("200 , error"));
 }
 
 TEST_F(UrlSessionContract, ARefusedRequestIsAnErrorInWords) {
@@ -206,6 +221,24 @@ TEST_F(UrlSessionContract, ARefusedConnectionFailsTheReceive) {
     receive(*task);
     ASSERT_TRUE(untilCame(1));
     EXPECT_THAT(came->all(), ElementsAre("error"));
+}
+
+TEST_F(UrlSessionContract, AnAddressThatIsNoSocketsFailsTheReceive) {
+    const auto schemeless = session.makeWebSocketTask("h/ws?role=guest");
+    const auto http = session.makeWebSocketTask("http://" + server.authority() + "/ws");
+    for (const auto& task : {schemeless, http}) {
+        task->resume();
+        receive(*task);
+    }
+    ASSERT_TRUE(untilCame(2));
+    EXPECT_THAT(came->all(), ElementsAre("error", "error"));
+    EXPECT_THAT(server.socketTargets(), IsEmpty());
+}
+
+TEST_F(UrlSessionContract, TheSchemeMayBeInCapitals) {
+    const auto task = session.makeWebSocketTask("WS://" + server.authority() + "/ws");
+    task->resume();
+    ASSERT_TRUE(until([this] { return server.socketTargets().size() == 1; }));
 }
 
 TEST_F(UrlSessionContract, AConnectionThatTheServerClosesFailsTheReceive) {

@@ -55,6 +55,25 @@ protected:
     Stage stage;
 };
 
+TEST_F(Awdl, ARequestIsLoggedBeforeTheWorkForItBegins) {
+    launchWithBackend();
+    // A system log that takes a second; what other threads have to do goes on meanwhile.
+    std::chrono::nanoseconds logged{};
+    stage.desktop.journal.observer = [&](const std::string& effect) {
+        if (effect.find("awdl_prompt_on_meeting_start") == std::string::npos) return;
+        stage.desktop.dispatch.blockUntil([] { return false; }, 1s);
+        logged = stage.desktop.clock.elapsed();
+    };
+    requestMeeting();
+    stage.desktop.advance(5s);
+    const auto entries = stage.desktop.journal.entries();
+    const auto asked = std::ranges::find_if(entries, [](const auto& entry) {
+        return entry.effect.starts_with("process started: /sbin/ifconfig");
+    });
+    ASSERT_NE(asked, entries.end());
+    EXPECT_GE(asked->at - logged, 500ms);
+}
+
 TEST_F(Awdl, IsLeftAloneUntilTheUserAsks) {
     launchWithBackend();
     stage.desktop.advance(60s);

@@ -103,6 +103,15 @@ TEST_F(BackendSupervision, AFileThatMayNotBeExecutedCountsAsMissing) {
     EXPECT_THAT(starts(), IsEmpty());
 }
 
+TEST_F(BackendSupervision, AFolderInItsPlaceIsTriedLikeAProgramThatCannotBeStarted) {
+    stage.desktop.files.put(std::string(backend) + "/readme", "");
+    stage.desktop.processes.programs[backend].launchError = "Permission denied";
+    launch();
+    stage.desktop.advance(30s);
+    EXPECT_THAT(stage.systemLines(),
+                AllOf(SizeIs(3), Each("failed to start bundled backend: Permission denied")));
+}
+
 TEST_F(BackendSupervision, EachRequestForAMissingBackendIsReported) {
     stage.launch();
     stage.pagePosts("CMD:startBundledBackend");
@@ -223,6 +232,16 @@ TEST_F(BackendSupervision, StoppingWhereNoneWasStartedIsSilentAndKept) {
     EXPECT_THAT(starts(), IsEmpty());
 }
 
+TEST_F(BackendSupervision, AStopIsKeptAlsoWhereNoStartHasEverWorked) {
+    stage.installBackend({.launchError = "Exec format error"});
+    stage.launch();
+    stage.pagePosts("CMD:stopBundledBackend");
+    stage.installServingBackend(3000);
+    stage.desktop.advance(10s);
+    EXPECT_THAT(starts(), IsEmpty());
+    EXPECT_THAT(stage.systemLines(), IsEmpty());
+}
+
 TEST_F(BackendSupervision, StoppingDropsARetryThatWaits) {
     stage.installBackend({.exitsAfter = platform::Duration{0}, .exitStatus = 1});
     stage.launch();
@@ -251,6 +270,18 @@ TEST_F(BackendSupervision, StartingAfterAStopBeginsAFreshSeries) {
     EXPECT_THAT(starts(), SizeIs(6));
     EXPECT_EQ(stage.systemLines().front(), startedOnce);
     EXPECT_EQ(stage.systemLines().back(), "bundled backend exited; max launch attempts reached");
+}
+
+TEST_F(BackendSupervision, StartingAfterTheLastAttemptBeginsAFreshSeriesWithoutAStop) {
+    stage.installBackend({.exitsAfter = platform::Duration{0}, .exitStatus = 1});
+    stage.launch();
+    stage.desktop.advance(10s);
+    ASSERT_EQ(stage.systemLines().back(), "bundled backend exited; max launch attempts reached");
+    stage.forget();
+    stage.pagePosts("CMD:startBundledBackend");
+    stage.desktop.advance(10s);
+    ASSERT_THAT(starts(), SizeIs(6));
+    EXPECT_EQ(stage.systemLines().front(), startedOnce);
 }
 
 TEST_F(BackendSupervision, StartingWhileOneAnswersOnlyAllowsItToBeRestarted) {
@@ -288,6 +319,21 @@ TEST_F(BackendSupervision, AServerThatAnswersNoContentIsNoBackend) {
     EXPECT_THAT(starts(), SizeIs(1));
 }
 
+TEST_F(BackendSupervision, ABackendThatWasStartedDuringAStopIsEndedAtQuit) {
+    stage.installBackend({.endsWithin = platform::Duration{5}});
+    stage.launch();
+    stage.pagePosts("CMD:stopBundledBackend");
+    stage.installServingBackend(3000);
+    stage.pagePosts("CMD:startBundledBackend");
+    ASSERT_THAT(starts(), SizeIs(2));
+    // The first has ended, and its stop is complete; the second is the one that counts.
+    stage.desktop.advance(10s);
+    EXPECT_FALSE(starts()[0]->running);
+    EXPECT_TRUE(starts()[1]->running);
+    stage.desktop.userPressesMenuItem("退出 Stagehopper");
+    EXPECT_FALSE(starts()[1]->running);
+}
+
 TEST_F(BackendSupervision, QuittingWaitsForTheBackendToExit) {
     stage.installServingBackend(3000);
     stage.desktop.processes.programs[backend].endsWithin = platform::Duration{3};
@@ -296,14 +342,31 @@ TEST_F(BackendSupervision, QuittingWaitsForTheBackendToExit) {
     stage.desktop.userPressesMenuItem("退出 Stagehopper");
     EXPECT_FALSE(child().running);
     EXPECT_EQ(now() - before, 3s);
+}
+
+TEST_F(BackendSupervision, ItsExitWhileTheProgramEndsIsNotRecoveredFrom) {
+    stage.installServingBackend(3000);
+    stage.launch();
+    stage.desktop.application.turnsAtTheEndFor = 10s;
+    stage.desktop.userPressesMenuItem("退出 Stagehopper");
     EXPECT_THAT(stage.systemLines(), IsEmpty());
+    EXPECT_THAT(starts(), SizeIs(1));
+}
+
+TEST_F(BackendSupervision, AMessageThatComesAfterShutDownHasBegunStartsNone) {
+    stage.installServingBackend(3000);
+    stage.launch();
+    stage.desktop.application.turnsAtTheEndFor = 10s;
+    stage.desktop.panelPage().posts("bridge", "CMD:startBundledBackend");
+    stage.desktop.userPressesMenuItem("退出 Stagehopper");
+    EXPECT_THAT(starts(), SizeIs(1));
 }
 
 TEST_F(BackendSupervision, QuittingDuringARestartDelayStartsNothing) {
     stage.installBackend({.exitsAfter = platform::Duration{0}, .exitStatus = 1});
     stage.launch();
+    stage.desktop.application.turnsAtTheEndFor = 10s;
     stage.desktop.userPressesMenuItem("退出 Stagehopper");
-    stage.desktop.advance(10s);
     EXPECT_THAT(starts(), SizeIs(1));
     EXPECT_TRUE(stage.desktop.application.terminated());
 }

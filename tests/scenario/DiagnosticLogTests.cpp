@@ -83,6 +83,29 @@ TEST_F(DiagnosticLog, ALinkToNothingPlantedUnderTheFilesNameIsNotFollowed) {
     EXPECT_FALSE(stage.desktop.files.exists("/home/user/new"));
 }
 
+TEST_F(DiagnosticLog, ASecondNameOfAnotherFileIsNotWrittenTo) {
+    stage.desktop.files.put("/home/user/diary", "dear diary\n");
+    stage.desktop.files.hardLink(Stage::logPath, "/home/user/diary");
+    stage.app->slideNavLog("a", "");
+    EXPECT_EQ(stage.desktop.files.contents("/home/user/diary"), "dear diary\n");
+    EXPECT_THAT(stage.desktop.systemLog.messages(), ElementsAre("[slide_nav] a"));
+}
+
+TEST_F(DiagnosticLog, AFileOfAnotherUserIsNotWrittenTo) {
+    stage.desktop.files.put(Stage::logPath, "kept\n");
+    stage.desktop.files.giveToAnotherUser(Stage::logPath);
+    stage.app->slideNavLog("a", "");
+    EXPECT_EQ(stage.logFile(), "kept\n");
+    EXPECT_THAT(stage.desktop.systemLog.messages(), ElementsAre("[slide_nav] a"));
+}
+
+TEST_F(DiagnosticLog, ALineIsKeptWhenTheFileAppearsWhileItIsBeingMade) {
+    stage.desktop.files.beforeNextCreation(
+        [this] { stage.desktop.files.put(Stage::logPath, "another thread\n"); });
+    stage.app->slideNavLog("a", "");
+    EXPECT_EQ(stage.logFile(), "another thread\n[15:04:05] [slide_nav] a\n");
+}
+
 TEST_F(DiagnosticLog, ATextThatIsNotUtf8GoesToTheSystemLogOnly) {
     stage.app->slideNavLog("panel_debug", "\xED\xA0\x80");
     EXPECT_THAT(stage.desktop.systemLog.messages(),
@@ -97,7 +120,6 @@ TEST_F(DiagnosticLog, ANulByteIsATextLikeAnyOther) {
 
 TEST_F(DiagnosticLog, LinesOfSeveralThreadsStayWhole) {
     constexpr int perThread = 200;
-    stage.app->slideNavLog("begin", "");  // the file is there before the threads meet
     const auto writer = [this](const char* event) {
         for (int i = 0; i < perThread; ++i) stage.app->slideNavLog(event, "x");
     };
@@ -108,8 +130,7 @@ TEST_F(DiagnosticLog, LinesOfSeveralThreadsStayWhole) {
     std::map<std::string, int> lines;
     std::istringstream file(stage.logFile());
     for (std::string line; std::getline(file, line);) ++lines[line];
-    EXPECT_THAT(lines, ElementsAre(testing::Pair("[15:04:05] [slide_nav] begin", 1),
-                                   testing::Pair("[15:04:05] [slide_nav] one x", perThread),
+    EXPECT_THAT(lines, ElementsAre(testing::Pair("[15:04:05] [slide_nav] one x", perThread),
                                    testing::Pair("[15:04:05] [slide_nav] two x", perThread)));
 }
 

@@ -39,6 +39,11 @@ TEST_F(HealthProbe, APortBeyondTheRangeIsNeverFound) {
     EXPECT_EQ(stage.app->firstHealthyLocalBackendBaseURL(), std::nullopt);
 }
 
+TEST_F(HealthProbe, AStatusOf200CountsThoughTheBodyBreaksOff) {
+    stage.desktop.network.serve(3000).brokenPaths = {"/health"};
+    EXPECT_TRUE(stage.app->healthCheckLocalPort(3000));
+}
+
 TEST_F(HealthProbe, AnAnswerWithinThreeTenthsOfASecondCounts) {
     stage.desktop.network.serve(3000).answersAfter = platform::Duration{0.3};
     EXPECT_TRUE(stage.app->healthCheckLocalPort(3000));

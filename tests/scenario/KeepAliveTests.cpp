@@ -73,6 +73,14 @@ TEST_F(KeepAlive, IsAskedToEndAtQuitAndNotAwaited) {
     EXPECT_EQ(stage.desktop.clock.elapsed(), before);
 }
 
+TEST_F(KeepAlive, EndsWithTheProgramAlsoWhereThatDiesAndTheOthersDoNot) {
+    stage.installServingBackend(3000);
+    stage.launch();
+    EXPECT_TRUE(stage.desktop.processes.last(ping).options.endsWithUs);
+    EXPECT_FALSE(stage.desktop.processes.last(Stage::backendPath).options.endsWithUs)
+        << "it watches us itself";
+}
+
 TEST_F(KeepAlive, WritesNothingToAnyLog) {
     stage.desktop.processes.programs.clear();
     stage.installServingBackend(3000);

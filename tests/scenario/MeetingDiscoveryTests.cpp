@@ -113,6 +113,8 @@ TEST_F(MeetingDiscovery, FailuresAreSilentAndLeaveTheSocketAlone) {
     auto& server = stage.serveMeetings(3000, meeting("AB12", 1, phone));
     stage.launch();
     const auto mark = stage.desktop.journal.mark();
+    // A list that would make the program change rooms, if it were accepted.
+    stage.serveMeetings(3000, meeting("ELSE", 2, phone));
     const auto good = server.answers["/v1/meetings/active"].body;
     for (const platform::HttpResponse& answer :
          std::vector<platform::HttpResponse>{{500, good},
@@ -133,6 +135,14 @@ TEST_F(MeetingDiscovery, FailuresAreSilentAndLeaveTheSocketAlone) {
     for (const auto& effect : stage.desktop.journal.effectsSince(mark)) {
         EXPECT_EQ(effect, "socket pinged");
     }
+}
+
+TEST_F(MeetingDiscovery, AListThatBreaksOffIsNoList) {
+    stage.serveMeetings(3000, meeting("AB12", 1, phone)).brokenPaths = {"/v1/meetings/active"};
+    launch();
+    stage.desktop.advance(8s);
+    EXPECT_THAT(connecting(), IsEmpty());
+    EXPECT_EQ(lists(), 3U);
 }
 
 TEST_F(MeetingDiscovery, GoesOnAfterEveryFailure) {
@@ -197,9 +207,9 @@ TEST_F(MeetingDiscovery, AnAnswerThatComesAfterTheControllerIsGoneDoesNothing) {
 TEST_F(MeetingDiscovery, EndsWithTheProgram) {
     stage.serveMeetings(3000, "");
     launch();
-    stage.desktop.userPressesMenuItem("退出 Stagehopper");
     stage.desktop.network.forgetRequests();
-    stage.desktop.advance(60s);
+    stage.desktop.application.turnsAtTheEndFor = 60s;
+    stage.desktop.userPressesMenuItem("退出 Stagehopper");
     EXPECT_THAT(stage.desktop.network.requests(), IsEmpty());
 }
 

@@ -8,6 +8,7 @@
 namespace stagehopper {
 namespace {
 
+using namespace std::chrono_literals;
 using simulated::item;
 using simulated::submenu;
 using testing::ElementsAre;
@@ -77,6 +78,14 @@ TEST_F(MenuPath, TheFirstItemInReadingOrderWinsNotTheFirstWantedTitle) {
     EXPECT_THAT(stage.desktop.program(42).pressed(), ElementsAre("Next Animation"));
 }
 
+TEST_F(MenuPath, OfTwoPreferredMenusTheOneFartherLeftInTheBarWins) {
+    stepInFront(powerPoint(42)
+                    .window("deck.pptx")
+                    .menu("View", {item("Next Page Layout")})
+                    .menu("Slide Show", {item("Next Slide")}));
+    EXPECT_THAT(stage.desktop.program(42).pressed(), ElementsAre("Next Page Layout"));
+}
+
 TEST_F(MenuPath, AnItemInASubmenuIsFoundBeforeALaterItem) {
     stepInFront(powerPoint(42)
                     .window("deck.pptx")
@@ -89,6 +98,23 @@ TEST_F(MenuPath, ASubmenuBehindTheMenuAttributeIsSearchedToo) {
     stepInFront(powerPoint(42)
                     .window("deck.pptx")
                     .menu("Slide Show", {item("Go").withMenuAttribute({item("Next Slide")})}));
+    EXPECT_THAT(stage.desktop.program(42).pressed(), ElementsAre("Next Slide"));
+}
+
+TEST_F(MenuPath, TheChildrenOfAnItemAreSearchedBeforeTheMenuBehindItsAttribute) {
+    stepInFront(
+        powerPoint(42)
+            .window("deck.pptx")
+            .menu(
+                "Slide Show",
+                {submenu("Go", {item("Next Slide")}).withMenuAttribute({item("Next Animation")})}));
+    EXPECT_THAT(stage.desktop.program(42).pressed(), ElementsAre("Next Slide"));
+}
+
+TEST_F(MenuPath, AMenuOfTheBarIsNotPressedWhateverItIsCalled) {
+    stepInFront(powerPoint(42)
+                    .window("deck.pptx")
+                    .menu("Slide Show: Next", {submenu("Next", {item("Next Slide")})}));
     EXPECT_THAT(stage.desktop.program(42).pressed(), ElementsAre("Next Slide"));
 }
 
@@ -146,6 +172,39 @@ TEST_F(MenuPath, AFailedPressIsLoggedWithItsNumberAndTheKeyFollows) {
     EXPECT_THAT(menuLines(), ElementsAre("menu_path_press_failed bundle=com.apple.iWork.Keynote "
                                          "dir=next title=Show Next err=-25204"));
     EXPECT_THAT(stage.desktop.program(40).keysDown(), ElementsAre(124));
+}
+
+TEST_F(MenuPath, AnErrorOfThePressIsFollowedByTheKeyWhateverTheProgramDid) {
+    // The port has promised that an error has no effect; the controller has no better word.
+    stepInFront(
+        keynote(40)
+            .window("deck.key")
+            .menu("Play", {item("Show Next")
+                               .pressActsYetFails(platform::AccessibilityError::cannotComplete)}));
+    EXPECT_THAT(stage.desktop.program(40).pressed(), ElementsAre("Show Next"));
+    EXPECT_THAT(menuLines(), ElementsAre("menu_path_press_failed bundle=com.apple.iWork.Keynote "
+                                         "dir=next title=Show Next err=-25204"));
+    EXPECT_THAT(stage.desktop.program(40).keysDown(), ElementsAre(124));
+}
+
+TEST_F(MenuPath, APressThatTheProgramGetsToMuchLaterIsTheOnlyStep) {
+    const auto start = stage.desktop.clock.elapsed();
+    stepInFront(keynote(40)
+                    .window("deck.key")
+                    .menu("Play", {item("Show Next").pressTakes(platform::Duration{10})}));
+    EXPECT_EQ(stage.desktop.clock.elapsed() - start, 500ms) << "the main thread goes on";
+    EXPECT_THAT(stage.desktop.program(40).pressed(), IsEmpty());
+    EXPECT_THAT(menuLines(), ElementsAre("menu_path_sent bundle=com.apple.iWork.Keynote dir=next "
+                                         "title=Show Next"));
+    stage.desktop.advance(10s);
+    EXPECT_THAT(stage.desktop.program(40).pressed(), ElementsAre("Show Next"));
+    EXPECT_THAT(stage.desktop.program(40).keys(), IsEmpty());
+}
+
+TEST_F(MenuPath, AnItemThatHasLostItsTitleWhenItIsPressedIsLoggedAsUnknown) {
+    stepInFront(keynote(40).window("deck.key").menu("Play", {item("Show Next").titleReadable(1)}));
+    EXPECT_THAT(menuLines(), ElementsAre("menu_path_sent bundle=com.apple.iWork.Keynote dir=next "
+                                         "title=unknown"));
 }
 
 TEST_F(MenuPath, AProgramWithoutAMenuBarIsLoggedAndTheKeyFollows) {

@@ -90,6 +90,14 @@ TEST_F(Overlay, DestroyedAndShownAgainIsAFreshPage) {
     EXPECT_EQ(stage.desktop.overlayPage().file(), "/app/Resources/overlay.html");
 }
 
+TEST_F(Overlay, IsOrderedOutBeforeItIsDestroyed) {
+    stage.pagePosts("CMD:showOverlay");
+    const auto mark = stage.desktop.journal.mark();
+    stage.pagePosts("CMD:destroyOverlay");
+    EXPECT_THAT(stage.desktop.journal.effectsSince(mark),
+                ElementsAre("panel ordered out", "panel closed"));
+}
+
 TEST_F(Overlay, HidingAndDestroyingWhatIsNotThereDoNothing) {
     const auto mark = stage.desktop.journal.mark();
     stage.pagePosts("CMD:hideOverlay");

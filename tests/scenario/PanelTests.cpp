@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <csignal>
+
 #include "resources/PanelScript.h"
 #include "tests/scenario/Programs.h"
 #include "tests/scenario/Stage.h"
@@ -105,6 +107,18 @@ protected:
     }
     Stage stage;
 };
+
+TEST_F(ResourceDirectory, WithoutAnyArgumentTheProgramStops) {
+    stage.desktop.host.resourceDirectory = std::nullopt;
+    stage.desktop.host.commandLine = {};
+    EXPECT_EXIT(
+        {
+            // The end is expected: a sanitizer need not report it, and end the program otherwise.
+            std::signal(SIGABRT, SIG_DFL);
+            static_cast<void>(stage.app->resourceDir());
+        },
+        testing::KilledBySignal(SIGABRT), "");
+}
 
 TEST_F(ResourceDirectory, IsTheBundlesWhenThePanelIsInIt) {
     stage.desktop.files.put("/bundle/panel.html", "");

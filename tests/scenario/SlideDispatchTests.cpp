@@ -68,6 +68,55 @@ TEST_F(SlideDispatch, ABackgroundPowerPointGetsAKeyAndIsNotBroughtForward) {
     EXPECT_EQ(stage.desktop.frontPid(), 31);
 }
 
+TEST_F(SlideDispatch, ATargetBehindAnotherProcessOfItsProductIsInTheBackground) {
+    for (const platform::Pid pid : {42, 43}) {
+        stage.desktop.addProgram(
+            powerPoint(pid).window("deck.pptx").menu("Slide Show", {item("Next Slide")}));
+    }
+    stage.desktop.bringToFront(42);
+    stage.step("next");
+    stage.desktop.bringToFront(43);
+    stepAfresh("next");
+    EXPECT_THAT(stage.lines("menu_path"),
+                ElementsAre("menu_path_skipped bundle=com.microsoft.Powerpoint "
+                            "reason=background_target"));
+    EXPECT_THAT(stage.lines("completed"), ElementsAre("completed path=detected_profiled_background "
+                                                      "bundle=com.microsoft.Powerpoint"));
+    EXPECT_THAT(stage.desktop.program(42).keysDown(), ElementsAre(121));
+    EXPECT_THAT(stage.desktop.program(43).pressed(), IsEmpty());
+}
+
+TEST_F(SlideDispatch, TheContextHasTheTitleOfTheFocusedWindow) {
+    stage.desktop.addProgram(
+        safari(31).window("News").window("Mail").window("Slides").focusedWindow(1));
+    stage.desktop.bringToFront(31);
+    stepAfresh("next");
+    EXPECT_THAT(stage.lines("exec_context"),
+                ElementsAre("exec_context ax=true front=com.apple.Safari "
+                            "self=org.stagehopper.Stagehopper title=Mail"));
+    EXPECT_THAT(stage.lines("target_resolved"),
+                ElementsAre("target_resolved detected_profiled_front bundle=com.apple.Safari "
+                            "strategy=browser_arrows pid=31 title=News"));
+}
+
+TEST_F(SlideDispatch, AFocusedWindowWithoutATitleIsLoggedWithADash) {
+    stage.desktop.addProgram(safari(31).window("News").untitledWindow().focusedWindow(1));
+    stage.desktop.bringToFront(31);
+    stepAfresh("next");
+    EXPECT_THAT(stage.lines("exec_context"),
+                ElementsAre("exec_context ax=true front=com.apple.Safari "
+                            "self=org.stagehopper.Stagehopper title=-"));
+}
+
+TEST_F(SlideDispatch, TheContextTellsTheTrustOfThatMoment) {
+    stage.desktop.accessibility.trusted = false;
+    stage.forget();
+    stage.app->resolveSlideTargetAndSend("next");
+    EXPECT_THAT(stage.lines("exec_context"),
+                ElementsAre("exec_context ax=false front=nil self=org.stagehopper.Stagehopper "
+                            "title=-"));
+}
+
 TEST_F(SlideDispatch, AKeyIsHeldForFiftyMilliseconds) {
     stage.desktop.addProgram(keynote(40).window("deck.key"));
     stepAfresh("next");
@@ -215,6 +264,15 @@ TEST_F(SlideDispatch, AProgramThatCannotTakeAKeyIsReportedAndNobodyGetsTheKey) {
     EXPECT_THAT(stage.desktop.program(40).keys(), IsEmpty());
 }
 
+TEST_F(SlideDispatch, AKeyThatIsRefusedWithoutWordsIsReportedAsUndelivered) {
+    stage.desktop.addProgram(keynote(40).window("deck.key").refusesKeys(""));
+    stage.step("next");
+    EXPECT_THAT(
+        stage.lines("key_undelivered"),
+        ElementsAre("key_undelivered strategy=keynote_arrows pid=40 reason=unknown reason"));
+    EXPECT_THAT(stage.desktop.program(40).keys(), IsEmpty());
+}
+
 TEST_F(SlideDispatch, AnUnprofiledTargetGetsArrowsWhereTheFocusIs) {
     stage.desktop.addProgram(simulated::program("org.example.Unknown").pid(9).window("deck"));
     stage.desktop.addProgram(safari(31).window("News"));
@@ -233,6 +291,25 @@ TEST_F(SlideDispatch, AnUnprofiledTargetGetsArrowsWhereTheFocusIs) {
                             "completed path=detected_generic bundle=org.example.Unknown"));
     EXPECT_THAT(stage.desktop.program(31).keysDown(), ElementsAre(123));
     EXPECT_THAT(stage.desktop.program(9).keys(), IsEmpty());
+}
+
+TEST_F(SlideDispatch, AnUnprofiledTargetInFrontHasNoMenuTitlesAndGetsArrows) {
+    stage.desktop.addProgram(simulated::program("org.example.Unknown")
+                                 .pid(9)
+                                 .window("deck")
+                                 .menu("Slide", {item("Next Slide")}));
+    stage.desktop.bringToFront(9);
+    stage.forget();
+    stage.app->sendSlideStep({{9, "org.example.Unknown"}, "org.example.Unknown", {"deck"}},
+                             stage.desktop.workspace.frontmostApplication(), "next");
+    EXPECT_THAT(stage.lines(),
+                ElementsAre("target_resolved detected_generic bundle=org.example.Unknown "
+                            "strategy=generic_arrows_fallback pid=nil title=deck",
+                            "key_sent_fallback strategy=generic_arrows_fallback "
+                            "keycodes_next/prev=124/123 sent=124 dir=next dispatch=hid",
+                            "completed path=detected_generic bundle=org.example.Unknown"));
+    EXPECT_THAT(stage.desktop.program(9).keysDown(), ElementsAre(124));
+    EXPECT_THAT(stage.desktop.program(9).pressed(), IsEmpty());
 }
 
 TEST_F(SlideDispatch, ATargetWithoutATitleIsLoggedWithADash) {

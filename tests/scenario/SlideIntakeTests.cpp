@@ -132,6 +132,15 @@ TEST_F(SlideIntake, WithoutTrustNothingIsSentAndNoPromptIsRaised) {
     EXPECT_EQ(stage.desktop.accessibility.prompts, 0);
 }
 
+TEST_F(SlideIntake, AnInvalidDirectionIsRejectedBeforeTheTrustIsAsked) {
+    stage.desktop.accessibility.trusted = false;
+    stage.forget();
+    event("sideways", "1");
+    EXPECT_THAT(stage.lines(),
+                ElementsAre("native_bridge_received direction=sideways seq=1 source=test",
+                            "blocked_invalid_direction raw=sideways"));
+}
+
 TEST_F(SlideIntake, AStepIsTakenAfterTheCallNeverInsideIt) {
     stage.app->consumeSlideEvent("next", "1", "test");
     EXPECT_THAT(stage.lines("exec_context"), IsEmpty());

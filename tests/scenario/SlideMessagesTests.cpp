@@ -56,6 +56,13 @@ TEST_F(SlideMessages, AStepWithoutATagGoesOnWithoutOne) {
     EXPECT_THAT(stage.desktop.program(40).keysDown(), ElementsAre(123));
 }
 
+TEST_F(SlideMessages, TwoStepsWithoutATagAreTwoSteps) {
+    receive(R"({"type":"slide_nav","direction":"PREV"})");
+    receive(R"({"type":"slide_nav","direction":"PREV"})");
+    EXPECT_THAT(stage.desktop.program(40).keysDown(), ElementsAre(123, 123));
+    EXPECT_THAT(stage.lines("duplicate_dropped"), IsEmpty());
+}
+
 TEST_F(SlideMessages, AStepWithoutADirectionIsPassedOnAndRefused) {
     receive(R"({"type":"slide_nav","seq":"a1"})");
     EXPECT_THAT(stage.lines(),
@@ -104,6 +111,8 @@ TEST_F(SlideMessages, AMessageOfTheOldRoomThatComesLateIsStillActedOn) {
 
 TEST_F(SlideMessages, AnEndlessNestingIsIgnored) {
     receive(std::string(1'000'000, '['));
+    receive(R"({"type":"slide_nav","direction":"next","seq":)" + std::string(100'000, '[') +
+            std::string(100'000, ']') + "}");
     receive(R"({"type":"welcome"})");
     EXPECT_THAT(stage.lines(), ElementsAre("native_ws_ready room=AB12CD"));
 }

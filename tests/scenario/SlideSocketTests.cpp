@@ -24,12 +24,25 @@ TEST_F(SlideSocket, JoinsTheRoomAsAGuestOfItsOwnName) {
     EXPECT_THAT(stage.lines(), ElementsAre("native_ws_connecting room=AB12 reason=test"));
 }
 
+/// Under what name a socket joins, of its URL.
+std::string nameIn(const std::string& url) {
+    const auto start = url.find("userId=") + std::string_view("userId=").size();
+    return url.substr(start, url.find('&', start) - start);
+}
+
+TEST_F(SlideSocket, TwoRunsJoinUnderTwoNames) {
+    const auto anotherRun = AppController::create(stage.desktop.platform());
+    connect();
+    const auto first = nameIn(socket().url);
+    anotherRun->connectNativeSlideSocket(base, "AB12", "test");
+    const auto second = nameIn(socket().url);
+    EXPECT_NE(first, second);
+    EXPECT_THAT(first, MatchesRegex("overlay-native-[0-9A-F]{8}"));
+    EXPECT_THAT(second, MatchesRegex("overlay-native-[0-9A-F]{8}"));
+}
+
 TEST_F(SlideSocket, TheNameIsTheSameForEveryRoom) {
     connect(base, "ONE");
-    const auto nameIn = [](const std::string& url) {
-        const auto start = url.find("userId=");
-        return url.substr(start, url.find('&', start) - start);
-    };
     const auto first = nameIn(socket().url);
     connect(base, "TWO");
     EXPECT_EQ(nameIn(socket().url), first);
@@ -211,9 +224,21 @@ TEST_F(SlideSocket, DiscoveryJoinsAtOnceAndDropsTheReconnect) {
                             "native_ws_connecting room=AB12 reason=active_discovery"));
 }
 
+TEST_F(SlideSocket, AMessageOfAnOldRoomArmsNothingOnTheNewConnection) {
+    connect(base, "ONE");
+    stage.desktop.network.sends(socket(), "hello");
+    stage.app->connectNativeSlideSocket(base, "TWO", "test");
+    stage.desktop.runReady();
+    EXPECT_THAT(socket().receivers, SizeIs(1));
+}
+
 class SlideSocketAtQuit : public SlideSocket {
 protected:
-    void quit() { stage.desktop.userPressesMenuItem("退出 Stagehopper"); }
+    /// The main loop turns for a minute after the shut-down: what was not cancelled runs.
+    void quit() {
+        stage.desktop.application.turnsAtTheEndFor = 60s;
+        stage.desktop.userPressesMenuItem("退出 Stagehopper");
+    }
 };
 
 TEST_F(SlideSocketAtQuit, IsClosedAsGoingAway) {
@@ -244,8 +269,22 @@ TEST_F(SlideSocketAtQuit, AReconnectThatWaitsIsDropped) {
     connect();
     breakSocket();
     quit();
-    stage.desktop.advance(60s);
     EXPECT_THAT(connections(), SizeIs(1));
+    EXPECT_THAT(stage.lines("native_ws_connecting"), SizeIs(1));
+    EXPECT_EQ(stage.desktop.dispatch.armed(), 0U);
+}
+
+TEST_F(SlideSocketAtQuit, AReconnectThatIsScheduledAfterwardsConnectsNothing) {
+    stage.app->applicationWillTerminate();
+    stage.app->scheduleNativeSlideSocketReconnect(base, "AB12", "receive_failed_reconnect");
+    stage.desktop.advance(60s);
+    EXPECT_THAT(stage.lines(), IsEmpty());
+}
+
+TEST_F(SlideSocketAtQuit, NoTimerGoesOn) {
+    connect();
+    quit();
+    EXPECT_EQ(stage.desktop.dispatch.armed(), 0U);
 }
 
 TEST_F(SlideSocketAtQuit, WithoutAConnectionNothingIsWritten) {

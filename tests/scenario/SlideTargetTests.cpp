@@ -114,6 +114,15 @@ TEST_F(SlideTarget, ARestartedPreviousTargetIsFoundAgainByItsProduct) {
     EXPECT_EQ(steppedPid(), 51);
 }
 
+TEST_F(SlideTarget, OfTwoProcessesOfOneProductTheOneThatWasSteppedStaysTheTarget) {
+    stage.desktop.addProgram(powerPoint(50).window("other.pptx"));
+    stage.desktop.addProgram(powerPoint(51).window("deck.pptx"));
+    stage.desktop.bringToFront(51);
+    ASSERT_EQ(steppedPid(), 51);
+    stage.desktop.bringNothingToFront();
+    EXPECT_EQ(steppedPid(), 51);
+}
+
 TEST_F(SlideTarget, WhenThePreviousTargetHasQuitTheOneInFrontIsTaken) {
     stage.desktop.addProgram(powerPoint(50).window("deck.pptx"));
     stage.desktop.addProgram(chrome(30).window("Slides"));

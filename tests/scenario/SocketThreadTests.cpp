@@ -37,7 +37,7 @@ public:
         // Ports above the first are silent, so that a scan ends at once.
         if (url.find(":3000/") == std::string::npos) return;
         post([completion = std::move(completion), body] {
-            completion(platform::HttpResponse{200, body});
+            completion({.response = platform::HttpResponse{200, body}, .error = {}});
         });
     }
     std::shared_ptr<platform::WebSocketTask> makeWebSocketTask(const std::string& /*url*/) override;

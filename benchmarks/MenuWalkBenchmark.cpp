@@ -50,6 +50,12 @@ UIElementRef findLastItem(const UIElement& menuBar) {
                                        wanted, depth);
 }
 
+/// The connection to the accessibility bus is made beside the main loop.
+template <typename IsConnected>
+void waitUntil(IsConnected isConnected) {
+    while (!isConnected()) g_main_context_iteration(nullptr, TRUE);
+}
+
 /// Reads the menu bar with `readBar` and searches all of it, for as long as the benchmark runs.
 template <typename ReadBar>
 void search(benchmark::State& state, const std::string& name, ReadBar readBar) {
@@ -74,6 +80,7 @@ void search(benchmark::State& state, const std::string& name, ReadBar readBar) {
 void snapshotWalk(benchmark::State& state) {
     linux_port::X11Desktop desktop;
     linux_port::AtSpiAccessibility accessibility(desktop);
+    waitUntil([&accessibility] { return accessibility.isProcessTrusted(); });
     search(state, "snapshot", [&accessibility](platform::Pid process) {
         return AppController::axElementAttribute(*accessibility.applicationElement(process),
                                                  AccessibilityAttribute::menuBar);
@@ -82,6 +89,7 @@ void snapshotWalk(benchmark::State& state) {
 
 void naiveWalk(benchmark::State& state) {
     linux_port::AccessibilityBus bus;
+    waitUntil([&bus] { return bus.isEnabled(); });
     search(state, "naive", [&bus](platform::Pid process) { return naiveMenuBar(bus, process); });
 }
 

@@ -233,7 +233,8 @@ int run(int argc, char** argv) {
     gtk_widget_show_all(front);
     if (target.process() == 0 || !runUntil([&] {
             const auto inFront = machine.workspace.frontmostApplication();
-            return inFront && inFront->processIdentifier == machine.host.processIdentifier();
+            return inFront && inFront->processIdentifier == machine.host.processIdentifier() &&
+                   machine.accessibility.isProcessTrusted();
         })) {
         std::fputs("the windows did not come up\n", stderr);
         return 1;

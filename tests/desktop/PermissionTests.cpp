@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/desktop/MasterPairs.h"
 #include "tests/desktop/RemotePanel.h"
 #include "tools/presentations/Presentation.h"
 
@@ -98,6 +99,22 @@ TEST(Delivery, OnAnXServerThatTakesNoKeysFromProgramsIsReportedAsImpossible) {
         << panel->output();
     EXPECT_TRUE(panel->logs("completed ", mark));
     EXPECT_EQ(panel.value("'still there'"), "still there");
+    EXPECT_EQ(evince->currentSlide(), 1);
+}
+
+TEST(Delivery, OnAnXServerThatMakesNoMoreKeyboardsIsReportedAsImpossible) {
+    const VirtualDesktop desktop;
+    ASSERT_GT(exhaustMasterDevices(desktop.display()), 0);
+    const auto evince = openInEvince(desktop);
+    RemotePanel panel(desktop);
+    const auto mark = panel->mark();
+    panel.next();
+    EXPECT_TRUE(panel->logs(
+        "key_undelivered strategy=evince_arrows pid=" + std::to_string(evince->process()) +
+            " reason=the X server makes no second keyboard: Bad",
+        mark))
+        << panel->output();
+    EXPECT_TRUE(panel->logs("completed ", mark));
     EXPECT_EQ(evince->currentSlide(), 1);
 }
 

@@ -1,6 +1,7 @@
 #include "ports/linux/desktop/AccessibilityBus.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "ports/linux/desktop/AtSpiReads.h"
 
@@ -10,111 +11,73 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// The first connection may have to wait until the bus itself has started.
-constexpr std::chrono::milliseconds startLimit{2000};
-constexpr std::chrono::milliseconds retryAfter{2000};
 constexpr std::chrono::milliseconds leaveAloneFor{2000};
 
-constexpr const char* statusBus = "org.a11y.Bus";
-constexpr const char* statusPath = "/org/a11y/bus";
-constexpr const char* statusInterface = "org.a11y.Status";
+constexpr const char* busName = "org.freedesktop.DBus";
+constexpr const char* busPath = "/org/freedesktop/DBus";
 constexpr const char* registryBus = "org.a11y.atspi.Registry";
 constexpr const char* registryRoot = "/org/a11y/atspi/accessible/root";
 
-std::string sessionAddress() {
-    const TextPointer address(
-        g_dbus_address_get_for_bus_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
-    return address ? address.get() : std::string{};
-}
-
-std::string accessibilityAddress(GDBusConnection* session) {
-    std::vector<BusCall> calls;
-    calls.push_back({{statusBus, statusPath}, statusBus, "GetAddress", "(s)", nullptr});
-    const auto results = callTogether(session, std::move(calls), startLimit);
-    if (!results.front().reply) return {};
-    const char* address = nullptr;
-    g_variant_get(results.front().reply.get(), "(&s)", &address);
-    return address;
-}
+void ignore(const CallResult& /*result*/) {}
 
 }  // namespace
 
-AccessibilityBus::AccessibilityBus() : nextAttempt_(Clock::now()) {
-    const auto address = sessionAddress();
-    if (address.empty()) return;
-    session_ = connectToBus(address, startLimit);
-    if (!session_) return;
-    if (!ensureConnected()) return;
-    // The owner has just answered, so this does not wait for a hung one.
-    status_.reset(g_dbus_proxy_new_sync(
-        session_.get(), static_cast<GDBusProxyFlags>(G_DBUS_PROXY_FLAGS_GET_INVALIDATED_PROPERTIES),
-        nullptr, statusBus, statusPath, statusInterface, nullptr, nullptr));
-    // Starts the registry where nobody has needed it yet.
-    std::vector<BusCall> first;
-    first.push_back(at_spi_call::children({registryBus, registryRoot}));
-    callTogether(connection_.get(), std::move(first), startLimit);
-}
+AccessibilityBus::AccessibilityBus()
+    : connection_([this] { connectionChanged(); }), service_([this](const std::string& address) {
+          if (connection_.address() != address) connection_.open(address);
+      }) {}
 
 AccessibilityBus::~AccessibilityBus() = default;
 
-bool AccessibilityBus::isEnabled() {
-    if (!status_) return false;
-    const VariantPointer enabled(g_dbus_proxy_get_cached_property(status_.get(), "IsEnabled"));
-    return enabled && g_variant_is_of_type(enabled.get(), G_VARIANT_TYPE_BOOLEAN) != FALSE &&
-           g_variant_get_boolean(enabled.get()) != FALSE && ensureConnected();
+bool AccessibilityBus::isEnabled() const {
+    return service_.isEnabled() && connection_.get() != nullptr;
 }
 
-void AccessibilityBus::enable() {
-    if (!session_) return;
-    g_dbus_connection_call(
-        session_.get(), statusBus, statusPath, "org.freedesktop.DBus.Properties", "Set",
-        g_variant_new("(ssv)", statusInterface, "IsEnabled", g_variant_new_boolean(TRUE)), nullptr,
-        G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr, nullptr);
-}
-
-bool AccessibilityBus::ensureConnected() {
-    if (connection_ && g_dbus_connection_is_closed(connection_.get()) == FALSE) return true;
-    forgetConnection();
-    if (!session_ || Clock::now() < nextAttempt_) return false;
-    const auto address = accessibilityAddress(session_.get());
-    if (!address.empty()) connection_ = connectToBus(address, startLimit);
-    if (!connection_) nextAttempt_ = Clock::now() + retryAfter;
-    return connection_ != nullptr;
-}
-
-void AccessibilityBus::forgetConnection() {
-    connection_.reset();
-    processes_.clear();
-    acquaintances_.clear();
+void AccessibilityBus::connectionChanged() {
+    // The next bus gives the same unique names to other programs.
+    knownPrograms_.clear();
     leftAloneUntil_.clear();
     interestAnnounced_ = false;
+    hangs_ = false;
+    asker_ = std::make_shared<const int>();
+    if (connection_.get() == nullptr) return service_.findAddressLater();
+    // Starts the registry where no program has needed it yet.
+    callInBackground(connection_.get(), at_spi_call::children({registryBus, registryRoot}), asker_,
+                     &ignore);
+}
+
+void AccessibilityBus::leaveAloneUntilItAnswers() {
+    hangs_ = true;
+    callInBackground(connection_.get(), {{busName, busPath}, busName, "GetId", "(s)", nullptr},
+                     asker_, [this](const CallResult& /*result*/) { hangs_ = false; });
 }
 
 std::vector<CallResult> AccessibilityBus::call(std::vector<BusCall> calls) {
     std::vector<CallResult> results(calls.size());
-    if (!ensureConnected()) return results;
+    auto* connection = connection_.get();
+    if (connection == nullptr || hangs_) return results;
     const auto now = Clock::now();
     std::erase_if(leftAloneUntil_, [now](const auto& entry) { return entry.second <= now; });
 
     std::vector<BusCall> sent;
     std::vector<std::size_t> places;
     for (std::size_t i = 0; i < calls.size(); ++i) {
-        if (leftAloneUntil_.contains(calls[i].object.bus)) {
-            results[i].failure = CallFailure::timedOut;
-            continue;
-        }
+        if (leftAloneUntil_.contains(calls[i].object.bus)) continue;
         places.push_back(i);
         sent.push_back(std::move(calls[i]));
     }
+    if (sent.empty()) return results;
     std::vector<std::string> buses;
     for (const auto& one : sent) buses.push_back(one.object.bus);
 
-    auto answers = callTogether(connection_.get(), std::move(sent), callLimit);
-    for (std::size_t i = 0; i < answers.size(); ++i) {
-        if (answers[i].failure == CallFailure::timedOut) {
+    auto round = callTogether(connection, std::move(sent), limits);
+    if (connection_.get() != nullptr && !round.busAnswered) leaveAloneUntilItAnswers();
+    for (std::size_t i = 0; i < round.results.size(); ++i) {
+        auto& result = round.results[i];
+        if (result.failure == CallFailure::unanswered && round.busAnswered) {
             leftAloneUntil_[buses[i]] = Clock::now() + leaveAloneFor;
         }
-        results[places[i]] = std::move(answers[i]);
+        results[places[i]] = std::move(result);
     }
     return results;
 }
@@ -128,31 +91,25 @@ CallResult AccessibilityBus::call(BusCall call) {
 std::optional<ObjectReference> AccessibilityBus::applicationOf(platform::Pid process) {
     const auto roots = childrenOf(*this, {{registryBus, registryRoot}}).front();
     if (!roots) return std::nullopt;
+    knownPrograms_.keepOnly(*roots);
 
-    std::vector<std::string> unknown;
-    for (const auto& root : *roots) {
-        if (!processes_.contains(root.bus)) unknown.push_back(root.bus);
-    }
     std::vector<BusCall> calls;
-    for (const auto& bus : unknown) {
-        calls.push_back({{"org.freedesktop.DBus", "/org/freedesktop/DBus"},
-                         "org.freedesktop.DBus",
-                         "GetConnectionUnixProcessID",
-                         "(u)",
-                         VariantPointer(g_variant_ref_sink(g_variant_new("(s)", bus.c_str())))});
+    for (const auto& root : *roots) {
+        calls.push_back(
+            {{busName, busPath},
+             busName,
+             "GetConnectionUnixProcessID",
+             "(u)",
+             VariantPointer(g_variant_ref_sink(g_variant_new("(s)", root.bus.c_str())))});
     }
     const auto answers = call(std::move(calls));
     for (std::size_t i = 0; i < answers.size(); ++i) {
-        guint32 pid = 0;
         if (!answers[i].reply) continue;
+        guint32 pid = 0;
         g_variant_get(answers[i].reply.get(), "(u)", &pid);
-        processes_[unknown[i]] = static_cast<platform::Pid>(pid);
+        if (static_cast<platform::Pid>(pid) == process) return (*roots)[i];
     }
-    const auto root = std::ranges::find_if(*roots, [this, process](const auto& candidate) {
-        const auto known = processes_.find(candidate.bus);
-        return known != processes_.end() && known->second == process;
-    });
-    return root == roots->end() ? std::nullopt : std::optional(*root);
+    return std::nullopt;
 }
 
 void AccessibilityBus::announceInterest() {

@@ -2,25 +2,31 @@
 
 #include <chrono>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/Workspace.h"
+#include "ports/linux/desktop/AccessibilityService.h"
 #include "ports/linux/desktop/BusCall.h"
+#include "ports/linux/desktop/BusConnection.h"
+#include "ports/linux/desktop/KnownPrograms.h"
 
 namespace stagehopper::linux_port {
 
-/// Our way to the accessibility bus. Main thread only. It connects when it is made, stays
-/// connected, and connects again when that bus was restarted. Without a session bus it is never
-/// enabled and every call fails at once.
+/// Our way to the accessibility bus. Main thread only. It connects beside the main loop from the
+/// moment it is made, and again whenever that bus is lost. While there is no connection every call
+/// fails at once, so that one task of the main loop never meets two connections.
 ///
 /// A program that once let a call time out is left alone for a short while: a hung program costs
-/// one time limit, not one for each question.
+/// one limit, not one for each question. So does a hung bus, until it answers again.
 class AccessibilityBus {
 public:
-    /// For one round of calls, however many there are in it.
-    static constexpr std::chrono::milliseconds callLimit{500};
+    /// For one round of calls, however many there are in it. A bus that works answers in well under
+    /// a millisecond.
+    static constexpr RoundLimits limits{.bus = std::chrono::milliseconds{80},
+                                        .all = std::chrono::milliseconds{500}};
 
     AccessibilityBus();
     ~AccessibilityBus();
@@ -28,44 +34,35 @@ public:
     AccessibilityBus& operator=(const AccessibilityBus&) = delete;
 
     /// Whether the desktop has accessibility switched on and its bus is there. Asks nobody.
-    bool isEnabled();
+    [[nodiscard]] bool isEnabled() const;
     /// Switches accessibility on for the whole desktop. Returns before that has happened.
-    void enable();
+    void enable() { service_.enable(); }
 
     /// All calls at once; the results stand in their order.
     std::vector<CallResult> call(std::vector<BusCall> calls);
     CallResult call(BusCall call);
     /// The root of the program that this process has put on the bus.
     std::optional<ObjectReference> applicationOf(platform::Pid process);
-    /// A program as it was met last, so that asking whether it still stands so and asking for its
-    /// windows is one round instead of three.
-    struct Acquaintance {
-        /// With an empty bus when it was never met.
-        ObjectReference root;
-        std::vector<ObjectReference> windows;
-    };
     /// Forgotten with the connection.
-    Acquaintance& acquaintance(platform::Pid process) { return acquaintances_[process]; }
-    /// Makes toolkits keep the cache that they answer bulk reads from: some do so only for somebody
-    /// who listens to events.
+    KnownPrograms& knownPrograms() { return knownPrograms_; }
+    /// Makes toolkits keep the cache that they answer bulk reads from: some do so only for a client
+    /// that listens to events.
     void announceInterest();
 
 private:
     using Instant = std::chrono::steady_clock::time_point;
 
-    bool ensureConnected();
-    void forgetConnection();
+    void connectionChanged();
+    void leaveAloneUntilItAnswers();
 
-    ObjectPointer<GDBusConnection> session_;
-    /// Follows `IsEnabled` and the coming and going of its owner.
-    ObjectPointer<GDBusProxy> status_;
-    ObjectPointer<GDBusConnection> connection_;
-    Instant nextAttempt_;
-    bool interestAnnounced_ = false;
-    /// Unique names are never given twice, so what is known stays true.
-    std::map<std::string, platform::Pid> processes_;
-    std::map<platform::Pid, Acquaintance> acquaintances_;
+    KnownPrograms knownPrograms_;
     std::map<std::string, Instant> leftAloneUntil_;
+    bool interestAnnounced_ = false;
+    bool hangs_ = false;
+    /// Answers that come over an earlier connection are dropped.
+    std::shared_ptr<const int> asker_;
+    BusConnection connection_;
+    AccessibilityService service_;
 };
 
 }  // namespace stagehopper::linux_port

@@ -89,16 +89,20 @@ AccessibilityError doFirstAction(AccessibilityBus& bus, const ObjectReference& o
     switch (result.failure) {
         case CallFailure::none:
             break;
+        case CallFailure::unanswered:
+        case CallFailure::unexpectedReply:
+            return AccessibilityError::success;
         case CallFailure::noSuchObject:
             return AccessibilityError::invalidElement;
         case CallFailure::noSuchMethod:
             return AccessibilityError::actionUnsupported;
-        case CallFailure::timedOut:
-        case CallFailure::other:
+        case CallFailure::notSent:
+        case CallFailure::refused:
             return AccessibilityError::cannotComplete;
     }
     gboolean accepted = FALSE;
     g_variant_get(result.reply.get(), "(b)", &accepted);
+    // Toolkits refuse before they act: an item that is greyed, hidden or gone.
     return accepted != FALSE ? AccessibilityError::success : AccessibilityError::cannotComplete;
 }
 

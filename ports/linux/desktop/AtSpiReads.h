@@ -34,7 +34,8 @@ std::optional<std::uint64_t> states(const CallResult& result);
 /// The children of each object, in one round.
 std::vector<std::optional<References>> childrenOf(AccessibilityBus& bus, const References& objects);
 
-/// Does what the object does first of all; for a menu item that is choosing it.
+/// Does what the object does first of all; for a menu item that is choosing it. Without an answer
+/// it counts as done, see UIElement::press.
 platform::AccessibilityError doFirstAction(AccessibilityBus& bus, const ObjectReference& object);
 
 }  // namespace stagehopper::linux_port

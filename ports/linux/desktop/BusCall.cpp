@@ -1,5 +1,8 @@
 #include "ports/linux/desktop/BusCall.h"
 
+#include <limits>
+#include <utility>
+
 namespace stagehopper::linux_port {
 
 namespace {
@@ -29,90 +32,117 @@ struct Slot {
 };
 
 CallFailure failureOf(const GError* error) {
-    if (g_error_matches(error, G_IO_ERROR, G_IO_ERROR_TIMED_OUT) != FALSE ||
-        g_error_matches(error, G_DBUS_ERROR, G_DBUS_ERROR_NO_REPLY) != FALSE ||
-        g_error_matches(error, G_DBUS_ERROR, G_DBUS_ERROR_TIMEOUT) != FALSE) {
-        return CallFailure::timedOut;
+    if (g_error_matches(error, G_IO_ERROR, G_IO_ERROR_INVALID_ARGUMENT) != FALSE) {
+        return CallFailure::unexpectedReply;
     }
-    if (g_error_matches(error, G_DBUS_ERROR, G_DBUS_ERROR_UNKNOWN_OBJECT) != FALSE ||
-        g_error_matches(error, G_DBUS_ERROR, G_DBUS_ERROR_SERVICE_UNKNOWN) != FALSE ||
-        g_error_matches(error, G_DBUS_ERROR, G_DBUS_ERROR_NAME_HAS_NO_OWNER) != FALSE) {
-        return CallFailure::noSuchObject;
+    // What did not come from the other side does not tell what the other side did.
+    if (g_dbus_error_is_remote_error(error) == FALSE) return CallFailure::unanswered;
+    if (error->domain != G_DBUS_ERROR) return CallFailure::refused;
+    switch (error->code) {
+        case G_DBUS_ERROR_NO_REPLY:
+        case G_DBUS_ERROR_TIMEOUT:
+        case G_DBUS_ERROR_TIMED_OUT:
+        case G_DBUS_ERROR_DISCONNECTED:
+            return CallFailure::unanswered;
+        case G_DBUS_ERROR_UNKNOWN_OBJECT:
+        case G_DBUS_ERROR_SERVICE_UNKNOWN:
+        case G_DBUS_ERROR_NAME_HAS_NO_OWNER:
+            return CallFailure::noSuchObject;
+        case G_DBUS_ERROR_UNKNOWN_METHOD:
+        case G_DBUS_ERROR_UNKNOWN_INTERFACE:
+            return CallFailure::noSuchMethod;
+        default:
+            return CallFailure::refused;
     }
-    if (g_error_matches(error, G_DBUS_ERROR, G_DBUS_ERROR_UNKNOWN_METHOD) != FALSE ||
-        g_error_matches(error, G_DBUS_ERROR, G_DBUS_ERROR_UNKNOWN_INTERFACE) != FALSE) {
-        return CallFailure::noSuchMethod;
-    }
-    return CallFailure::other;
+}
+
+CallResult resultOf(GObject* connection, GAsyncResult* result) {
+    GError* error = nullptr;
+    CallResult came;
+    came.reply.reset(g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, &error));
+    const ErrorPointer owned(error);
+    came.failure = error == nullptr ? CallFailure::none : failureOf(error);
+    return came;
 }
 
 void replyCame(GObject* connection, GAsyncResult* result, gpointer data) noexcept {
     auto* slot = static_cast<Slot*>(data);
-    GError* error = nullptr;
-    slot->result.reply.reset(
-        g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, &error));
-    const ErrorPointer owned(error);
-    slot->result.failure = error == nullptr ? CallFailure::none : failureOf(error);
+    slot->result = resultOf(connection, result);
     --*slot->pending;
 }
 
-struct Connecting {
-    ObjectPointer<GDBusConnection> connection;
-    std::size_t pending = 1;
-};
-
-void connected(GObject* /*source*/, GAsyncResult* result, gpointer data) noexcept {
-    auto* connecting = static_cast<Connecting*>(data);
-    GError* error = nullptr;
-    connecting->connection.reset(g_dbus_connection_new_for_address_finish(result, &error));
-    const ErrorPointer owned(error);
-    connecting->pending = 0;
+void send(GDBusConnection* connection, const BusCall& call, std::chrono::milliseconds limit,
+          GCancellable* cancellable, GAsyncReadyCallback callback, void* data) {
+    g_dbus_connection_call(connection, call.object.bus.c_str(), call.object.path.c_str(),
+                           call.interface, call.method, call.arguments.get(),
+                           G_VARIANT_TYPE(call.replyType), G_DBUS_CALL_FLAGS_NONE,
+                           static_cast<int>(limit.count()), cancellable, callback, data);
 }
 
-gboolean cancel(gpointer cancellable) noexcept {
-    g_cancellable_cancel(G_CANCELLABLE(cancellable));
+/// Any answer to it shows that the bus works.
+BusCall questionToTheBus() {
+    constexpr const char* bus = "org.freedesktop.DBus";
+    return {{bus, "/org/freedesktop/DBus"}, bus, "GetId", "(s)", nullptr};
+}
+
+/// Gives a round up when the bus has not answered by then.
+struct BusWatch {
+    const Slot& bus;
+    GCancellable* round;
+};
+
+gboolean giveUpOnHungBus(gpointer data) noexcept {
+    const auto* watch = static_cast<const BusWatch*>(data);
+    if (watch->bus.result.failure == CallFailure::notSent) g_cancellable_cancel(watch->round);
     return G_SOURCE_REMOVE;
+}
+
+struct BackgroundCall {
+    std::weak_ptr<const void> asker;
+    std::function<void(CallResult)> done;
+};
+
+void backgroundReplyCame(GObject* connection, GAsyncResult* result, gpointer data) noexcept {
+    const std::unique_ptr<BackgroundCall> call(static_cast<BackgroundCall*>(data));
+    auto came = resultOf(connection, result);
+    if (const auto asker = call->asker.lock()) call->done(std::move(came));
 }
 
 }  // namespace
 
-std::vector<CallResult> callTogether(GDBusConnection* connection, std::vector<BusCall> calls,
-                                     std::chrono::milliseconds limit) {
+Round callTogether(GDBusConnection* connection, std::vector<BusCall> calls, RoundLimits limits) {
     const PrivateContext context;
+    const ObjectPointer<GCancellable> cancellable(g_cancellable_new());
+    // The bus takes calls in their order, so that its own answer does not wait for anybody.
+    calls.insert(calls.begin(), questionToTheBus());
     std::size_t pending = calls.size();
     std::vector<Slot> slots(calls.size());
+    const BusWatch watch{slots.front(), cancellable.get()};
+    const SourcePointer deadline(g_timeout_source_new(static_cast<guint>(limits.bus.count())));
+    g_source_set_callback(deadline.get(), &giveUpOnHungBus, const_cast<BusWatch*>(&watch), nullptr);
+    g_source_attach(deadline.get(), context.get());
+
     for (std::size_t i = 0; i < calls.size(); ++i) {
-        const auto& call = calls[i];
         slots[i].pending = &pending;
-        g_dbus_connection_call(connection, call.object.bus.c_str(), call.object.path.c_str(),
-                               call.interface, call.method, call.arguments.get(),
-                               G_VARIANT_TYPE(call.replyType), G_DBUS_CALL_FLAGS_NONE,
-                               static_cast<int>(limit.count()), nullptr, &replyCame, &slots[i]);
+        send(connection, calls[i], limits.all, cancellable.get(), &replyCame, &slots[i]);
     }
     context.runWhile(pending);
 
-    std::vector<CallResult> results;
-    results.reserve(slots.size());
-    for (auto& slot : slots) results.push_back(std::move(slot.result));
-    return results;
+    Round round;
+    round.busAnswered = slots.front().result.failure == CallFailure::none;
+    round.results.reserve(slots.size() - 1);
+    for (std::size_t i = 1; i < slots.size(); ++i) {
+        round.results.push_back(std::move(slots[i].result));
+    }
+    return round;
 }
 
-ObjectPointer<GDBusConnection> connectToBus(const std::string& address,
-                                            std::chrono::milliseconds limit) {
-    const PrivateContext context;
-    const ObjectPointer<GCancellable> cancellable(g_cancellable_new());
-    const SourcePointer deadline(g_timeout_source_new(static_cast<guint>(limit.count())));
-    g_source_set_callback(deadline.get(), &cancel, cancellable.get(), nullptr);
-    g_source_attach(deadline.get(), context.get());
-
-    Connecting connecting;
-    constexpr auto flags =
-        static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
-                                          G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
-    g_dbus_connection_new_for_address(address.c_str(), flags, nullptr, cancellable.get(),
-                                      &connected, &connecting);
-    context.runWhile(connecting.pending);
-    return std::move(connecting.connection);
+void callInBackground(GDBusConnection* connection, const BusCall& call,
+                      std::weak_ptr<const void> asker, std::function<void(CallResult)> done) {
+    constexpr std::chrono::milliseconds withoutLimit{std::numeric_limits<int>::max()};
+    auto waiting =
+        std::make_unique<BackgroundCall>(BackgroundCall{std::move(asker), std::move(done)});
+    send(connection, call, withoutLimit, nullptr, &backgroundReplyCame, waiting.release());
 }
 
 }  // namespace stagehopper::linux_port

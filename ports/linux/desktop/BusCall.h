@@ -1,6 +1,8 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -26,22 +28,49 @@ struct BusCall {
     VariantPointer arguments;
 };
 
-enum class CallFailure { none, timedOut, noSuchObject, noSuchMethod, other };
+enum class CallFailure {
+    none,
+    /// Nothing has left this process.
+    notSent,
+    /// Sent. Whether the other side has acted, or will act, is unknown.
+    unanswered,
+    /// Carried out, with a reply of another type.
+    unexpectedReply,
+    noSuchObject,
+    noSuchMethod,
+    /// The other side, or the bus, answered with another error.
+    refused,
+};
 
 struct CallResult {
     /// Null exactly when the call failed.
     VariantPointer reply;
-    CallFailure failure = CallFailure::other;
+    CallFailure failure = CallFailure::notSent;
 };
 
-/// Sends all calls before it waits for the first reply, and waits no longer than `limit` for the
-/// whole. Nothing else of this thread runs meanwhile: the replies come through a main context of
-/// their own. The results stand in the order of the calls. Any thread.
-std::vector<CallResult> callTogether(GDBusConnection* connection, std::vector<BusCall> calls,
-                                     std::chrono::milliseconds limit);
+/// How long a round of calls may take.
+struct RoundLimits {
+    /// Until the bus itself has answered.
+    std::chrono::milliseconds bus;
+    /// Until everybody has.
+    std::chrono::milliseconds all;
+};
 
-/// A private connection to the bus at `address`; null when it cannot be had within `limit`.
-ObjectPointer<GDBusConnection> connectToBus(const std::string& address,
-                                            std::chrono::milliseconds limit);
+struct Round {
+    /// In the order of the calls.
+    std::vector<CallResult> results;
+    /// False when the bus itself hangs.
+    bool busAnswered = false;
+};
+
+/// Sends all calls before it waits for the first reply, and keeps the limits for the whole. Nothing
+/// else of this thread runs meanwhile: the replies come through a main context of their own. Any
+/// thread.
+Round callTogether(GDBusConnection* connection, std::vector<BusCall> calls, RoundLimits limits);
+
+/// Sends a call and returns. `done` runs on this thread's main loop, unless `asker` is gone by
+/// then. The reply may take as long as it takes.
+void callInBackground(GDBusConnection* connection, const BusCall& call,
+                      std::weak_ptr<const void> asker, std::function<void(CallResult)> done);
 
 }  // namespace stagehopper::linux_port

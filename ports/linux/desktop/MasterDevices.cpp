@@ -13,6 +13,8 @@
 
 namespace stagehopper::linux_port {
 
+using platform::Outcome;
+
 namespace {
 
 // The server adds " pointer" and " keyboard".
@@ -24,26 +26,45 @@ struct DevicesFree {
     void operator()(XIDeviceInfo* devices) const { XIFreeDeviceInfo(devices); }
 };
 
+Cursor makeEmptyCursor(Display* display, Window root) {
+    const char nothing = 0;
+    XColor colour{};
+    const auto bitmap = XCreateBitmapFromData(display, root, &nothing, 1, 1);
+    const auto cursor = XCreatePixmapCursor(display, bitmap, bitmap, &colour, &colour, 0, 0);
+    XFreePixmap(display, bitmap);
+    return cursor;
+}
+
+/// Puts the pointer into the lower right corner, beside the edges, where some desktops wait for it.
+void park(Display* display, Window root, int pointer) {
+    // Xlib's own size of the screen is that of the start.
+    XWindowAttributes screen{};
+    XGetWindowAttributes(display, root, &screen);
+    constexpr int besideTheEdge = 2;
+    XIWarpPointer(display, pointer, None, root, 0, 0, 0, 0, screen.width - besideTheEdge,
+                  screen.height - besideTheEdge);
+}
+
 }  // namespace
 
-std::string obstacleToMasterDevices(X11Connection& connection) {
-    if (!connection.isOpen()) return "no X display";
+Outcome supportsMasterDevices(X11Connection& connection) {
+    if (!connection.isOpen()) return Outcome::refused("no X display");
     const XErrorTrap trap(connection);
     int opcode = 0;
     int event = 0;
     int error = 0;
     if (XQueryExtension(connection.display(), "XInputExtension", &opcode, &event, &error) == 0) {
-        return "the X server has no input extension";
+        return Outcome::refused("the X server has no input extension");
     }
     int major = 2;
     int minor = 0;
     if (XIQueryVersion(connection.display(), &major, &minor) != Success || major < 2) {
-        return "the X server has no second keyboards";
+        return Outcome::refused("the X server has no second keyboards");
     }
     if (XTestQueryExtension(connection.display(), &event, &error, &major, &minor) == 0) {
-        return "the X server has no test extension";
+        return Outcome::refused("the X server has no test extension");
     }
-    return {};
+    return Outcome::done();
 }
 
 MasterDevices findMasterDevices(X11Connection& connection) {
@@ -65,7 +86,8 @@ MasterDevices findMasterDevices(X11Connection& connection) {
     return found;
 }
 
-void makeMasterDevices(X11Connection& connection) {
+Outcome makeMasterDevices(X11Connection& connection) {
+    XErrorTrap trap(connection);
     std::string name(seatName);
     XIAnyHierarchyChangeInfo change{};
     change.add.type = XIAddMaster;
@@ -74,10 +96,12 @@ void makeMasterDevices(X11Connection& connection) {
     change.add.send_core = True;
     change.add.enable = True;
     XIChangeHierarchy(connection.display(), &change, 1);
-    XSync(connection.display(), False);
+    if (trap.allWentWell()) return Outcome::done();
+    return Outcome::refused("the X server makes no second keyboard: " + trap.reason());
 }
 
 void removeMasterDevices(X11Connection& connection, const MasterDevices& devices) {
+    XIUndefineCursor(connection.display(), devices.pointer, connection.rootWindow());
     XIAnyHierarchyChangeInfo change{};
     change.remove.type = XIRemoveMaster;
     change.remove.deviceid = devices.pointer;
@@ -85,19 +109,30 @@ void removeMasterDevices(X11Connection& connection, const MasterDevices& devices
     XIChangeHierarchy(connection.display(), &change, 1);
 }
 
-void silencePointer(X11Connection& connection, const MasterDevices& devices) {
+Outcome holdPointer(X11Connection& connection, const MasterDevices& devices) {
     auto* display = connection.display();
-    const char nothing = 0;
-    XColor colour{};
     const auto root = connection.rootWindow();
-    const auto bitmap = XCreateBitmapFromData(display, root, &nothing, 1, 1);
-    const auto cursor = XCreatePixmapCursor(display, bitmap, bitmap, &colour, &colour, 0, 0);
+    const auto cursor = makeEmptyCursor(display, root);
     std::array<unsigned char, XIMaskLen(XI_LASTEVENT)> bits{};
     XIEventMask mask{devices.pointer, static_cast<int>(bits.size()), bits.data()};
-    XIGrabDevice(display, devices.pointer, root, CurrentTime, cursor, XIGrabModeAsync,
-                 XIGrabModeAsync, False, &mask);
+    XErrorTrap trap(connection);
+    const auto status = XIGrabDevice(display, devices.pointer, root, CurrentTime, cursor,
+                                     XIGrabModeAsync, XIGrabModeAsync, False, &mask);
+    if (status == GrabSuccess) {
+        // The grab ends with us; this cursor and the place stay, and hide a pointer that we leave
+        // behind.
+        XIDefineCursor(display, devices.pointer, root, cursor);
+        park(display, root, devices.pointer);
+    }
     XFreeCursor(display, cursor);
-    XFreePixmap(display, bitmap);
+    if (!trap.allWentWell()) {
+        return Outcome::refused("the second pointer cannot be held: " + trap.reason());
+    }
+    if (status == AlreadyGrabbed) {
+        return Outcome::refused("another program has the second keyboard");
+    }
+    if (status != GrabSuccess) return Outcome::refused("the second pointer cannot be held now");
+    return Outcome::done();
 }
 
 }  // namespace stagehopper::linux_port

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <string>
+#include "platform/Outcome.h"
 
 namespace stagehopper::linux_port {
 
@@ -13,16 +13,18 @@ struct MasterDevices {
     int usersKeyboard = 0;
 
     [[nodiscard]] bool areComplete() const { return pointer != 0 && keyboard != 0; }
+    bool operator==(const MasterDevices&) const = default;
 };
 
-/// Why this server can have no second pair of master devices; empty when it can.
-std::string obstacleToMasterDevices(X11Connection& connection);
+/// Whether this server can have a second pair of master devices.
+platform::Outcome supportsMasterDevices(X11Connection& connection);
 /// Our pair, if it is there (after a crash it still is), and the user's keyboard. This and the
 /// following run inside an `XErrorTrap`. Main thread only.
 MasterDevices findMasterDevices(X11Connection& connection);
-void makeMasterDevices(X11Connection& connection);
+platform::Outcome makeMasterDevices(X11Connection& connection);
 void removeMasterDevices(X11Connection& connection, const MasterDevices& devices);
-/// Hides the cursor of our pointer, and keeps its events from everybody.
-void silencePointer(X11Connection& connection, const MasterDevices& devices);
+/// Takes our pointer for this connection alone: its events reach no program, and it has no cursor.
+/// Refused while another connection holds it.
+platform::Outcome holdPointer(X11Connection& connection, const MasterDevices& devices);
 
 }  // namespace stagehopper::linux_port

@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "ports/linux/desktop/AccessibilityBus.h"
 #include "ports/linux/desktop/MenuBarSearch.h"
@@ -60,32 +61,35 @@ std::vector<ProgramElement::BusWindow> ProgramElement::busWindows() const {
     std::vector<BusWindow> windows;
     // Our own windows would have to be described by this very thread, which waits for the answer.
     if (process_ == getpid()) return windows;
-    auto& known = bus_->acquaintance(process_);
-    auto answers = known.root.bus.empty() ? std::nullopt : ask(known);
+    auto known = bus_->knownPrograms().find(process_);
+    auto answers = known ? ask(*known) : std::nullopt;
     if (!answers) {
-        known = {};
-        const auto root = bus_->applicationOf(process_);
-        if (!root) return windows;
-        const auto objects = childrenOf(*bus_, {*root}).front();
-        if (!objects) return windows;
-        known = {*root, *objects};
-        answers = ask(known);
+        known = meet();
+        if (known) answers = ask(*known);
         if (!answers) return windows;
+        bus_->knownPrograms().remember(process_, *known);
     }
     // A program keeps closed dialogs in its tree; a minimised window still counts.
     constexpr auto there = at_spi_state::showing | at_spi_state::visible | at_spi_state::iconified;
-    for (std::size_t i = 0; i < known.windows.size(); ++i) {
+    for (std::size_t i = 0; i < known->windows.size(); ++i) {
         const auto states = at_spi_reply::states((*answers)[3 * i + 3]).value_or(0);
         if (!isWindow(at_spi_reply::role((*answers)[3 * i + 1])) || (states & there) == 0) continue;
-        windows.push_back({known.windows[i],
+        windows.push_back({known->windows[i],
                            at_spi_reply::name((*answers)[3 * i + 2]).value_or(std::string{}),
                            (states & at_spi_state::active) != 0});
     }
     return windows;
 }
 
-std::optional<std::vector<CallResult>> ProgramElement::ask(
-    const AccessibilityBus::Acquaintance& known) const {
+std::optional<KnownProgram> ProgramElement::meet() const {
+    auto root = bus_->applicationOf(process_);
+    if (!root) return std::nullopt;
+    auto windows = childrenOf(*bus_, {*root}).front();
+    if (!windows) return std::nullopt;
+    return KnownProgram{std::move(*root), std::move(*windows)};
+}
+
+std::optional<std::vector<CallResult>> ProgramElement::ask(const KnownProgram& known) const {
     std::vector<BusCall> calls;
     calls.push_back(at_spi_call::children(known.root));
     for (const auto& object : known.windows) {

@@ -35,8 +35,9 @@ private:
     [[nodiscard]] std::vector<BusWindow> busWindows() const;
     /// Role, name and states of each of its windows, behind the list of its windows itself; absent
     /// when that list is not what it was.
-    [[nodiscard]] std::optional<std::vector<CallResult>> ask(
-        const AccessibilityBus::Acquaintance& known) const;
+    [[nodiscard]] std::optional<std::vector<CallResult>> ask(const KnownProgram& known) const;
+    /// Looks for the program on the bus.
+    [[nodiscard]] std::optional<KnownProgram> meet() const;
     [[nodiscard]] platform::AttributeList windows() const;
     [[nodiscard]] platform::UIElementRef focusedWindow() const;
     [[nodiscard]] platform::UIElementRef menuBar() const;

@@ -18,6 +18,9 @@ using platform::Outcome;
 
 namespace {
 
+/// By then a program has worked off the key that it got, or is taken for hung.
+constexpr std::chrono::seconds workingOff{10};
+
 constexpr std::array<KeySym, 4> ourKeys{XK_Next, XK_Prior, XK_Right, XK_Left};
 
 struct XFreer {
@@ -45,45 +48,51 @@ private:
     X11Connection& connection_;
 };
 
-SecondSeat::SecondSeat() : obstacle_(obstacleToMasterDevices(connection_)) {
-    ensureDevices();
+SecondSeat::SecondSeat() : support_(supportsMasterDevices(connection_)) {
+    // What stands in the way now is reported with each key.
+    static_cast<void>(ensureDevices());
 }
 
 SecondSeat::~SecondSeat() {
-    if (!connection_.isOpen() || devices_.pointer == 0) return;
+    if (!connection_.isOpen() || !isHeld_) return;
     const XErrorTrap trap(connection_);
-    removeMasterDevices(connection_, devices_);
+    dropFocus();
+    if (mayBeRemoved()) removeMasterDevices(connection_, devices_);
+}
+
+bool SecondSeat::mayBeRemoved() {
+    const bool isAtRest = !lastUse_ || std::chrono::steady_clock::now() - *lastUse_ > workingOff;
+    return isOwn_ && isAtRest && devicesStand();
 }
 
 Outcome SecondSeat::press(WindowId window, unsigned long keySymbol, FocusCare care) {
-    if (!ensureDevices()) return Outcome::refused(obstacle_);
+    if (auto ready = ensureDevices(); !ready) return ready;
+    lastUse_ = std::chrono::steady_clock::now();
     XErrorTrap trap(connection_);
     const auto code = keyCode(keySymbol);
     if (code == 0) return Outcome::refused("the keyboard has no such key");
-    {
-        const ServerGrab grab(connection_);
-        // Where our focus stayed beside the user's and the user's then left, the program believes
-        // that it has none and drops keys; arriving anew tells it better.
-        if (care == FocusCare::leave && !usersFocusIsIn(window)) dropFocus();
-        if (placeFocus(window)) {
-            XTestFakeKeyEvent(connection_.display(), code, True, CurrentTime);
-        }
-        if (care == FocusCare::giveBack) {
-            dropFocus();
-            tellUsersFocus();
-        }
-        if (trap.allWentWell()) return Outcome::done();
+    const ServerGrab grab(connection_);
+    // Where our focus stayed beside the user's and the user's then left, the program believes
+    // that it has none and drops keys; arriving anew tells it better.
+    if (care == FocusCare::leave && !usersFocusIsIn(window)) dropFocus();
+    auto placed = placeFocus(window);
+    if (placed) XTestFakeKeyEvent(connection_.display(), code, True, CurrentTime);
+    if (care == FocusCare::giveBack) {
+        dropFocus();
+        tellUsersFocus();
     }
+    if (!placed || trap.allWentWell()) return placed;
     return Outcome::refused("the window does not take the key: " + trap.reason());
 }
 
 Outcome SecondSeat::release(WindowId window, unsigned long keySymbol, FocusCare care) {
-    if (!ensureDevices()) return Outcome::refused(obstacle_);
+    if (auto ready = ensureDevices(); !ready) return ready;
+    lastUse_ = std::chrono::steady_clock::now();
     XErrorTrap trap(connection_);
     const auto code = keyCode(keySymbol);
     const ServerGrab grab(connection_);
-    const bool there = placeFocus(window);
-    if (!there) dropFocus();
+    const auto placed = placeFocus(window);
+    if (!placed) dropFocus();
     XTestFakeKeyEvent(connection_.display(), code, False, CurrentTime);
     if (care == FocusCare::giveBack) {
         dropFocus();
@@ -93,39 +102,44 @@ Outcome SecondSeat::release(WindowId window, unsigned long keySymbol, FocusCare 
         // would believe that the user's has gone.
         dropFocus();
     }
-    if (there && trap.allWentWell()) return Outcome::done();
+    if (placed && trap.allWentWell()) return Outcome::done();
     return Outcome::refused("the window that took the key press is gone");
 }
 
-bool SecondSeat::ensureDevices() {
-    if (!connection_.isOpen()) {
-        if (obstacle_.empty()) obstacle_ = "the connection to the X server is lost";
-        return false;
-    }
-    if (!obstacle_.empty()) return false;
-    if (devices_.areComplete() && devicesAnswer()) return true;
-    const XErrorTrap trap(connection_);
-    devices_ = findMasterDevices(connection_);
-    if (!devices_.areComplete()) {
-        makeMasterDevices(connection_);
-        devices_ = findMasterDevices(connection_);
-    }
-    if (!devices_.areComplete()) return false;
-    settle();
-    return true;
+Outcome SecondSeat::ensureDevices() {
+    if (!support_) return support_;
+    if (!connection_.isOpen()) return Outcome::refused("the connection to the X server is lost");
+    if (isHeld_ && devicesStand()) return Outcome::done();
+    return takeDevices();
 }
 
-bool SecondSeat::devicesAnswer() {
-    XErrorTrap trap(connection_);
-    static_cast<void>(focusOf(devices_.keyboard));
-    return trap.allWentWell();
+Outcome SecondSeat::takeDevices() {
+    const XErrorTrap trap(connection_);
+    // No program sees the pair while it stands without our hold.
+    const ServerGrab grab(connection_);
+    isHeld_ = false;
+    devices_ = findMasterDevices(connection_);
+    isOwn_ = !devices_.areComplete();
+    if (isOwn_) {
+        if (auto made = makeMasterDevices(connection_); !made) return made;
+        devices_ = findMasterDevices(connection_);
+    }
+    if (auto held = holdPointer(connection_, devices_); !held) return held;
+    isHeld_ = true;
+    settle();
+    return Outcome::done();
+}
+
+bool SecondSeat::devicesStand() {
+    const XErrorTrap trap(connection_);
+    // By name: a number of ours may be another's when ours were removed by hand.
+    return findMasterDevices(connection_) == devices_;
 }
 
 void SecondSeat::settle() {
     auto* display = connection_.display();
     // From here on, key events that this connection makes are our own keyboard's.
     XISetClientPointer(display, None, devices_.pointer);
-    silencePointer(connection_, devices_);
     // A crashed predecessor may have left a key down; in no window, nobody sees it come up.
     dropFocus();
     for (const auto key : ourKeys) {
@@ -134,11 +148,15 @@ void SecondSeat::settle() {
     XSync(display, False);
 }
 
-bool SecondSeat::placeFocus(WindowId window) {
+Outcome SecondSeat::placeFocus(WindowId window) {
     XErrorTrap trap(connection_);
     XISetFocus(connection_.display(), devices_.keyboard, window, CurrentTime);
     const bool there = focusOf(devices_.keyboard) == window;
-    return trap.allWentWell() && there;
+    if (!trap.allWentWell()) {
+        return Outcome::refused("the window does not take the key: " + trap.reason());
+    }
+    if (!there) return Outcome::refused("the window does not take the focus of our keyboard");
+    return Outcome::done();
 }
 
 void SecondSeat::dropFocus() {

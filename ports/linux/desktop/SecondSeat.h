@@ -1,6 +1,7 @@
 #pragma once
 
-#include <string>
+#include <chrono>
+#include <optional>
 #include <vector>
 
 #include "platform/Outcome.h"
@@ -13,8 +14,10 @@ namespace stagehopper::linux_port {
 /// A keyboard and a pointer of our own beside the user's, on a connection of their own. The pointer
 /// comes with the keyboard; it is held still and invisible. Main thread only.
 ///
-/// The devices outlive a program that crashed: they are found again by their name. They are removed
-/// with this object.
+/// The devices outlive a program that crashed; they are found again by their name. Those that this
+/// object made are removed with it. Those that it found stay: mutter crashes when a pair that it
+/// has seen without our hold is removed and another one is made. So do those that just sent a key:
+/// GTK ends a program that finds the device of an event gone.
 class SecondSeat {
 public:
     SecondSeat();
@@ -31,10 +34,12 @@ public:
 private:
     class ServerGrab;
 
-    bool ensureDevices();
+    platform::Outcome ensureDevices();
+    platform::Outcome takeDevices();
     void settle();
-    bool devicesAnswer();
-    bool placeFocus(WindowId window);
+    bool devicesStand();
+    [[nodiscard]] bool mayBeRemoved();
+    platform::Outcome placeFocus(WindowId window);
     void dropFocus();
     [[nodiscard]] WindowId focusOf(int keyboard);
     void tellUsersFocus();
@@ -45,9 +50,11 @@ private:
     [[nodiscard]] unsigned keyCode(unsigned long keySymbol);
 
     X11Connection connection_;
-    /// Why there can be no devices; empty when there can.
-    std::string obstacle_;
+    platform::Outcome support_;
     MasterDevices devices_;
+    bool isHeld_ = false;
+    bool isOwn_ = false;
+    std::optional<std::chrono::steady_clock::time_point> lastUse_;
 };
 
 }  // namespace stagehopper::linux_port

@@ -1,0 +1,137 @@
+// Who owns the second keyboard, and what is said when there is none.
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <csignal>
+
+#include "tests/desktop/MasterPairs.h"
+#include "tests/desktop/SeatProcess.h"
+#include "tools/program/DrivenProgram.h"
+
+namespace stagehopper::desktop {
+namespace {
+
+constexpr std::chrono::seconds limit{20};
+constexpr const char* sent = "sent";
+
+DesktopOptions withOpenbox() {
+    DesktopOptions options;
+    options.windowManager = {"openbox", "--sm-disable"};
+    return options;
+}
+
+class SecondSeat : public testing::Test {
+protected:
+    SecondSeat() : typing_(desktop_.start({programFolder() / "stagehopper_typing_window"})) {
+        window_ = desktop_.windows().waitForTitle("Typing window", limit);
+        desktop_.windows().activate(window_);
+    }
+
+    [[nodiscard]] std::vector<int> pointers() const { return morePointers(desktop_.display()); }
+
+    VirtualDesktop desktop_{withOpenbox()};
+    std::unique_ptr<ChildProgram> typing_;
+    Window window_ = None;
+};
+
+TEST_F(SecondSeat, IsGoneAfterANormalEnd) {
+    SeatProcess process(desktop_);
+    EXPECT_EQ(pointers().size(), 1U);
+    EXPECT_EQ(process.quit(), 0);
+    EXPECT_TRUE(pointers().empty());
+}
+
+// GTK asks for the pointer that belongs to the keyboard of a key, and ends its program with an X
+// error when it is gone by then.
+TEST_F(SecondSeat, StaysForTheSakeOfAProgramThatStillHasAKeyToWorkOff) {
+    for (std::size_t life = 1; life <= 10; ++life) {
+        SeatProcess process(desktop_);
+        typing_->signal(SIGSTOP);
+        EXPECT_EQ(process.sendKey(typing_->pid()), sent);
+        EXPECT_EQ(process.quit(), 0);
+        typing_->signal(SIGCONT);
+        ASSERT_TRUE(waitFor(
+            [&] { return typing_->output().count("key Right") == life || !typing_->isRunning(); },
+            limit));
+        ASSERT_TRUE(typing_->isRunning()) << typing_->output().text();
+    }
+    EXPECT_EQ(pointers().size(), 1U);
+}
+
+TEST_F(SecondSeat, OfAKilledProgramIsTakenOverAndStaysFromThenOn) {
+    SeatProcess killed(desktop_);
+    const auto leftOver = pointers();
+    ASSERT_EQ(leftOver.size(), 1U);
+    EXPECT_EQ(killed.signal(SIGKILL), 128 + SIGKILL);
+    EXPECT_EQ(pointers(), leftOver);
+    for (int life = 0; life < 2; ++life) {
+        SeatProcess next(desktop_);
+        EXPECT_EQ(pointers(), leftOver);
+        EXPECT_EQ(next.sendKey(typing_->pid()), sent);
+        EXPECT_EQ(next.quit(), 0);
+        EXPECT_EQ(pointers(), leftOver);
+    }
+}
+
+TEST_F(SecondSeat, OfALivingProgramIsNotShared) {
+    SeatProcess first(desktop_);
+    const auto its = pointers();
+    SeatProcess second(desktop_);
+    EXPECT_EQ(pointers(), its);
+    EXPECT_EQ(second.sendKey(typing_->pid()), "refused another program has the second keyboard");
+    EXPECT_EQ(first.sendKey(typing_->pid()), sent);
+
+    // It comes free: the second one has it as soon as it needs it.
+    EXPECT_EQ(first.quit(), 0);
+    EXPECT_EQ(second.sendKey(typing_->pid()), sent);
+    EXPECT_EQ(pointers().size(), 1U);
+}
+
+TEST_F(SecondSeat, IsLeftToItsOwnerByAProgramThatCouldNotHaveIt) {
+    SeatProcess first(desktop_);
+    SeatProcess second(desktop_);
+    EXPECT_EQ(second.quit(), 0);
+    EXPECT_EQ(pointers().size(), 1U);
+    EXPECT_EQ(first.sendKey(typing_->pid()), sent);
+}
+
+TEST_F(SecondSeat, ThatTheServerCannotMakeIsRefusedInWordsUntilItCan) {
+    ASSERT_GT(exhaustMasterDevices(desktop_.display()), 0);
+    SeatProcess process(desktop_);
+    const auto answer = process.sendKey(typing_->pid());
+    EXPECT_TRUE(answer.starts_with("refused the X server makes no second keyboard: Bad")) << answer;
+    EXPECT_EQ(typing_->output().count("key "), 0U);
+
+    removePointer(desktop_.display(), pointers().back());
+    EXPECT_EQ(process.sendKey(typing_->pid()), sent);
+    EXPECT_TRUE(typing_->output().waitForLine("key Right", limit));
+}
+
+TEST_F(SecondSeat, ThatIsRemovedByHandIsMadeAgainForTheNextKey) {
+    SeatProcess process(desktop_);
+    ASSERT_EQ(pointers().size(), 1U);
+    removePointer(desktop_.display(), pointers().front());
+    EXPECT_EQ(process.sendKey(typing_->pid()), sent);
+    EXPECT_TRUE(typing_->output().waitForLine("key Right", limit));
+}
+
+// Of a minimised window the server takes the focus away, and with it where a key would go.
+TEST_F(SecondSeat, SendsNothingToAMinimisedWindowAndSaysWhy) {
+    SeatProcess process(desktop_);
+    auto* display = desktop_.display().get();
+    XIconifyWindow(display, window_, DefaultScreen(display));
+    ASSERT_TRUE(waitFor(
+        [&] {
+            XWindowAttributes attributes{};
+            XGetWindowAttributes(display, window_, &attributes);
+            return attributes.map_state != IsViewable;
+        },
+        limit));
+    const auto answer = process.sendKey(typing_->pid());
+    EXPECT_TRUE(answer.starts_with("refused the window does not take the key: Bad")) << answer;
+    EXPECT_EQ(typing_->output().count("key "), 0U);
+}
+
+}  // namespace
+}  // namespace stagehopper::desktop

@@ -1,0 +1,147 @@
+// What a press returns, by what the program and the bus do with it.
+
+#include <gmock/gmock.h>
+
+#include <csignal>
+#include <thread>
+
+#include "ports/linux/desktop/AtSpiAccessibility.h"
+#include "ports/linux/desktop/X11Desktop.h"
+#include "tests/linux/bus/AccessibilitySession.h"
+
+namespace stagehopper::linux_port {
+namespace {
+
+using namespace std::chrono_literals;
+using platform::AccessibilityAttribute;
+using platform::AccessibilityError;
+using platform::UIElementRef;
+
+UIElementRef elementOf(const platform::AttributeValue& value) {
+    return std::get<UIElementRef>(value.value);
+}
+
+class Press : public testing::Test {
+protected:
+    /// The item "To Next Slide" of a program that does this with a press.
+    UIElementRef itemOfProgramThat(const std::string& mannerOfPress) {
+        session.startService();
+        program_ = &session.startProgram(mannerOfPress);
+        EXPECT_TRUE(
+            AccessibilitySession::runUntil([this] { return accessibility_.isProcessTrusted(); }));
+        auto element = elementOf(*accessibility_.applicationElement(program_->pid())
+                                      ->attributeValue(AccessibilityAttribute::menuBar));
+        for (int level = 0; level < 2; ++level) {
+            const auto children = element->attributeValue(AccessibilityAttribute::children);
+            element = elementOf(std::get<platform::AttributeList>(children->value).at(0));
+        }
+        return element;
+    }
+    [[nodiscard]] bool programWasPressed() const {
+        return program_->output().waitForLine("pressed", 5s).has_value();
+    }
+    [[nodiscard]] desktop::ChildProgram& program() { return *program_; }
+
+    AccessibilitySession session;
+
+private:
+    X11Desktop desktop_;
+    AtSpiAccessibility accessibility_{desktop_};
+    desktop::ChildProgram* program_ = nullptr;
+};
+
+TEST_F(Press, ThatIsDoneSucceeds) {
+    EXPECT_EQ(itemOfProgramThat("done")->press(), AccessibilityError::success);
+    EXPECT_TRUE(programWasPressed());
+}
+
+TEST_F(Press, ThatTheProgramDeclinesFails) {
+    EXPECT_EQ(itemOfProgramThat("not done")->press(), AccessibilityError::cannotComplete);
+}
+
+TEST_F(Press, ThatTheProgramAnswersWithAnErrorFails) {
+    EXPECT_EQ(itemOfProgramThat("fails")->press(), AccessibilityError::cannotComplete);
+}
+
+TEST_F(Press, OfAnItemThatIsGoneFails) {
+    EXPECT_EQ(itemOfProgramThat("no such object")->press(), AccessibilityError::invalidElement);
+}
+
+TEST_F(Press, OfAnItemWithoutAnActionFails) {
+    EXPECT_EQ(itemOfProgramThat("no such method")->press(), AccessibilityError::actionUnsupported);
+}
+
+TEST_F(Press, WithoutAnAnswerCountsAsPressed) {
+    EXPECT_EQ(itemOfProgramThat("silent")->press(), AccessibilityError::success);
+    EXPECT_TRUE(programWasPressed());
+}
+
+TEST_F(Press, OfAProgramThatStandsStillCountsAsPressedAndIsCarriedOutLater) {
+    const auto item = itemOfProgramThat("done");
+    program().signal(SIGSTOP);
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(item->press(), AccessibilityError::success);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 1s) << "the main thread goes on";
+    EXPECT_EQ(program().output().count("pressed"), 0U);
+    program().signal(SIGCONT);
+    EXPECT_TRUE(programWasPressed());
+}
+
+TEST_F(Press, WithAnAnswerOfAnotherTypeCountsAsPressed) {
+    EXPECT_EQ(itemOfProgramThat("other type")->press(), AccessibilityError::success);
+}
+
+TEST_F(Press, OfAProgramThatLeavesTheBusWithoutAnAnswerCountsAsPressed) {
+    EXPECT_EQ(itemOfProgramThat("leaves")->press(), AccessibilityError::success);
+    EXPECT_TRUE(programWasPressed());
+}
+
+TEST_F(Press, OfAProgramThatHasLeftTheBusFails) {
+    const auto item = itemOfProgramThat("done");
+    program().signal(SIGKILL);
+    ASSERT_TRUE(program().waitForExit(5s));
+    EXPECT_EQ(item->press(), AccessibilityError::invalidElement);
+}
+
+TEST_F(Press, OfAProgramThatIsLeftAloneIsNotSentAndFails) {
+    const auto item = itemOfProgramThat("done");
+    program().signal(SIGSTOP);
+    EXPECT_FALSE(item->attributeValue(AccessibilityAttribute::enabled)) << "it does not answer";
+    EXPECT_EQ(item->press(), AccessibilityError::cannotComplete);
+    program().signal(SIGCONT);
+    // It answers again, and no press has waited for it.
+    EXPECT_TRUE(AccessibilitySession::runUntil(
+        [&] { return item->attributeValue(AccessibilityAttribute::enabled).has_value(); }));
+    EXPECT_EQ(program().output().count("pressed"), 0U);
+}
+
+TEST_F(Press, OnABusThatDiesBeforeTheAnswerCountsAsPressed) {
+    const auto item = itemOfProgramThat("silent");
+    std::thread death([this] {
+        EXPECT_TRUE(programWasPressed());
+        session.accessibilityBus.die();
+    });
+    EXPECT_EQ(item->press(), AccessibilityError::success);
+    death.join();
+}
+
+TEST_F(Press, OnABusThatHangsCountsAsPressedSoonAndIsCarriedOutLater) {
+    const auto item = itemOfProgramThat("done");
+    session.accessibilityBus.hang();
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(item->press(), AccessibilityError::success);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 250ms);
+    session.accessibilityBus.goOn();
+    EXPECT_TRUE(programWasPressed());
+}
+
+TEST_F(Press, OnABusThatIsGoneIsNotSentAndFails) {
+    const auto item = itemOfProgramThat("done");
+    session.accessibilityBus.die();
+    EXPECT_TRUE(AccessibilitySession::runUntil(
+        [&] { return item->press() == AccessibilityError::cannotComplete; }));
+    EXPECT_EQ(program().output().count("pressed"), 0U);
+}
+
+}  // namespace
+}  // namespace stagehopper::linux_port

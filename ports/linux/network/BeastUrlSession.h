@@ -9,12 +9,10 @@ namespace stagehopper::linux_port {
 
 class NetworkThread;
 
-/// HTTP and WebSocket over Boost.Beast. Plain text only: it is for programs in the same house, and
-/// an encrypted address ends in an error that says so.
+/// HTTP and WebSocket over Boost.Beast, encrypted or not.
 ///
-/// Any thread. One thread of its own, started at first use, does all the work and runs all
-/// completions; it sleeps in the kernel while nothing happens. An exception from a completion ends
-/// the program.
+/// Any thread. One thread of its own does all the work and runs all completions; it sleeps in the
+/// kernel while nothing happens. An exception from a completion ends the program.
 class BeastUrlSession final : public platform::UrlSession {
 public:
     BeastUrlSession();

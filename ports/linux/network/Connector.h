@@ -1,6 +1,5 @@
 #pragma once
 
-#include <boost/asio/ip/tcp.hpp>
 #include <boost/system/error_code.hpp>
 #include <functional>
 #include <memory>
@@ -9,20 +8,21 @@
 #include "ports/linux/network/HostLookup.h"
 #include "ports/linux/network/NetworkThread.h"
 #include "ports/linux/network/UrlParts.h"
+#include "ports/linux/network/WireStream.h"
 
 namespace stagehopper::linux_port {
 
-/// Connects a socket to the first address of a host that accepts. Network thread only.
+/// Connects a stream to the first address of a host that accepts, and encrypts it if its URL wants
+/// that. Network thread only.
 class Connector : public std::enable_shared_from_this<Connector> {
 public:
-    using Socket = boost::asio::ip::tcp::socket;
     /// Without words when it is connected, else with the reason.
-    using Done = std::function<void(const std::string& problem)>;
+    using Done = WireStream::Done;
 
-    /// The thread and the socket outlive it: whatever `done` holds sees to that.
-    Connector(NetworkThread& thread, Socket& socket) : thread_(thread), socket_(socket) {}
+    /// The thread and the stream outlive it: whatever `done` holds sees to that.
+    Connector(NetworkThread& thread, WireStream& stream) : thread_(thread), stream_(stream) {}
 
-    void start(const UrlParts& url, Done done);
+    void start(UrlParts url, Done done);
     /// `done` is not called any more.
     void cancel();
 
@@ -30,9 +30,11 @@ private:
     // `done` travels with what is under way and is held by nothing else: its owner may own us.
     void tryNext(const std::string& lastProblem, Done done);
     boost::system::error_code open(const SocketAddress& address);
+    void connected(Done done);
 
     NetworkThread& thread_;
-    Socket& socket_;
+    WireStream& stream_;
+    UrlParts url_;
     HostLookup host_;
     std::size_t next_ = 0;
     bool cancelled_ = false;

@@ -26,17 +26,17 @@ public:
         : thread_(thread),
           url_(std::move(url)),
           completion_(std::move(completion)),
-          socket_(thread.context()),
+          stream_(thread.context()),
           limit_(thread.context()),
-          connector_(std::make_shared<Connector>(thread, socket_)) {}
+          connector_(std::make_shared<Connector>(thread, stream_)) {}
 
     void start(std::chrono::milliseconds limit) {
         limit_.expires_after(limit);
         limit_.async_wait([self = shared_from_this()](error_code cancelled) {
-            if (!cancelled) self->finish(platform::UrlError{"The request timed out"});
+            if (!cancelled) self->fail("The request timed out");
         });
         connector_->start(url_, [self = shared_from_this()](const std::string& problem) {
-            if (!problem.empty()) return self->finish(platform::UrlError{problem});
+            if (!problem.empty()) return self->fail(problem);
             self->send();
         });
     }
@@ -48,9 +48,9 @@ private:
         request_.set(http::field::user_agent, "Stagehopper");
         request_.set(http::field::accept, "*/*");
         request_.set(http::field::connection, "close");
-        http::async_write(socket_, request_,
+        http::async_write(stream_, request_,
                           [self = shared_from_this()](error_code error, std::size_t) {
-                              if (error) return self->fail(error);
+                              if (error) return self->fail(error.message());
                               self->receive();
                           });
     }
@@ -59,15 +59,23 @@ private:
         parser_.body_limit(bodyLimit);
         parser_.header_limit(headerLimit);
         http::async_read(
-            socket_, buffer_, parser_, [self = shared_from_this()](error_code error, std::size_t) {
-                if (error) return self->fail(error);
+            stream_, buffer_, parser_, [self = shared_from_this()](error_code error, std::size_t) {
+                if (error) return self->fail(error.message());
                 auto response = self->parser_.release();
-                self->finish(platform::HttpResponse{static_cast<int>(response.result_int()),
-                                                    std::move(response.body())});
+                self->finish(
+                    {.response = platform::HttpResponse{static_cast<int>(response.result_int()),
+                                                        std::move(response.body())},
+                     .error = {}});
             });
     }
 
-    void fail(error_code error) { finish(platform::UrlError{error.message()}); }
+    void fail(const std::string& words) {
+        platform::DataResult result{.response = {}, .error = platform::UrlError{words}};
+        if (parser_.is_header_done()) {
+            result.response.emplace().statusCode = static_cast<int>(parser_.get().result_int());
+        }
+        finish(std::move(result));
+    }
 
     void finish(platform::DataResult result) {
         const auto completion = std::exchange(completion_, nullptr);
@@ -75,8 +83,7 @@ private:
         if (!completion) return;
         limit_.cancel();
         connector_->cancel();
-        error_code ignored;
-        socket_.close(ignored);
+        stream_.close();
         thread_.postCompletion(
             [completion, result = std::move(result)]() mutable { completion(std::move(result)); });
     }
@@ -84,7 +91,7 @@ private:
     NetworkThread& thread_;
     UrlParts url_;
     std::function<void(platform::DataResult)> completion_;
-    Connector::Socket socket_;
+    WireStream stream_;
     asio::steady_timer limit_;
     std::shared_ptr<Connector> connector_;
     http::request<http::empty_body> request_;
@@ -98,12 +105,12 @@ void startDataTask(NetworkThread& thread, const std::string& url, std::chrono::m
                    std::function<void(platform::DataResult)> completion) {
     auto fail = [&](std::string words) {
         thread.postCompletion([completion = std::move(completion), words = std::move(words)] {
-            completion(platform::UrlError{words});
+            completion({.response = {}, .error = platform::UrlError{words}});
         });
     };
     auto parts = splitUrl(url);
     if (!parts) return fail("This is not an address: " + url);
-    if (parts->scheme != "http")
+    if (parts->scheme != "http" && parts->scheme != "https")
         return fail("Connections by " + parts->scheme + " are not supported");
     std::make_shared<DataTask>(thread, std::move(*parts), std::move(completion))->start(limit);
 }

@@ -8,6 +8,8 @@
 #include <system_error>
 #include <utility>
 
+#include "ports/linux/network/TlsContext.h"
+
 namespace stagehopper::linux_port {
 namespace {
 
@@ -30,17 +32,16 @@ private:
 }  // namespace
 
 // One thread runs it: the hint saves locks that nobody would contend for.
-NetworkThread::NetworkThread() : context_(std::make_unique<boost::asio::io_context>(1)) {}
+NetworkThread::NetworkThread() : context_(std::make_unique<boost::asio::io_context>(1)) {
+    const SignalsBlocked blocked;
+    thread_ = std::thread([this] { run(); });
+}
 
 NetworkThread::~NetworkThread() = default;
 
 void NetworkThread::post(Job job) {
     const std::scoped_lock lock(mutex_);
     if (ended_) return;
-    if (!thread_.joinable()) {
-        const SignalsBlocked blocked;
-        thread_ = std::thread([this] { run(); });
-    }
     boost::asio::post(*context_, std::move(job));
 }
 
@@ -60,22 +61,23 @@ void NetworkThread::end() {
     ending_ = true;
     std::unique_lock lock(mutex_);
     if (std::exchange(ended_, true)) return;
-    if (thread_.joinable()) {
-        // Behind the jobs that are queued: a connection that was closed a moment ago still says so
-        // to its peer.
-        boost::asio::post(*context_, [this] {
-            for (const auto& connection : kept_) connection->leave();
-            context_->stop();
-        });
-        lock.unlock();
-        thread_.join();
-    } else {
-        lock.unlock();
-    }
+    // Behind the jobs that are queued: a connection that was closed a moment ago still says so to
+    // its peer.
+    boost::asio::post(*context_, [this] {
+        for (const auto& connection : kept_) connection->leave();
+        context_->stop();
+    });
+    lock.unlock();
+    thread_.join();
     // Sockets and timers go before their context does.
     kept_.clear();
     lookups_.clear();
     context_.reset();
+}
+
+boost::asio::ssl::context& NetworkThread::tlsContext() {
+    if (!tlsContext_) tlsContext_.emplace(makeTlsContext());
+    return *tlsContext_;
 }
 
 void NetworkThread::keep(std::shared_ptr<Connection> connection) {

@@ -2,11 +2,13 @@
 
 #include <atomic>
 #include <boost/asio/io_context.hpp>
+#include <boost/asio/ssl/context.hpp>
 #include <cstdint>
 #include <functional>
 #include <map>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <set>
 #include <string>
 #include <thread>
@@ -23,14 +25,15 @@ public:
     virtual void leave() = 0;
 };
 
-/// The thread that does all network work and runs all completions, and what lives on it. It starts
-/// with the first job. Jobs, and whatever they own, die on it or with it.
+/// The thread that does all network work and runs all completions, and what lives on it. Jobs, and
+/// whatever they own, die on it or with it.
 ///
 /// Any thread, unless a function says otherwise.
 class NetworkThread : public std::enable_shared_from_this<NetworkThread> {
 public:
     using Job = std::function<void()>;
 
+    /// Starts the thread, so that no job can fail for the lack of one.
     NetworkThread();
     /// `end` must have been called.
     ~NetworkThread();
@@ -47,6 +50,8 @@ public:
     // --- On the thread only -----------------------------------------------------------------
 
     boost::asio::io_context& context() { return *context_; }
+    /// For all encrypted connections. Made at first use: it reads the certificates to trust.
+    boost::asio::ssl::context& tlsContext();
     void keep(std::shared_ptr<Connection> connection);
     void release(const std::shared_ptr<Connection>& connection);
     /// Looks up a name, or reads a number, without blocking the thread: a name server may take
@@ -59,6 +64,7 @@ private:
     void answer(std::uint64_t id, HostLookup found);
 
     std::unique_ptr<boost::asio::io_context> context_;
+    std::optional<boost::asio::ssl::context> tlsContext_;
     std::set<std::shared_ptr<Connection>> kept_;
     std::map<std::uint64_t, std::function<void(HostLookup)>> lookups_;
     std::uint64_t lastLookup_ = 0;
@@ -67,6 +73,7 @@ private:
     std::mutex mutex_;
     /// Guarded by the mutex.
     bool ended_ = false;
+    /// Last: it uses all of the above.
     std::thread thread_;
 };
 

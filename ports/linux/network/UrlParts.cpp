@@ -39,6 +39,10 @@ bool splitAuthority(std::string_view authority, UrlParts& parts) {
         const auto close = authority.find(']');
         if (close == std::string_view::npos) return false;
         parts.host = authority.substr(1, close - 1);
+        // In a URL the sign before a zone is escaped; the system wants it plain.
+        if (const auto zone = parts.host.find("%25"); zone != std::string::npos) {
+            parts.host.erase(zone + 1, 2);
+        }
         rest = authority.substr(close + 1);
         if (!rest.empty() && rest.front() != ':') return false;
     } else {
@@ -56,7 +60,8 @@ bool splitAuthority(std::string_view authority, UrlParts& parts) {
 
 std::string UrlParts::authority() const {
     const bool number = host.find(':') != std::string::npos;
-    std::string result = number ? "[" + host + "]" : host;
+    // A zone means something on this machine only.
+    std::string result = number ? "[" + host.substr(0, host.find('%')) + "]" : host;
     if (port != usualPort(scheme)) result += ":" + port;
     return result;
 }

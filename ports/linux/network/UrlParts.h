@@ -17,6 +17,8 @@ struct UrlParts {
     /// Path and query as they were written, without the fragment; "/" if there are none.
     std::string target;
 
+    /// By https or wss.
+    [[nodiscard]] bool isEncrypted() const { return scheme == "https" || scheme == "wss"; }
     /// For the Host header: brackets around IPv6, the port unless it is the scheme's own.
     [[nodiscard]] std::string authority() const;
 };

@@ -31,7 +31,7 @@ void WebSocketConnection::resume() {
     if (phase_ != Phase::idle) return;
     const auto parts = splitUrl(url_);
     if (!parts) return endWith("This is not an address: " + url_);
-    if (parts->scheme != "ws") {
+    if (parts->scheme != "ws" && parts->scheme != "wss") {
         return endWith("Connections by " + parts->scheme + " are not supported");
     }
     phase_ = Phase::connecting;
@@ -193,8 +193,7 @@ void WebSocketConnection::closeSocket() {
     if (!wire_) return;
     wire_->timer.cancel();
     wire_->connector->cancel();
-    error_code ignored;
-    wire_->stream.next_layer().close(ignored);
+    wire_->stream.next_layer().close();
 }
 
 void WebSocketConnection::deliver(Receiver completion, platform::ReceiveResult result) {

@@ -15,8 +15,8 @@
 #include "ports/linux/network/Connector.h"
 #include "ports/linux/network/NetworkThread.h"
 #include "ports/linux/network/PingLedger.h"
-#include "ports/linux/network/TeardownSocket.h"
 #include "ports/linux/network/UrlTimeLimits.h"
+#include "ports/linux/network/WireStream.h"
 
 namespace stagehopper::linux_port {
 
@@ -40,7 +40,7 @@ public:
 
 private:
     enum class Phase { idle, connecting, open, over };
-    using Stream = boost::beast::websocket::stream<TeardownSocket>;
+    using Stream = boost::beast::websocket::stream<WireStream>;
     /// Exists from `resume` on.
     struct Wire {
         explicit Wire(NetworkThread& thread);

@@ -3,10 +3,12 @@
 #include <glib.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
+#include <pthread.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
 #include <array>
+#include <csignal>
 #include <cstdint>
 #include <stdexcept>
 #include <utility>
@@ -102,9 +104,35 @@ void OwnedSocket::close() {
     if (number_ >= 0) ::close(std::exchange(number_, -1));
 }
 
+bool Peer::encrypt(SSL_CTX& context) {
+    // Unlike `send`, the library has no way to leave the signal out when the client has gone.
+    sigset_t brokenPipe;
+    ::sigemptyset(&brokenPipe);
+    ::sigaddset(&brokenPipe, SIGPIPE);
+    ::pthread_sigmask(SIG_BLOCK, &brokenPipe, nullptr);
+    ssl_.reset(SSL_new(&context));
+    SSL_set_fd(ssl_.get(), socket_.number());
+    return SSL_accept(ssl_.get()) == 1;
+}
+
+std::string Peer::serverName() const {
+    const char* name = SSL_get_servername(ssl_.get(), TLSEXT_NAMETYPE_host_name);
+    return name == nullptr ? "" : name;
+}
+
+void Peer::sayGoodbye() {
+    SSL_shutdown(ssl_.get());
+}
+
+bool Peer::heardGoodbye() const {
+    return (SSL_get_shutdown(ssl_.get()) & SSL_RECEIVED_SHUTDOWN) != 0;
+}
+
 bool Peer::fill() {
     std::array<char, 16384> piece{};
-    const auto count = ::recv(socket_.number(), piece.data(), piece.size(), 0);
+    const auto count =
+        ssl_ ? SSL_read(ssl_.get(), piece.data(), static_cast<int>(piece.size()))
+             : static_cast<int>(::recv(socket_.number(), piece.data(), piece.size(), 0));
     if (count <= 0) return false;
     buffer_.append(piece.data(), static_cast<std::size_t>(count));
     return true;
@@ -156,7 +184,8 @@ std::optional<Frame> Peer::readFrame() {
 
 void Peer::send(std::string_view bytes) {
     while (!bytes.empty()) {
-        const auto sent = ::send(socket_.number(), bytes.data(), bytes.size(), MSG_NOSIGNAL);
+        const auto sent = ssl_ ? SSL_write(ssl_.get(), bytes.data(), static_cast<int>(bytes.size()))
+                               : ::send(socket_.number(), bytes.data(), bytes.size(), MSG_NOSIGNAL);
         if (sent <= 0) return;
         bytes.remove_prefix(static_cast<std::size_t>(sent));
     }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <openssl/ssl.h>
+
 #include <atomic>
 #include <functional>
 #include <list>
@@ -45,6 +47,15 @@ class Peer {
 public:
     explicit Peer(int socket) : socket_(socket) {}
 
+    /// Encrypts what follows; false when the client does not go along.
+    bool encrypt(SSL_CTX& context);
+    /// The server that the client has asked for when it began to encrypt; empty when it named none.
+    [[nodiscard]] std::string serverName() const;
+    /// Says in the encrypted connection that nothing more comes.
+    void sayGoodbye();
+    /// Whether the client has said so.
+    [[nodiscard]] bool heardGoodbye() const;
+
     /// The request up to its empty line; nothing when the client has gone.
     std::optional<std::string> readRequest();
     /// Answers a request for a WebSocket.
@@ -66,12 +77,17 @@ public:
     void close();
 
 private:
+    struct FreeSsl {
+        void operator()(SSL* ssl) const { SSL_free(ssl); }
+    };
+
     bool fill();
     std::optional<std::string> take(std::size_t count);
 
     /// Closing and interrupting must not meet: the number may belong to another file by then.
     std::mutex mutex_;
     OwnedSocket socket_;
+    std::unique_ptr<SSL, FreeSsl> ssl_;
     std::string buffer_;
 };
 

@@ -14,11 +14,15 @@ class Outcomes {
 public:
     std::function<void(platform::DataResult)> data() {
         return [lines = lines_](const platform::DataResult& result) {
-            if (const auto* error = std::get_if<platform::UrlError>(&result)) {
-                return lines->add("error: " + error->localizedDescription);
+            std::string line;
+            if (result.response) {
+                line = std::to_string(result.response->statusCode) + " " + result.response->body;
             }
-            const auto& response = std::get<platform::HttpResponse>(result);
-            lines->add(std::to_string(response.statusCode) + " " + response.body);
+            if (result.error) {
+                line +=
+                    (line.empty() ? "" : ", ") + ("error: " + result.error->localizedDescription);
+            }
+            lines->add(line);
         };
     }
     std::function<void(platform::ReceiveResult)> message() {

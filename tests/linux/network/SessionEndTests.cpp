@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <gmock/gmock.h>
+#include <pthread.h>
 
 #include <algorithm>
 #include <chrono>
@@ -35,6 +36,26 @@ std::set<int> openFiles() {
 
 TEST(SessionEnd, WithoutEverBeingUsedIsNothing) {
     const BeastUrlSession session;
+}
+
+TEST(SessionThread, IsThereBeforeTheFirstRequestSoThatNoneFailsForLackOfIt) {
+    const LoopbackServer server([](Peer& peer) {
+        peer.readRequest();
+        peer.send("HTTP/1.1 204 No Content\r\n\r\n");
+    });
+    BeastUrlSession session;
+    Outcomes outcomes;
+    pthread_attr_t usual;
+    pthread_attr_t impossible;
+    ASSERT_EQ(::pthread_getattr_default_np(&usual), 0);
+    ASSERT_EQ(::pthread_getattr_default_np(&impossible), 0);
+    // No memory is large enough for such a stack: no thread can be started.
+    constexpr std::size_t tooLarge = std::size_t{1} << 46U;
+    ASSERT_EQ(::pthread_attr_setstacksize(&impossible, tooLarge), 0);
+    ASSERT_EQ(::pthread_setattr_default_np(&impossible), 0);
+    EXPECT_NO_THROW(session.startDataTask("http://" + server.authority() + "/", outcomes.data()));
+    ASSERT_EQ(::pthread_setattr_default_np(&usual), 0);
+    EXPECT_THAT(outcomes.first(1), testing::ElementsAre("204 "));
 }
 
 TEST(SessionEnd, DropsAllThatIsUnderWayAndLeavesTheServers) {

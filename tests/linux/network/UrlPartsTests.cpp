@@ -38,7 +38,8 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"http://h/a#part", "http h 80 /a h"}, Row{"http://h#part", "http h 80 / h"},
         Row{"http://me:secret@h/a", "http h 80 /a h"}, Row{"http://h/a@b:c", "http h 80 /a@b:c h"},
         Row{"http://[::1]:3000/a", "http ::1 3000 /a [::1]:3000"},
-        Row{"http://[::1]", "http ::1 80 / [::1]"}));
+        Row{"http://[::1]", "http ::1 80 / [::1]"},
+        Row{"ws://[fe80::1%25eth0]:3000/a", "ws fe80::1%eth0 3000 /a [fe80::1]:3000"}));
 
 INSTANTIATE_TEST_SUITE_P(
     BadOnes, UrlPartsTable,

@@ -1,51 +1,16 @@
 #include "ports/linux/LinuxWebView.h"
 
-#include <utility>
+#include <chrono>
 
 #include "ports/linux/PageContextMenu.h"
-#include "ports/linux/ScriptValue.h"
 
 namespace stagehopper::linux_port {
 
 namespace {
 
-/// Between the end of a page's process and the next try, so that a page that cannot live does not
-/// keep the machine busy.
-constexpr guint reloadDelayMilliseconds = 500;
-
-struct UserScriptUnref {
-    void operator()(WebKitUserScript* script) const { webkit_user_script_unref(script); }
-};
-
-/// The way of the messages of one name. It belongs to GLib's closure, so it lives as long as a
-/// message is on its way, even when the view is dropped meanwhile.
-struct MessageRoute {
-    std::string name;
-    std::shared_ptr<platform::ScriptMessageHandler> handler;
-};
-
-// noexcept here and below: an exception must not travel through GLib; it ends the program.
-void messageReceived(WebKitUserContentManager* /*content*/, WebKitJavascriptResult* result,
-                     void* route) noexcept {
-    const MessageRoute taken = *static_cast<MessageRoute*>(route);
-    taken.handler->didReceive(
-        {taken.name, scriptText(webkit_javascript_result_get_js_value(result))});
-}
-
-void forgetRoute(void* route, GClosure* /*closure*/) noexcept {
-    delete static_cast<MessageRoute*>(route);
-}
-
-void addUserScript(WebKitUserContentManager* content, const std::string& source) {
-    const std::unique_ptr<WebKitUserScript, UserScriptUnref> script(
-        webkit_user_script_new(source.c_str(), WEBKIT_USER_CONTENT_INJECT_TOP_FRAME,
-                               WEBKIT_USER_SCRIPT_INJECT_AT_DOCUMENT_START, nullptr, nullptr));
-    webkit_user_content_manager_add_script(content, script.get());
-}
-
 ObjectPointer<GtkWidget> makeView(WebKitUserContentManager* content) {
-    GtkWidget* view = webkit_web_view_new_with_user_content_manager(content);
-    g_object_ref_sink(view);
+    auto* view = GTK_WIDGET(g_object_ref_sink(g_object_new(
+        WEBKIT_TYPE_WEB_VIEW, "user-content-manager", content, "is-ephemeral", TRUE, nullptr)));
     // A page of buttons gains nothing from the graphics processor, and its drivers cost memory.
     webkit_settings_set_hardware_acceleration_policy(
         webkit_web_view_get_settings(WEBKIT_WEB_VIEW(view)),
@@ -55,13 +20,12 @@ ObjectPointer<GtkWidget> makeView(WebKitUserContentManager* content) {
 
 }  // namespace
 
-LinuxWebView::LinuxWebView(const platform::WebViewConfiguration& configuration)
-    : content_(webkit_user_content_manager_new()), view_(makeView(content_.get())) {
-    for (const auto& script : configuration.userScripts)
-        addUserScript(content_.get(), script.source);
-    for (const auto& [name, handler] : configuration.messageHandlers) {
-        addMessageHandler(name, handler);
-    }
+LinuxWebView::LinuxWebView(const platform::WebViewConfiguration& configuration,
+                           platform::SystemLog& log)
+    : log_(log),
+      bridge_(configuration),
+      view_(makeView(bridge_.content())),
+      navigation_(webView()) {
     keepOnlyEditingCommands(webView());
     g_signal_connect(view_.get(), "load-failed", G_CALLBACK(&LinuxWebView::loadFailed), this);
     g_signal_connect(view_.get(), "web-process-terminated",
@@ -69,30 +33,15 @@ LinuxWebView::LinuxWebView(const platform::WebViewConfiguration& configuration)
 }
 
 LinuxWebView::~LinuxWebView() {
-    for (const auto connection : messageConnections_) {
-        g_signal_handler_disconnect(content_.get(), connection);
-    }
     g_signal_handlers_disconnect_by_data(view_.get(), this);
     gtk_widget_destroy(view_.get());
 }
 
-void LinuxWebView::addMessageHandler(const std::string& name,
-                                     std::shared_ptr<platform::ScriptMessageHandler> handler) {
-    auto route = std::make_unique<MessageRoute>(MessageRoute{name, std::move(handler)});
-    const std::string signal = "script-message-received::" + name;
-    // Connected before the name is registered: from then on messages may come.
-    messageConnections_.push_back(
-        g_signal_connect_data(content_.get(), signal.c_str(), G_CALLBACK(&messageReceived),
-                              route.release(), &forgetRoute, GConnectFlags{}));
-    webkit_user_content_manager_register_script_message_handler(content_.get(), name.c_str());
-}
-
 void LinuxWebView::loadFile(const std::filesystem::path& file,
                             const std::filesystem::path& /*readAccess*/) {
-    const TextPointer uri(g_filename_to_uri(file.c_str(), nullptr, nullptr));
-    if (!uri) return;
-    uri_ = uri.get();
-    webkit_web_view_load_uri(webView(), uri_.c_str());
+    page_ = file;
+    navigation_.setPage(file);
+    load();
 }
 
 void LinuxWebView::evaluateJavaScript(std::string_view script) {
@@ -114,6 +63,7 @@ void LinuxWebView::setDrawsBackground(bool drawsBackground) {
 
 void LinuxWebView::setFrame(const platform::Rect& /*frame*/) {}
 
+// noexcept here and below: an exception must not travel through GLib; it ends the program.
 int LinuxWebView::loadFailed(WebKitWebView* /*view*/, WebKitLoadEvent /*event*/, char* /*uri*/,
                              GError* /*error*/, void* /*self*/) noexcept {
     // Instead of WebKit's own page about the error: the view stays empty.
@@ -123,16 +73,27 @@ int LinuxWebView::loadFailed(WebKitWebView* /*view*/, WebKitLoadEvent /*event*/,
 void LinuxWebView::webProcessTerminated(WebKitWebView* /*view*/,
                                         WebKitWebProcessTerminationReason /*reason*/,
                                         void* self) noexcept {
-    auto& view = *static_cast<LinuxWebView*>(self);
-    view.reload_.reset(g_timeout_source_new(reloadDelayMilliseconds));
-    g_source_set_callback(view.reload_.get(), &LinuxWebView::reload, self, nullptr);
-    g_source_attach(view.reload_.get(), nullptr);
+    static_cast<LinuxWebView*>(self)->pageEnded();
 }
 
 int LinuxWebView::reload(void* self) noexcept {
-    auto& view = *static_cast<LinuxWebView*>(self);
-    if (!view.uri_.empty()) webkit_web_view_load_uri(view.webView(), view.uri_.c_str());
+    static_cast<LinuxWebView*>(self)->load();
     return G_SOURCE_REMOVE;
+}
+
+void LinuxWebView::pageEnded() {
+    const std::chrono::microseconds now(g_get_monotonic_time());
+    const bool reloads = reloadLimit_.allowsReload(now);
+    log_.write(webkit_ports::pageEndedMessage(page_.filename().native(), reloads));
+    if (!reloads) return;
+    reload_.reset(g_timeout_source_new(webkit_ports::reloadDelay.count()));
+    g_source_set_callback(reload_.get(), &LinuxWebView::reload, this, nullptr);
+    g_source_attach(reload_.get(), nullptr);
+}
+
+void LinuxWebView::load() {
+    const TextPointer uri(g_filename_to_uri(page_.c_str(), nullptr, nullptr));
+    if (uri) webkit_web_view_load_uri(webView(), uri.get());
 }
 
 }  // namespace stagehopper::linux_port

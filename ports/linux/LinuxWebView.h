@@ -4,23 +4,31 @@
 
 #include <memory>
 #include <string>
-#include <vector>
 
+#include "platform/SystemLog.h"
 #include "platform/WebView.h"
+#include "ports/linux/PageBridge.h"
+#include "ports/linux/PageNavigation.h"
 #include "ports/linux/desktop/GlibPointers.h"
+#include "ports/webkit/ReloadLimit.h"
 
 namespace stagehopper::linux_port {
 
-/// A WebKit page. Main thread only. When the process that shows the page dies, the page is loaded
-/// again.
+/// A WebKit page. Main thread only. Nothing that it stores outlives it: what another program once
+/// left under the backend's address does not come back in it.
+///
+/// When the process that shows the page ends, the page is loaded again, as often as `ReloadLimit`
+/// allows. The system log is told.
 class LinuxWebView final : public platform::WebView {
 public:
-    explicit LinuxWebView(const platform::WebViewConfiguration& configuration);
+    /// `log` outlives the view.
+    LinuxWebView(const platform::WebViewConfiguration& configuration, platform::SystemLog& log);
     ~LinuxWebView() override;
     LinuxWebView(const LinuxWebView&) = delete;
     LinuxWebView& operator=(const LinuxWebView&) = delete;
 
-    /// Pages read files of any folder that they name, so `readAccess` grants nothing more.
+    /// The page may name pictures, styles and scripts of any folder, so `readAccess` grants
+    /// nothing more. It never sees what is in a file, and frames show no files.
     void loadFile(const std::filesystem::path& file,
                   const std::filesystem::path& readAccess) override;
     void evaluateJavaScript(std::string_view script) override;
@@ -31,8 +39,6 @@ public:
     [[nodiscard]] GtkWidget* widget() const { return view_.get(); }
 
 private:
-    void addMessageHandler(const std::string& name,
-                           std::shared_ptr<platform::ScriptMessageHandler> handler);
     [[nodiscard]] WebKitWebView* webView() const { return WEBKIT_WEB_VIEW(view_.get()); }
 
     static int loadFailed(WebKitWebView* view, WebKitLoadEvent event, char* uri, GError* error,
@@ -41,10 +47,15 @@ private:
                                      void* self) noexcept;
     static int reload(void* self) noexcept;
 
-    ObjectPointer<WebKitUserContentManager> content_;
+    void pageEnded();
+    void load();
+
+    platform::SystemLog& log_;
+    PageBridge bridge_;
     ObjectPointer<GtkWidget> view_;
-    std::vector<unsigned long> messageConnections_;
-    std::string uri_;
+    PageNavigation navigation_;
+    std::filesystem::path page_;
+    webkit_ports::ReloadLimit reloadLimit_;
     SourcePointer reload_;
 };
 

@@ -2,8 +2,6 @@
 
 #include <memory>
 
-#include "ports/linux/desktop/GlibPointers.h"
-
 namespace stagehopper::linux_port {
 
 namespace {
@@ -25,6 +23,13 @@ std::optional<std::string> scriptText(JSCValue* value) {
     gsize size = 0;
     const auto* data = static_cast<const char*>(g_bytes_get_data(bytes.get(), &size));
     return std::string(data, size);
+}
+
+ObjectPointer<JSCValue> signedBody(JSCValue* value, const std::string& signature) {
+    if (value == nullptr || !jsc_value_is_array(value)) return {};
+    const ObjectPointer<JSCValue> first(jsc_value_object_get_property_at_index(value, 0));
+    if (scriptText(first.get()) != signature) return {};
+    return ObjectPointer<JSCValue>(jsc_value_object_get_property_at_index(value, 1));
 }
 
 }  // namespace stagehopper::linux_port

@@ -2,6 +2,8 @@
 
 #include <glib.h>
 
+#include <array>
+#include <cstddef>
 #include <optional>
 #include <utility>
 
@@ -17,9 +19,9 @@ TextPointer madeValid(std::string_view text) {
     return TextPointer(g_utf8_make_valid(text.data(), static_cast<gssize>(text.size())));
 }
 
-/// Lower case without a look into the tables, for what most titles are. Not for the letter I, whose
+/// Folding without a look into the tables, for what most titles are. Not for the letter I, whose
 /// lower case is another one in Turkish, and not for NUL.
-std::optional<std::string> plainLowercased(std::string_view text) {
+std::optional<std::string> plainFolded(std::string_view text) {
     std::string lower(text);
     for (auto& character : lower) {
         const bool plain = character > '\0' && character <= '~' && character != 'I';
@@ -39,13 +41,13 @@ bool isDiacritic(gunichar character) {
 }  // namespace
 
 std::string GlibText::folded(std::string_view text) {
-    if (auto plain = plainLowercased(text)) return std::move(*plain);
+    if (auto plain = plainFolded(text)) return std::move(*plain);
     const auto valid = madeValid(text);
     // Lower case first: it knows the locale's letters (Turkish İ and I), which case folding,
     // the same everywhere, does not.
     const TextPointer lower(g_utf8_strdown(valid.get(), -1));
     const TextPointer sameCase(g_utf8_casefold(lower.get(), -1));
-    const TextPointer decomposed(g_utf8_normalize(sameCase.get(), -1, G_NORMALIZE_ALL));
+    const TextPointer decomposed(g_utf8_normalize(sameCase.get(), -1, G_NORMALIZE_DEFAULT));
 
     std::string result;
     for (const char* at = decomposed.get(); *at != '\0';) {
@@ -57,9 +59,15 @@ std::string GlibText::folded(std::string_view text) {
 }
 
 std::string GlibText::lowercased(std::string_view text) {
-    if (auto plain = plainLowercased(text)) return std::move(*plain);
+    // Character by character: g_utf8_strdown follows the locale.
     const auto valid = madeValid(text);
-    return TextPointer(g_utf8_strdown(valid.get(), -1)).get();
+    std::string lower;
+    for (const char* at = valid.get(); *at != '\0'; at = g_utf8_next_char(at)) {
+        std::array<char, 6> bytes{};
+        const auto length = g_unichar_to_utf8(g_unichar_tolower(g_utf8_get_char(at)), bytes.data());
+        lower.append(bytes.data(), static_cast<std::size_t>(length));
+    }
+    return lower;
 }
 
 }  // namespace stagehopper::linux_port

@@ -4,10 +4,9 @@
 
 namespace stagehopper::linux_port {
 
-/// Unicode by GLib's tables, in the locale that the entry point has set. Any thread.
+/// Unicode by GLib's tables. Folding is in the locale that the entry point has set. Any thread.
 ///
-/// Folding takes the compatibility decomposition, so ligatures and full-width letters are folded
-/// as well. Letters with a stroke (Ø, Đ, Ł) have no decomposition and stay what they are.
+/// Letters with a stroke (Ø, Đ, Ł) have no decomposition and stay what they are.
 class GlibText final : public platform::Text {
 public:
     std::string folded(std::string_view text) override;

@@ -103,6 +103,8 @@ int LinuxApplication::interrupted(void* self) noexcept {
 void LinuxApplication::terminate() {
     if (over_) return;
     over_ = true;
+    // What was closed just now goes from the screen at once: the delegate may block for seconds.
+    gdk_display_flush(gdk_display_get_default());
     if (const auto delegate = delegate_.lock()) delegate->applicationWillTerminate();
     dispatch_.close();
     g_application_quit(G_APPLICATION(application_.get()));

@@ -4,23 +4,16 @@
 #include <unistd.h>
 
 #include <chrono>
-#include <memory>
+#include <clocale>
+#include <ctime>
 #include <string_view>
 #include <system_error>
 
+#include "ports/linux/MediumTime.h"
 #include "ports/linux/ProgramNames.h"
 #include "ports/linux/desktop/GlibPointers.h"
 
 namespace stagehopper::linux_port {
-
-namespace {
-
-struct DateTimeUnref {
-    void operator()(GDateTime* dateTime) const { g_date_time_unref(dateTime); }
-};
-using DateTimePointer = std::unique_ptr<GDateTime, DateTimeUnref>;
-
-}  // namespace
 
 LinuxHost::LinuxHost(int argumentCount, const char* const* arguments)
     : arguments_(arguments, arguments + argumentCount) {}
@@ -50,7 +43,6 @@ platform::Environment LinuxHost::environment() {
         const std::string_view text(*entry);
         const auto nameEnd = text.find('=');
         if (nameEnd == 0 || nameEnd == std::string_view::npos) continue;
-        if (g_utf8_validate_len(text.data(), text.size(), nullptr) == FALSE) continue;
         // Of two with one name the first counts, as for everybody who asks the system.
         variables.emplace(text.substr(0, nameEnd), text.substr(nameEnd + 1));
     }
@@ -68,11 +60,13 @@ std::string LinuxHost::makeUuid() {
 }
 
 std::string LinuxHost::localizedTime(platform::Date date) {
-    const auto seconds = std::chrono::floor<std::chrono::seconds>(date.time_since_epoch()).count();
-    const DateTimePointer local(g_date_time_new_from_unix_local(seconds));
-    if (!local) return {};
-    const TextPointer text(g_date_time_format(local.get(), "%X"));
-    return text ? text.get() : std::string{};
+    const std::time_t seconds =
+        std::chrono::floor<std::chrono::seconds>(date.time_since_epoch()).count();
+    std::tm local{};
+    // Reads the zone anew where it has changed: computers travel.
+    tzset();
+    if (localtime_r(&seconds, &local) == nullptr) return {};
+    return mediumTime(std::setlocale(LC_TIME, nullptr), local);
 }
 
 }  // namespace stagehopper::linux_port

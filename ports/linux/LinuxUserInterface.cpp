@@ -24,7 +24,7 @@ std::shared_ptr<platform::Panel> LinuxUserInterface::makePanel(
 
 std::shared_ptr<platform::WebView> LinuxUserInterface::makeWebView(
     const platform::Rect& /*frame*/, const platform::WebViewConfiguration& configuration) {
-    return std::make_shared<LinuxWebView>(configuration);
+    return std::make_shared<LinuxWebView>(configuration, log_);
 }
 
 }  // namespace stagehopper::linux_port

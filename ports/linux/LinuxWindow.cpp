@@ -33,7 +33,10 @@ LinuxWindow::LinuxWindow(LinuxApplication& application, const platform::WindowOp
     gtk_window_set_decorated(gtkWindow(), has(platform::windowTitled));
     gtk_window_set_deletable(gtkWindow(), has(platform::windowClosable));
     gtk_window_set_resizable(gtkWindow(), has(platform::windowResizable));
-    if (!has(platform::windowResizable)) setMinimumSize(contentSize_);
+    if (!has(platform::windowResizable)) {
+        gtk_widget_set_size_request(contentFrame_, pixels(contentSize_.width),
+                                    pixels(contentSize_.height));
+    }
 
     gtk_container_add(GTK_CONTAINER(window_.get()), layout_);
     gtk_box_pack_end(GTK_BOX(layout_), contentFrame_, TRUE, TRUE, 0);
@@ -51,7 +54,7 @@ void LinuxWindow::setTitle(std::string_view title) {
 
 void LinuxWindow::setMinimumSize(platform::Size size) {
     if (window_)
-        gtk_widget_set_size_request(contentFrame_, pixels(size.width), pixels(size.height));
+        gtk_widget_set_size_request(window_.get(), pixels(size.width), pixels(size.height));
 }
 
 void LinuxWindow::setContentView(const std::shared_ptr<platform::WebView>& view) {

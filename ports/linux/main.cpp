@@ -2,6 +2,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <memory>
+#include <utility>
 
 #include "app/AppController.h"
 #include "platform/Platform.h"
@@ -13,6 +14,7 @@
 #include "ports/linux/LinuxScreens.h"
 #include "ports/linux/LinuxSystemLog.h"
 #include "ports/linux/LinuxUserInterface.h"
+#include "ports/linux/OrderlyEnd.h"
 #include "ports/linux/StandardFiles.h"
 #include "ports/linux/SystemClock.h"
 #include "ports/linux/desktop/AtSpiAccessibility.h"
@@ -53,7 +55,7 @@ int runOnDisplay(SharedServices& services) {
     LinuxScreens screens(desktop);
     X11Workspace workspace(desktop);
     AtSpiAccessibility accessibility(desktop);
-    auto keyboard = std::make_unique<MasterKeyboard>(desktop);
+    std::unique_ptr<platform::KeyboardEvents> keyboard = std::make_unique<MasterKeyboard>(desktop);
     auto urlSession = std::make_unique<BeastUrlSession>();
 
     const auto controller = AppController::create({
@@ -76,16 +78,7 @@ int runOnDisplay(SharedServices& services) {
     application.setDelegate(controller);
     const int status = application.run();
 
-    // What runs on other threads may hold the controller for a moment: it ends first, so that the
-    // controller goes here and nowhere else.
-    urlSession.reset();
-    services.childProcesses.close();
-    // A blocking wait cannot be interrupted: the process ends around it. The second keyboard is the
-    // one thing of ours that would stay behind.
-    if (services.dispatch.hasRunningGlobalTasks() || services.childProcesses.hasRunningHandlers()) {
-        keyboard.reset();
-        std::_Exit(status);
-    }
+    endOrderly(services.dispatch, services.childProcesses, std::move(urlSession), keyboard, status);
     return status;
 }
 

@@ -23,7 +23,7 @@ constexpr const char* meetings =
 
 std::string response(const std::string& body, const std::string& type = "application/json") {
     return "HTTP/1.1 200 OK\r\nContent-Type: " + type +
-           "\r\nConnection: close\r\n"
+           "\r\nConnection: close\r\nCache-Control: max-age=3600\r\n"
            "Content-Length: " +
            std::to_string(body.size()) + "\r\n\r\n" + body;
 }
@@ -101,9 +101,27 @@ void FaultyBackend::listen() {
     }
 }
 
+void FaultyBackend::setPage(const std::string& path, const std::string& html) {
+    const std::lock_guard lock(mutex_);
+    pages_["GET " + path] = html;
+}
+
+std::string FaultyBackend::answerTo(const std::string& target) const {
+    if (target == "GET /health") return response("ok");
+    if (target == "GET /v1/meetings/active") return response(meetings);
+    const std::lock_guard lock(mutex_);
+    const auto page = pages_.find(target);
+    return page == pages_.end() ? "HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\n\r\n"
+                                : response(page->second, "text/html");
+}
+
 void FaultyBackend::serve(int client) {
     const auto head = readHead(client);
     const auto target = head.substr(0, head.find(" HTTP/"));
+    {
+        const std::lock_guard lock(mutex_);
+        requests_.push_back(target);
+    }
     if (target.starts_with("GET /ws?")) {
         {
             const std::lock_guard lock(mutex_);
@@ -112,12 +130,7 @@ void FaultyBackend::serve(int client) {
         changed_.notify_all();
         serveSocket(client, headerOf(head, "Sec-WebSocket-Key"));
     } else {
-        const auto answer = target == "GET /health"               ? response("ok")
-                            : target == "GET /v1/meetings/active" ? response(meetings)
-                            : target == "GET /elsewhere"
-                                ? response("<!doctype html><title>elsewhere</title>", "text/html")
-                                : "HTTP/1.1 404 Not Found\r\n"
-                                  "Content-Length: 0\r\n\r\n";
+        const auto answer = answerTo(target);
         send(client, answer.data(), answer.size(), MSG_NOSIGNAL);
     }
     const std::lock_guard lock(mutex_);
@@ -174,6 +187,11 @@ bool FaultyBackend::waitForSocket(std::size_t count, Limit limit) {
 std::vector<std::string> FaultyBackend::targets() const {
     const std::lock_guard lock(mutex_);
     return targets_;
+}
+
+std::vector<std::string> FaultyBackend::requests() const {
+    const std::lock_guard lock(mutex_);
+    return requests_;
 }
 
 std::optional<int> FaultyBackend::closeCode() const {

@@ -3,6 +3,7 @@
 #include <atomic>
 #include <condition_variable>
 #include <functional>
+#include <map>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -15,7 +16,7 @@ namespace stagehopper::desktop {
 
 /// A backend on a port of the range in which the program looks, with one meeting, that does with
 /// each slide socket what a test tells it: byte by byte, so that it can break every rule. It also
-/// has a page of the web, "/elsewhere". One thread, and threads of its own.
+/// serves the pages that a test gives it. One thread, and threads of its own.
 class FaultyBackend {
 public:
     /// What becomes of the next slide sockets.
@@ -28,6 +29,8 @@ public:
     FaultyBackend& operator=(const FaultyBackend&) = delete;
 
     void setHandshake(Handshake handshake) { handshake_ = handshake; }
+    /// Answers GET `path` with that page.
+    void setPage(const std::string& path, const std::string& html);
     /// False: pings get no pong.
     void setAnswersPings(bool answers) { answersPings_ = answers; }
 
@@ -35,6 +38,8 @@ public:
     [[nodiscard]] bool waitForSocket(std::size_t count, Limit limit = std::chrono::seconds(10));
     /// Path and query of each slide socket so far.
     [[nodiscard]] std::vector<std::string> targets() const;
+    /// Method and target of each request so far.
+    [[nodiscard]] std::vector<std::string> requests() const;
     /// Pings that the program sent on all sockets.
     [[nodiscard]] int pings() const { return pings_; }
     /// The code with which the program closed a socket last.
@@ -52,6 +57,7 @@ public:
 private:
     void listen();
     void serve(int client);
+    [[nodiscard]] std::string answerTo(const std::string& target) const;
     void serveSocket(int client, const std::string& key);
     void sendFrame(unsigned char firstByte, const std::string& payload);
     void sendRaw(const std::string& bytes);
@@ -65,6 +71,9 @@ private:
     mutable std::mutex mutex_;
     std::condition_variable changed_;
     std::vector<std::string> targets_;
+    std::vector<std::string> requests_;
+    /// By method and target.
+    std::map<std::string, std::string> pages_;
     std::optional<int> closeCode_;
     /// The newest slide socket, -1 when there is none; and all that are open.
     int socket_ = -1;

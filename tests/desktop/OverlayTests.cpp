@@ -198,6 +198,29 @@ TEST_F(OverlayOnDesktop, FollowsTheScreenToANewSize) {
     EXPECT_TRUE(becomes(1279, 719, magenta));
 }
 
+TEST_F(OverlayOnDesktop, CoversOneScreenOnlyWhenAnotherIsConnectedAndAllWhenThatIsGone) {
+    const auto xrandr = [this](const std::string& commands) {
+        const auto child = desktop_.start({"sh", "-c", commands});
+        ASSERT_EQ(child->waitForExit(limit), 0) << child->output().text();
+    };
+    show();
+    ASSERT_TRUE(becomes(insideX, insideY, magenta));
+    // GTK knows screens by their outputs, and the X server has one, here that of the right screen.
+    // It is told when the first output changes.
+    xrandr(
+        "xrandr --setmonitor left 400/100x720/190+0+0 none && "
+        "xrandr --setmonitor right 880/200x720/190+400+0 screen && "
+        "xrandr --output screen --noprimary");
+    EXPECT_TRUE(becomes(insideX + 400, insideY, magenta));
+    EXPECT_TRUE(becomes(1279, 719, magenta));
+    EXPECT_NE(pixel(insideX, insideY), magenta) << "it covers the other screen, too";
+    xrandr(
+        "xrandr --delmonitor right && xrandr --delmonitor left && "
+        "xrandr --output screen --primary");
+    EXPECT_TRUE(becomes(insideX, insideY, magenta));
+    EXPECT_TRUE(becomes(1279, 719, magenta));
+}
+
 /// A square that jumps from place to place, ten times a second.
 constexpr const char* movingPage = R"(<!doctype html>
 <meta charset="utf-8">

@@ -1,6 +1,8 @@
 // The program as its user meets it: start, panel, menu, editing keys.
 
 #include <gtest/gtest.h>
+// Behind GoogleTest, whose names its macros take.
+#include <X11/Xutil.h>
 
 #include "tests/desktop/RemotePanel.h"
 
@@ -35,6 +37,16 @@ TEST_F(Program, OpensItsPanelInFrontInItsSize) {
     EXPECT_EQ(area->width, 520);
     // The menu bar comes on top of the page.
     EXPECT_GE(area->height, 680);
+}
+
+TEST_F(Program, ItsPanelWindowCanBeMadeAsSmallAsItsLeastSize) {
+    const DrivenProgram driven(desktop_);
+    XSizeHints hints{};
+    long supplied = 0;
+    ASSERT_NE(XGetWMNormalHints(desktop_.display().get(), driven.panel(), &hints, &supplied), 0);
+    // The window's own size, the menu bar with it.
+    EXPECT_EQ(hints.min_width, 380);
+    EXPECT_EQ(hints.min_height, 480);
 }
 
 TEST_F(Program, ShowsItsMenu) {

@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <csignal>
+#include <filesystem>
 
 #include "tests/desktop/RemotePanel.h"
+#include "tools/presentations/DeckColours.h"
 #include "tools/presentations/Presentation.h"
 #include "tools/virtualdesktop/Processes.h"
 
@@ -66,6 +69,46 @@ TEST_F(Quitting, WhileStepsAreQueued) {
     expectAGoodEnd(panel);
     EXPECT_LT(panel->program().output().count("completed"), 200U)
         << "what was still queued should have been dropped";
+}
+
+/// A backend that takes three seconds to end.
+constexpr const char* slowBackend = R"(#!/bin/sh
+trap 'sleep 3; exit 0' TERM
+while :; do sleep 0.1; done
+)";
+
+TEST_F(Quitting, ByClosingThePanelClearsTheScreenBeforeASlowBackendHasEnded) {
+    const auto pages = writeRemotePage(desktop_);
+    writeFile(pages / "overlay.html", "<!doctype html><title>overlay</title>");
+    const auto backend = pages / "StagehopperBackend-arm64";
+    writeFile(backend, slowBackend);
+    std::filesystem::permissions(backend, std::filesystem::perms::owner_all);
+    RemotePanel panel(desktop_, pages);
+    const auto process = panel->program().pid();
+    ASSERT_TRUE(panel->logs("(attempt 1/3)", 0)) << panel->output();
+    panel.run("electronAPI.showOverlay()");
+    const auto overlays = [&] { return desktop_.windows().unmanagedOf(process).size(); };
+    ASSERT_TRUE(waitFor([&] { return overlays() == 1; }, endLimit));
+
+    desktop_.windows().requestClose(panel->panel());
+    EXPECT_TRUE(
+        waitFor([&] { return overlays() == 0 && desktop_.windows().ofProcess(process).empty(); },
+                endLimit));
+    EXPECT_FALSE(panel->program().waitForExit(std::chrono::seconds(0)))
+        << "the windows stayed as long as the backend";
+    expectAGoodEnd(panel);
+}
+
+TEST_F(Quitting, ByAKillLeavesNoPing) {
+    RemotePanel panel(desktop_);
+    const auto pings = [this] {
+        const auto all = processesWithEnvironment(desktop_.folder().native());
+        return std::ranges::count(all, "ping", programName);
+    };
+    if (!std::filesystem::exists("/usr/bin/ping")) GTEST_SKIP() << "this machine has no ping";
+    ASSERT_TRUE(waitFor([&] { return pings() == 1; }, endLimit));
+    panel->program().signal(SIGKILL);
+    EXPECT_TRUE(waitFor([&] { return pings() == 0; }, endLimit));
 }
 
 TEST_F(Quitting, ASecondStartEndsByItselfAndRaisesTheFirst) {

@@ -100,6 +100,16 @@ TEST_F(SlideSocketFaults, AMessageOfTwoMebibytesEndsTheConnection) {
     expectGoodConnection(2);
 }
 
+TEST_F(SlideSocketFaults, ATagNestedWithoutEndIsIgnored) {
+    expectGoodConnection(1);
+    const auto mark = panel_->mark();
+    backend_.sendText(R"({"type":"slide_nav","direction":"next","seq":)" +
+                      std::string(100'000, '[') + std::string(100'000, ']') + "}");
+    backend_.sendStep("next", 19);
+    EXPECT_TRUE(panel_->logs("native_ws_received direction=next seq=19", mark)) << panel_->output();
+    EXPECT_EQ(panel_->program().output().count("native_ws_received", mark), 1U);
+}
+
 TEST_F(SlideSocketFaults, BytesThatAreNoTextAreDroppedAndTheConnectionStays) {
     expectGoodConnection(1);
     const auto mark = panel_->mark();

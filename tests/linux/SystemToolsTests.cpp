@@ -19,7 +19,7 @@ public:
         if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary directory");
         path_ = name;
         std::ofstream(ping()) << "#!/bin/sh\n";
-        permit(std::filesystem::perms::owner_all);
+        std::filesystem::permissions(ping(), std::filesystem::perms::owner_all);
     }
     ~FolderWithPing() {
         std::error_code ignored;
@@ -28,9 +28,6 @@ public:
     FolderWithPing(const FolderWithPing&) = delete;
     FolderWithPing& operator=(const FolderWithPing&) = delete;
 
-    void permit(std::filesystem::perms permissions) const {
-        std::filesystem::permissions(ping(), permissions);
-    }
     [[nodiscard]] const std::filesystem::path& path() const { return path_; }
     [[nodiscard]] std::filesystem::path ping() const { return path_ / "ping"; }
 
@@ -54,24 +51,14 @@ TEST(SystemTools, TheRouteListingIsAnsweredInRowsOfDefaultRoutes) {
     EXPECT_THAT(answer->output(), testing::MatchesRegex("(default [0-9.]+ UG [^ \n]+\n)*"));
 }
 
-TEST(SystemTools, PingIsTheOneInTheUsersPath) {
+TEST(SystemTools, PingIsTheSystemsAndNotTheFirstInTheUsersPath) {
     const FolderWithPing folder;
-    const Variable path("PATH", ("/nonexistent:" + folder.path().string()).c_str());
+    const Variable path("PATH", folder.path().c_str());
     const auto substitute = systemTool({.executable = "/sbin/ping"});
     const auto* executable = std::get_if<Executable>(&substitute);
-    ASSERT_NE(executable, nullptr);
-    EXPECT_EQ(executable->path, folder.ping());
-}
-
-TEST(SystemTools, APingThatCannotRunIsPassedOver) {
-    const FolderWithPing first;
-    const FolderWithPing second;
-    first.permit(std::filesystem::perms::owner_read);
-    const Variable path("PATH", (first.path().string() + ":" + second.path().string()).c_str());
-    const auto substitute = systemTool({.executable = "/sbin/ping"});
-    const auto* executable = std::get_if<Executable>(&substitute);
-    ASSERT_NE(executable, nullptr);
-    EXPECT_EQ(executable->path, second.ping());
+    if (executable == nullptr) GTEST_SKIP() << "this machine has no ping";
+    EXPECT_NE(executable->path, folder.ping());
+    EXPECT_TRUE(executable->path.is_absolute());
 }
 
 TEST(SystemTools, EverythingElseRunsAsItStands) {

@@ -52,7 +52,7 @@ platform::Outcome LinuxChildProcess::start(platform::TerminationHandler onTermin
         return platform::Outcome::refused(error->message());
     }
     auto& running = std::get<SpawnedProgram>(spawned);
-    program_ = std::make_shared<RunningProgram>(running.process);
+    program_ = std::make_shared<RunningProgram>(running.process, std::move(running.lifeline));
     if (running.output.isOpen()) output_.emplace(std::move(running.output));
     started.set_value(program_);
     return platform::Outcome::done();

@@ -5,13 +5,18 @@
 #include <condition_variable>
 #include <cstdint>
 #include <mutex>
+#include <utility>
+
+#include "ports/posix/FileDescriptor.h"
 
 namespace stagehopper::linux_port {
 
 /// A child of ours from its start on. One thread awaits its exit; any thread may do the rest.
 class RunningProgram {
 public:
-    explicit RunningProgram(pid_t process) : process_(process) {}
+    /// `lifeline` stays open until the exit is noticed.
+    RunningProgram(pid_t process, posix::FileDescriptor lifeline)
+        : process_(process), lifeline_(std::move(lifeline)) {}
 
     /// Blocks until the program has exited, and takes note of how. Once.
     void awaitExit();
@@ -24,6 +29,7 @@ public:
 
 private:
     const pid_t process_;
+    const posix::FileDescriptor lifeline_;
     std::mutex mutex_;
     std::condition_variable exited_;
     bool hasExited_ = false;

@@ -6,8 +6,11 @@
 
 #include <array>
 #include <cerrno>
+#include <climits>
 #include <csignal>
+#include <cstdlib>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace stagehopper::linux_port {
@@ -62,7 +65,24 @@ std::vector<std::string> entries(const platform::Environment& environment) {
     return lines;
 }
 
-void describeSignals(posix_spawnattr_t* attributes) {
+/// A terminal that nobody types at: our side of it, and the path of the other. Not open when the
+/// system has none to give.
+struct Terminal {
+    posix::FileDescriptor ours;
+    std::string path;
+};
+
+Terminal openTerminal() {
+    posix::FileDescriptor ours(::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC));
+    std::array<char, PATH_MAX> path{};
+    if (!ours.isOpen() || ::grantpt(ours.number()) != 0 || ::unlockpt(ours.number()) != 0 ||
+        ::ptsname_r(ours.number(), path.data(), path.size()) != 0) {
+        return {posix::FileDescriptor(-1), {}};
+    }
+    return {std::move(ours), path.data()};
+}
+
+void describeSignals(posix_spawnattr_t* attributes, bool inOwnSession) {
     sigset_t all;
     sigset_t none;
     ::sigfillset(&all);
@@ -70,13 +90,16 @@ void describeSignals(posix_spawnattr_t* attributes) {
     ::posix_spawnattr_setsigdefault(attributes, &all);
     ::posix_spawnattr_setsigmask(attributes, &none);
     ::posix_spawnattr_setpgroup(attributes, 0);
-    ::posix_spawnattr_setflags(
-        attributes, POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETPGROUP);
+    const int group = inOwnSession ? POSIX_SPAWN_SETSID : POSIX_SPAWN_SETPGROUP;
+    const int flags = POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK | group;
+    ::posix_spawnattr_setflags(attributes, static_cast<short>(flags));
 }
 
 void describeFiles(posix_spawn_file_actions_t* actions, const posix::FileDescriptor& output,
-                   const platform::ChildProcessOptions& options) {
-    ::posix_spawn_file_actions_addopen(actions, STDIN_FILENO, nullDevice, O_RDONLY, 0);
+                   const Terminal& terminal, const platform::ChildProcessOptions& options) {
+    // The first terminal that a session opens is its own, as long as it is open there.
+    const char* input = terminal.ours.isOpen() ? terminal.path.c_str() : nullDevice;
+    ::posix_spawn_file_actions_addopen(actions, STDIN_FILENO, input, O_RDONLY, 0);
     if (output.isOpen()) {
         ::posix_spawn_file_actions_adddup2(actions, output.number(), STDOUT_FILENO);
     } else {
@@ -99,10 +122,11 @@ std::variant<SpawnedProgram, std::error_code> spawn(const platform::ChildProcess
     posix::FileDescriptor reading(ends[0]);
     const posix::FileDescriptor writing(ends[1]);
 
+    auto terminal = options.endsWithUs ? openTerminal() : Terminal{posix::FileDescriptor(-1), {}};
     Attributes attributes;
-    describeSignals(attributes.get());
+    describeSignals(attributes.get(), terminal.ours.isOpen());
     FileActions files;
-    describeFiles(files.get(), writing, options);
+    describeFiles(files.get(), writing, terminal, options);
 
     auto words = commandLine(options);
     auto variables =
@@ -113,7 +137,7 @@ std::variant<SpawnedProgram, std::error_code> spawn(const platform::ChildProcess
         ::posix_spawn(&process, words.front().c_str(), files.get(), attributes.get(),
                       pointersTo(words).data(), options.environment ? given.data() : environ);
     if (error != 0) return std::error_code(error, std::generic_category());
-    return SpawnedProgram{process, std::move(reading)};
+    return SpawnedProgram{process, std::move(reading), std::move(terminal.ours)};
 }
 
 }  // namespace stagehopper::linux_port

@@ -1,36 +1,26 @@
 #include "ports/linux/processes/SystemTools.h"
 
-#include <cstdlib>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
 #include <fstream>
 #include <iterator>
-#include <optional>
-#include <sstream>
+#include <string>
 
 #include "ports/linux/processes/RouteTable.h"
-#include "ports/posix/PosixFileSystem.h"
 
 namespace stagehopper::linux_port {
 
 namespace {
 
-/// Where systems keep their ping when the user's path does not say.
-constexpr const char* usualFolders = "/usr/bin:/bin:/usr/sbin:/sbin";
+/// Where systems keep their ping. Not the user's path: what stands first there is not ours to run.
+constexpr std::array pings{"/usr/bin/ping", "/bin/ping", "/usr/sbin/ping", "/sbin/ping"};
 
 std::string currentRoutes() {
     std::ifstream table("/proc/net/route");
     const std::string text{std::istreambuf_iterator<char>(table), {}};
     return routeListing(defaultRoutes(text));
-}
-
-std::optional<std::filesystem::path> findTool(const std::string& name) {
-    const char* path = std::getenv("PATH");
-    std::istringstream folders((path != nullptr ? path : "") + std::string(":") + usualFolders);
-    for (std::string folder; std::getline(folders, folder, ':');) {
-        auto candidate = std::filesystem::path(folder) / name;
-        if (candidate.is_absolute() && posix::PosixFileSystem().isExecutableFile(candidate))
-            return candidate;
-    }
-    return std::nullopt;
 }
 
 Refusal unavailable(const std::filesystem::path& tool) {
@@ -46,7 +36,9 @@ ToolSubstitute systemTool(const platform::ChildProcessOptions& options) {
         return Answer{&currentRoutes};
     }
     if (tool == "/sbin/ping") {
-        if (auto found = findTool("ping")) return Executable{std::move(*found)};
+        const auto* found =
+            std::ranges::find_if(pings, [](const char* path) { return ::access(path, X_OK) == 0; });
+        if (found != pings.end()) return Executable{*found};
         return Refusal{"ping: not installed"};
     }
     return Executable{tool};

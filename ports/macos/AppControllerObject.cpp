@@ -17,6 +17,8 @@ std::shared_ptr<AppControllerObject> AppControllerObject::create() {
             .method<"applicationDidFinishLaunching:", &Self::applicationDidFinishLaunching>()
             .method<"applicationShouldTerminateAfterLastWindowClosed:",
                     &Self::applicationShouldTerminateAfterLastWindowClosed>()
+            .method<"applicationSupportsSecureRestorableState:",
+                    &Self::applicationSupportsSecureRestorableState>()
             .method<"applicationWillTerminate:", &Self::applicationWillTerminate>()
             .method<"windowWillClose:", &Self::windowWillClose>()
             .method<"screenDidChange", &Self::screenDidChange>()
@@ -61,6 +63,12 @@ cocoa::BOOL AppControllerObject::applicationShouldTerminateAfterLastWindowClosed
     cocoa::NSObject /*application*/) {
     const auto delegate = applicationDelegate_.lock();
     return cocoa::toBOOL(delegate && delegate->applicationShouldTerminateAfterLastWindowClosed());
+}
+
+cocoa::BOOL AppControllerObject::applicationSupportsSecureRestorableState(
+    cocoa::NSObject /*application*/) {
+    // We restore nothing; systems from macOS 14 on warn in their log of programs that do not say.
+    return cocoa::toBOOL(true);
 }
 
 void AppControllerObject::applicationWillTerminate(cocoa::NSNotification /*notification*/) {

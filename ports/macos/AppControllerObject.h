@@ -46,6 +46,7 @@ private:
     // What the system sends.
     void applicationDidFinishLaunching(cocoa::NSNotification notification);
     cocoa::BOOL applicationShouldTerminateAfterLastWindowClosed(cocoa::NSObject application);
+    cocoa::BOOL applicationSupportsSecureRestorableState(cocoa::NSObject application);
     void applicationWillTerminate(cocoa::NSNotification notification);
     void windowWillClose(cocoa::NSNotification notification);
     void screenDidChange();

@@ -13,7 +13,8 @@ class WKUserContentController;
 
 namespace stagehopper::macos_port {
 
-/// The object of the class "BridgeHandler" to which a page's messages come. The web view's content
+/// The object of the class "BridgeHandler" to which a page's messages come; those of other frames
+/// than the main one are dropped. The web view's content
 /// controller holds that object strongly, so it holds its C++ side weakly, and that one the
 /// handler: nobody keeps the page alive through its own messages. Main thread only.
 class BridgeHandlerObject {

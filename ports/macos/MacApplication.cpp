@@ -1,5 +1,6 @@
 #include "ports/macos/MacApplication.h"
 
+#include <cstdio>
 #include <cstdlib>
 #include <utility>
 
@@ -10,6 +11,16 @@
 namespace stagehopper::macos_port {
 
 namespace {
+
+/// Without it every message would go nowhere, and the program end at once as if all were well.
+cocoa::NSApplication requiredApplication() {
+    const auto application = cocoa::NSApplication::sharedApplication();
+    if (!application) {
+        std::fputs("Stagehopper: there is no NSApplication\n", stderr);
+        std::abort();
+    }
+    return application;
+}
 
 cocoa::Owned<cocoa::NSObject> beginActivity() {
     return cocoa::Owned<cocoa::NSObject>::share(
@@ -22,7 +33,7 @@ cocoa::Owned<cocoa::NSObject> beginActivity() {
 
 MacApplication::MacApplication(AppControllerObject& appController)
     : appController_(appController),
-      application_(cocoa::NSApplication::sharedApplication()),
+      application_(requiredApplication()),
       activity_(beginActivity()) {}
 
 MacApplication::~MacApplication() {

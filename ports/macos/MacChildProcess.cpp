@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "ports/macos/ErrorText.h"
+#include "ports/macos/cocoa/GrandCentralDispatch.h"
 #include "ports/macos/cocoa/NSPipe.h"
 
 namespace stagehopper::macos_port {
@@ -56,8 +57,16 @@ cocoa::Owned<cocoa::NSFileHandle> outputOf(cocoa::NSTask task, bool isCaptured) 
 }  // namespace
 
 struct MacChildProcess::Run {
+    Run() : exited(cocoa::dispatch_semaphore_create(0)) {}
+    ~Run() { cocoa::dispatch_release(reinterpret_cast<cocoa::dispatch_object_t>(exited)); }
+    Run(const Run&) = delete;
+    Run& operator=(const Run&) = delete;
+
     /// Set before the termination handler is called, which may overtake the launch's return.
     std::atomic<bool> isLaunched = false;
+    std::atomic<std::int32_t> status = 0;
+    /// A door that opens once: each who passes signals to the next.
+    const cocoa::dispatch_semaphore_t exited;
     /// Keeps the task while the process runs: the handle may go, the handler must be called.
     cocoa::Owned<cocoa::NSTask> task;
     platform::TerminationHandler onTermination;
@@ -67,7 +76,13 @@ struct MacChildProcess::Run {
         // Not released at once: the task holds the block that is running.
         const auto ended = cocoa::NSTask(task.release().autorelease().pointer());
         const auto handler = std::exchange(onTermination, nullptr);
-        if (handler) handler(ended.terminationStatus());
+        status = ended.terminationStatus();
+        cocoa::dispatch_semaphore_signal(exited);
+        if (handler) handler(status);
+    }
+    void awaitExit() const {
+        cocoa::dispatch_semaphore_wait(exited, cocoa::DISPATCH_TIME_FOREVER);
+        cocoa::dispatch_semaphore_signal(exited);
     }
     void forget() {
         task = {};
@@ -104,7 +119,9 @@ void MacChildProcess::terminate() {
 }
 
 void MacChildProcess::waitUntilExit() {
-    if (isLaunched()) task_->waitUntilExit();
+    // Held here: this object may go while it waits.
+    const auto run = run_;
+    if (run->isLaunched) run->awaitExit();
 }
 
 std::string MacChildProcess::readOutputToEnd() {
@@ -114,7 +131,7 @@ std::string MacChildProcess::readOutputToEnd() {
 }
 
 std::int32_t MacChildProcess::terminationStatus() {
-    return isLaunched() && !task_->isRunning() ? task_->terminationStatus() : 0;
+    return run_->status;
 }
 
 }  // namespace stagehopper::macos_port

@@ -9,8 +9,9 @@
 
 namespace stagehopper::macos_port {
 
-/// An NSTask. Any thread. Before its launch has succeeded the task is asked nothing: it would raise
-/// exceptions.
+/// An NSTask, whose exit is what its termination handler says. It cannot be made to end with us
+/// when we die: nothing in an NSTask does that. Any thread. Before its launch has succeeded the
+/// task is asked nothing: it would raise exceptions.
 class MacChildProcess final : public platform::ChildProcess {
 public:
     explicit MacChildProcess(const platform::ChildProcessOptions& options);

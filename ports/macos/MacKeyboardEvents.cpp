@@ -1,5 +1,6 @@
 #include "ports/macos/MacKeyboardEvents.h"
 
+#include <cstdint>
 #include <utility>
 
 #include "ports/macos/cocoa/CGEvent.h"
@@ -14,6 +15,13 @@ struct MacKeyboardEvent final : platform::KeyboardEvent {
     cocoa::CFOwned<cocoa::CGEventRef> event;
 };
 
+/// What the user may hold down. Nothing else is taken off an event: arrow keys carry flags of their
+/// own, and programs look at these.
+constexpr std::uint64_t modifiers = cocoa::kCGEventFlagMaskAlphaShift |
+                                    cocoa::kCGEventFlagMaskShift | cocoa::kCGEventFlagMaskControl |
+                                    cocoa::kCGEventFlagMaskAlternate |
+                                    cocoa::kCGEventFlagMaskCommand;
+
 /// All events that reach us are ours: nobody else makes any.
 cocoa::CGEventRef eventOf(const platform::KeyboardEvent& event) {
     return static_cast<const MacKeyboardEvent&>(event).event.get();
@@ -26,6 +34,8 @@ std::unique_ptr<platform::KeyboardEvent> MacKeyboardEvents::makeKeyboardEvent(
     auto event = cocoa::CFOwned<cocoa::CGEventRef>::adopt(
         cocoa::CGEventCreateKeyboardEvent(nullptr, key, keyDown));
     if (!event) return nullptr;
+    const auto flags = cocoa::CGEventGetFlags(event.get()) & ~modifiers;
+    cocoa::CGEventSetFlags(event.get(), static_cast<cocoa::CGEventFlags>(flags));
     return std::make_unique<MacKeyboardEvent>(std::move(event));
 }
 

@@ -10,6 +10,9 @@ MacPanel::MacPanel(const platform::PanelOptions& options)
     : panel_(cocoa::NSPanel::make(toCGRect(options.contentRect), options.styleMask, false)) {
     // Otherwise closing would release what is ours to release.
     panel_->setReleasedWhenClosed(false);
+    panel_->setRestorable(false);
+    // It is there at once, and goes at once: nothing moves any more when it is released.
+    panel_->setAnimationBehavior(cocoa::NSWindowAnimationBehaviorNone);
     if (options.clearBackground) panel_->setBackgroundColor(cocoa::NSColor::clearColor());
     panel_->setOpaque(options.opaque);
     panel_->setHasShadow(options.hasShadow);

@@ -1,12 +1,13 @@
 #include "ports/macos/MacSystemLog.h"
 
+#include "ports/macos/WellFormedText.h"
 #include "ports/macos/cocoa/NSLog.h"
 
 namespace stagehopper::macos_port {
 
 void MacSystemLog::write(std::string_view message) {
     // Never the message as the format: it may hold percent signs.
-    NSLog(cocoa::string("%@").pointer(), cocoa::string(message).pointer());
+    NSLog(cocoa::string("%@").pointer(), cocoa::string(wellFormed(message)).pointer());
 }
 
 }  // namespace stagehopper::macos_port

@@ -14,8 +14,7 @@ std::string MacText::folded(std::string_view text) {
 }
 
 std::string MacText::lowercased(std::string_view text) {
-    return cocoa::text(cocoa::string(wellFormed(text))
-                           .lowercaseStringWithLocale(cocoa::NSLocale::currentLocale()));
+    return cocoa::text(cocoa::string(wellFormed(text)).lowercaseString());
 }
 
 }  // namespace stagehopper::macos_port

@@ -1,5 +1,7 @@
 #include "ports/macos/MacUrlSession.h"
 
+#include <algorithm>
+#include <string_view>
 #include <utility>
 
 #include "ports/macos/ErrorText.h"
@@ -7,24 +9,44 @@
 #include "ports/macos/MacWebSocketTask.h"
 #include "ports/macos/Once.h"
 #include "ports/macos/UnreachableWebSocketTask.h"
+#include "ports/macos/cocoa/AutoreleasePool.h"
 #include "ports/macos/cocoa/NSURLSession.h"
 
 namespace stagehopper::macos_port {
 
 namespace {
 
-platform::DataResult resultOf(cocoa::NSData body, cocoa::NSURLResponse response,
-                              cocoa::NSError error) {
+/// "Found": what we report for any redirect.
+constexpr int redirectStatus = 302;
+
+/// `asked` is the address of the request.
+platform::DataResult resultOf(const std::string& asked, cocoa::NSData body,
+                              cocoa::NSURLResponse response, cocoa::NSError error) {
     const auto http = response.as<cocoa::NSHTTPURLResponse>();
-    if (!http) return platform::UrlError{errorText(error)};
-    // Where the transfer broke off after the head, the status counts and half a body does not.
-    return platform::HttpResponse{static_cast<int>(http.statusCode()),
-                                  error ? std::string() : cocoa::bytes(body)};
+    if (!http) return {.response = {}, .error = platform::UrlError{errorText(error)}};
+    platform::DataResult result{.response = platform::HttpResponse{}, .error = {}};
+    // The shared session has followed it, and has no delegate that could forbid that.
+    if (cocoa::text(http.URL().absoluteString()) != asked) {
+        result.response->statusCode = redirectStatus;
+        return result;
+    }
+    result.response->statusCode = static_cast<int>(http.statusCode());
+    if (error) {
+        result.error = platform::UrlError{errorText(error)};
+    } else {
+        result.response->body = cocoa::bytes(body);
+    }
+    return result;
 }
 
-/// With another scheme the system would raise an exception.
-bool isWebSocketAddress(std::string_view url) {
-    return url.starts_with("ws://") || url.starts_with("wss://");
+/// The address with its scheme in small letters; empty when it is no WebSocket's: with another
+/// scheme the system would raise an exception.
+std::string webSocketAddress(std::string url) {
+    const auto scheme = std::min(url.find("://"), url.size());
+    for (std::size_t i = 0; i < scheme; ++i) {
+        if (url[i] >= 'A' && url[i] <= 'Z') url[i] = static_cast<char>(url[i] - 'A' + 'a');
+    }
+    return url.starts_with("ws://") || url.starts_with("wss://") ? url : std::string();
 }
 
 }  // namespace
@@ -33,24 +55,31 @@ MacUrlSession::MacUrlSession() : failures_(std::make_shared<FailureQueue>()) {}
 
 void MacUrlSession::startDataTask(const std::string& url,
                                   std::function<void(platform::DataResult)> completion) {
+    // A caller may ask thousands of times before its own pool ends.
+    const cocoa::AutoreleasePool pool;
     const auto address = cocoa::NSURL::URLWithString(cocoa::string(url));
     if (!address) {
-        failures_->reportBadAddress(
-            [completion = std::move(completion)](auto error) { completion(std::move(error)); });
+        failures_->reportBadAddress([completion = std::move(completion)](auto error) {
+            completion({.response = {}, .error = std::move(error)});
+        });
         return;
     }
     const Once<platform::DataResult> once(std::move(completion));
     const auto task = cocoa::NSURLSession::sharedSession().dataTaskWithURL(
         address, cocoa::NSURLSession::DataReceiver(
-                     [once](cocoa::NSData body, cocoa::NSURLResponse response,
-                            cocoa::NSError error) { once(resultOf(body, response, error)); }));
+                     [once, asked = cocoa::text(address.absoluteString())](
+                         cocoa::NSData body, cocoa::NSURLResponse response, cocoa::NSError error) {
+                         once(resultOf(asked, body, response, error));
+                     }));
     task.resume();
 }
 
 std::shared_ptr<platform::WebSocketTask> MacUrlSession::makeWebSocketTask(const std::string& url) {
-    const auto address = cocoa::NSURL::URLWithString(cocoa::string(url));
-    if (!address || !isWebSocketAddress(url))
-        return std::make_shared<UnreachableWebSocketTask>(failures_);
+    const cocoa::AutoreleasePool pool;
+    const auto text = webSocketAddress(url);
+    const auto address =
+        text.empty() ? cocoa::NSURL() : cocoa::NSURL::URLWithString(cocoa::string(text));
+    if (!address) return std::make_shared<UnreachableWebSocketTask>(failures_);
     return std::make_shared<MacWebSocketTask>(
         cocoa::NSURLSession::sharedSession().webSocketTaskWithURL(address));
 }

@@ -4,6 +4,7 @@
 
 #include "ports/macos/ErrorText.h"
 #include "ports/macos/Once.h"
+#include "ports/macos/cocoa/AutoreleasePool.h"
 
 namespace stagehopper::macos_port {
 
@@ -50,6 +51,7 @@ void MacWebSocketTask::receive(std::function<void(platform::ReceiveResult)> comp
 
 void MacWebSocketTask::sendPing(
     std::function<void(std::optional<platform::UrlError>)> pongHandler) {
+    const cocoa::AutoreleasePool pool;
     const Once<std::optional<platform::UrlError>> once(std::move(pongHandler));
     task_->sendPingWithPongReceiveHandler(cocoa::NSURLSessionWebSocketTask::PongReceiver(
         [once](cocoa::NSError error) { once(errorOf(error)); }));

@@ -6,8 +6,21 @@
 #include "ports/macos/Geometry.h"
 #include "ports/macos/PageGuard.h"
 #include "ports/macos/cocoa/NSNumber.h"
+#include "ports/webkit/FrameMark.h"
 
 namespace stagehopper::macos_port {
+
+namespace {
+
+/// The overlay never becomes the key window and the panel may be covered by a show: WebKit would
+/// let the timers of both stand still.
+void keepRunningWhenCovered(cocoa::WKPreferences preferences) {
+    if (preferences.respondsToSelector(cocoa::selector<"setInactiveSchedulingPolicy:">())) {
+        preferences.setInactiveSchedulingPolicy(cocoa::WKInactiveSchedulingPolicyNone);
+    }
+}
+
+}  // namespace
 
 MacWebView::MacWebView(const platform::Rect& frame,
                        const platform::WebViewConfiguration& configuration)
@@ -28,8 +41,12 @@ cocoa::Owned<cocoa::WKWebView> MacWebView::makeView(
     for (const auto& [name, handler] : configuration.messageHandlers) {
         addMessageHandler(name, handler);
     }
-    for (const auto& script : configuration.userScripts) addUserScript(script);
+    addUserScript(webkit_ports::frameMarkScript, false);
+    for (const auto& script : configuration.userScripts) addUserScript(script.source, true);
     native->setUserContentController(content_.get());
+    // What another program once left under the backend's address does not come back.
+    native->setWebsiteDataStore(cocoa::WKWebsiteDataStore::nonPersistentDataStore());
+    keepRunningWhenCovered(native->preferences());
     auto view = cocoa::WKWebView::make(toCGRect(frame), native.get());
     view->setNavigationDelegate(pageGuard_->object());
     return view;
@@ -42,19 +59,15 @@ void MacWebView::addMessageHandler(const std::string& name,
     messageRoutes_.push_back({name, std::move(handler), std::move(object)});
 }
 
-void MacWebView::addUserScript(const platform::UserScript& script) {
+void MacWebView::addUserScript(std::string_view source, bool mainFrameOnly) {
     constexpr auto atStart = cocoa::WKUserScriptInjectionTimeAtDocumentStart;
-    constexpr bool mainFrameOnly = true;
-    const auto native =
-        cocoa::WKUserScript::make(cocoa::string(script.source), atStart, mainFrameOnly);
+    const auto native = cocoa::WKUserScript::make(cocoa::string(source), atStart, mainFrameOnly);
     content_->addUserScript(native.get());
 }
 
 void MacWebView::loadFile(const std::filesystem::path& file,
                           const std::filesystem::path& readAccess) {
-    const auto page = cocoa::NSURL::fileURLWithPath(cocoa::string(file.native()), false);
-    const auto folder = cocoa::NSURL::fileURLWithPath(cocoa::string(readAccess.native()), true);
-    view_->loadFileURL(page, folder);
+    pageGuard_->load(view_.get(), file, readAccess);
 }
 
 void MacWebView::evaluateJavaScript(std::string_view script) {

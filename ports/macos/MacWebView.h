@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/WebView.h"
@@ -37,7 +38,7 @@ private:
 
     void addMessageHandler(const std::string& name,
                            std::shared_ptr<platform::ScriptMessageHandler> handler);
-    void addUserScript(const platform::UserScript& script);
+    void addUserScript(std::string_view source, bool mainFrameOnly);
     /// Fills in the members above `view_`.
     [[nodiscard]] cocoa::Owned<cocoa::WKWebView> makeView(
         const platform::Rect& frame, const platform::WebViewConfiguration& configuration);

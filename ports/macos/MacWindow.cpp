@@ -13,6 +13,7 @@ MacWindow::MacWindow(AppControllerObject& appController, const platform::WindowO
       window_(cocoa::NSWindow::make(toCGRect(options.contentRect), options.styleMask, false)) {
     // Otherwise closing would release what is ours to release.
     window_->setReleasedWhenClosed(false);
+    window_->setRestorable(false);
     appController_.addWindow(window_.get(), *this);
 }
 

@@ -1,18 +1,28 @@
 #pragma once
 
+#include <filesystem>
 #include <memory>
+#include <string>
 
+#include "ports/macos/MacWorkItem.h"
+#include "ports/macos/cocoa/Encoding.h"
 #include "ports/macos/cocoa/NSObject.h"
 #include "ports/macos/cocoa/Owned.h"
+#include "ports/webkit/ReloadLimit.h"
 
 namespace stagehopper::cocoa {
+class WKNavigationAction;
 class WKWebView;
 }  // namespace stagehopper::cocoa
 
 namespace stagehopper::macos_port {
 
-/// Loads a page again when the process that showed it has died, as after a crash or for want of
-/// memory: it would stay blank. Main thread only.
+/// Keeps a view on its one page. Main thread only.
+///
+/// The main frame goes nowhere else: what the user drops on the view, a link, or a script would
+/// else replace the page, and the new one would have its rights. No window is opened. When the
+/// process that shows the page ends, the page is loaded again, as often as `ReloadLimit` allows;
+/// the system log is told.
 class PageGuard {
 public:
     /// Nothing is guarded any more once the answer is gone.
@@ -22,14 +32,28 @@ public:
 
     /// For a web view's navigation delegate, which is not retained.
     [[nodiscard]] cocoa::NSObject object() const { return object_.get(); }
+    /// Loads the page that is guarded. The view goes with the guard, not before it.
+    void load(cocoa::WKWebView view, const std::filesystem::path& page,
+              const std::filesystem::path& readAccess);
 
 private:
     PageGuard() = default;
 
     // What the system sends.
     void webContentProcessDidTerminate(cocoa::WKWebView view);
+    void decidePolicy(cocoa::WKWebView view, cocoa::WKNavigationAction action,
+                      cocoa::BlockPointer decisionHandler);
+
+    void load(cocoa::WKWebView view);
+    [[nodiscard]] bool allows(cocoa::WKNavigationAction action);
 
     cocoa::Owned<cocoa::NSObject> object_;
+    std::filesystem::path page_;
+    std::filesystem::path readAccess_;
+    /// As WebKit writes it; empty until the page is first loaded.
+    std::string address_;
+    webkit_ports::ReloadLimit reloadLimit_;
+    std::unique_ptr<MacWorkItem> reload_;
 };
 
 }  // namespace stagehopper::macos_port

@@ -14,9 +14,12 @@ namespace {
 
 constexpr mode_t defaultPermissions = 0666;
 
-bool isOrdinaryFile(const FileDescriptor& file) {
+/// An ordinary file of this user's, under this name alone: what others have planted is not ours to
+/// write to, be it a file of theirs or a second name of one of ours.
+bool isOursAlone(const FileDescriptor& file) {
     struct stat status {};
-    return ::fstat(file.number(), &status) == 0 && S_ISREG(status.st_mode);
+    return ::fstat(file.number(), &status) == 0 && S_ISREG(status.st_mode) &&
+           status.st_nlink == 1 && status.st_uid == ::geteuid();
 }
 
 }  // namespace
@@ -27,13 +30,14 @@ bool PosixFileSystem::fileExists(const std::filesystem::path& path) {
 }
 
 bool PosixFileSystem::isExecutableFile(const std::filesystem::path& path) {
-    std::error_code error;
-    return std::filesystem::is_regular_file(path, error) && ::access(path.c_str(), X_OK) == 0;
+    return ::access(path.c_str(), X_OK) == 0;
 }
 
 bool PosixFileSystem::createFile(const std::filesystem::path& path, std::string_view contents) {
-    const FileDescriptor file(::open(
-        path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, defaultPermissions));
+    // Appending: others may write to it as soon as it is there.
+    const FileDescriptor file(
+        ::open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
+               defaultPermissions));
     return file.isOpen() && writeAll(file.number(), contents);
 }
 
@@ -41,7 +45,7 @@ bool PosixFileSystem::appendToFile(const std::filesystem::path& path, std::strin
     // Non-blocking: opening a pipe that nobody reads would wait for ever.
     const FileDescriptor file(
         ::open(path.c_str(), O_WRONLY | O_APPEND | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
-    return file.isOpen() && isOrdinaryFile(file) && writeAll(file.number(), bytes);
+    return file.isOpen() && isOursAlone(file) && writeAll(file.number(), bytes);
 }
 
 std::filesystem::path PosixFileSystem::resolvingSymlinks(const std::filesystem::path& path) {

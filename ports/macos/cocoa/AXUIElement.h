@@ -16,6 +16,7 @@ using AXUIElementRef = const ::__AXUIElement*;
 
 enum AXError : std::int32_t {
     kAXErrorSuccess = 0,
+    kAXErrorCannotComplete = -25204,
 };
 
 extern "C" {
@@ -31,7 +32,8 @@ AXUIElementRef AXUIElementCreateSystemWide(void);
 AXError AXUIElementCopyAttributeValue(AXUIElementRef element, CFStringRef attribute,
                                       CFTypeRef* value);
 AXError AXUIElementPerformAction(AXUIElementRef element, CFStringRef action);
-/// Of the system-wide element: for the whole process.
+/// How long a call waits for the other program. Of the system-wide element: for the whole process;
+/// of another one: for that reference alone. 0 takes the limit back.
 AXError AXUIElementSetMessagingTimeout(AXUIElementRef element, float seconds);
 }
 

@@ -32,8 +32,12 @@ public:
     explicit Block(Function function) {
         // 1 << 25: has copy and dispose functions. 1 << 26: they are C++. 1 << 30: has a signature.
         static constexpr int flags = (1 << 25) | (1 << 26) | (1 << 30);
-        static constexpr Descriptor descriptor{0, sizeof(Literal), &copyFunction, &deleteFunction,
-                                               blockEncoding<void, Arguments...>};
+        static constexpr Descriptor descriptor{0,
+                                               sizeof(Literal),
+                                               &copyFunction,
+                                               &deleteFunction,
+                                               blockEncoding<void, Arguments...>,
+                                               nullptr};
         const Literal onStack{&_NSConcreteStackBlock[0], flags, 0, &invoke, &descriptor, &function};
         pointer_ = _Block_copy(&onStack);
     }
@@ -50,6 +54,8 @@ private:
         void (*copy)(void* copied, const void* original);
         void (*dispose)(const void* block);
         const char* signature;
+        /// Where the captured objects are; we capture none.
+        const void* layout;
     };
     struct Literal {
         void* isa;
@@ -60,7 +66,7 @@ private:
         Function* function;
     };
     static_assert(offsetof(Literal, invoke) == 16 && offsetof(Literal, descriptor) == 24 &&
-                  sizeof(Literal) == 40);
+                  sizeof(Literal) == 40 && sizeof(Descriptor) == 48);
 
     static void invoke(Literal* self, Abi<Arguments>... arguments) noexcept {
         const AutoreleasePool pool;
@@ -76,5 +82,17 @@ private:
 
     void* pointer_;
 };
+
+/// Calls a block that the system has handed to us.
+template <class... Arguments>
+void callBlock(BlockPointer block, Arguments... arguments) {
+    struct Beginning {
+        void* isa;
+        int flags;
+        int reserved;
+        void (*invoke)(void* self, Abi<Arguments>... arguments);
+    };
+    static_cast<const Beginning*>(block.pointer)->invoke(block.pointer, arguments...);
+}
 
 }  // namespace stagehopper::cocoa

@@ -23,6 +23,7 @@ using dispatch_time_t = std::uint64_t;
 using dispatch_function_t = void (*)(void* context);
 
 inline constexpr dispatch_time_t DISPATCH_TIME_NOW = 0;
+inline constexpr dispatch_time_t DISPATCH_TIME_FOREVER = ~0ULL;
 
 /// <sys/qos.h>; the identifiers of the global queues.
 inline constexpr std::intptr_t QOS_CLASS_USER_INITIATED = 0x19;

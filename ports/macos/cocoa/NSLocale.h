@@ -17,8 +17,4 @@ inline NSString NSString::stringByFoldingWithOptions(NSUInteger options, NSLocal
     return send<"stringByFoldingWithOptions:locale:", NSString(NSUInteger, NSLocale)>(options,
                                                                                       locale);
 }
-inline NSString NSString::lowercaseStringWithLocale(NSLocale locale) const {
-    return send<"lowercaseStringWithLocale:", NSString(NSLocale)>(locale);
-}
-
 }  // namespace stagehopper::cocoa

@@ -24,6 +24,8 @@ public:
     /// Of NSStrings.
     [[nodiscard]] NSDictionary environment() const { return send<"environment", NSDictionary()>(); }
     [[nodiscard]] int processIdentifier() const { return send<"processIdentifier", int()>(); }
+    /// Seconds; stands still while the machine sleeps, and is never set back.
+    [[nodiscard]] double systemUptime() const { return send<"systemUptime", double()>(); }
 
     /// Keeps the system from slowing this process down until the activity, which the caller keeps,
     /// is ended.

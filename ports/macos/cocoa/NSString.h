@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "ports/macos/cocoa/Owned.h"
+#include "ports/macos/cocoa/Utf16.h"
 
 namespace stagehopper::cocoa {
 
@@ -28,12 +29,19 @@ public:
             allocate().initWithBytes(bytes.data(), bytes.size(), NSUTF8StringEncoding));
     }
 
+    /// Null when it holds an unpaired surrogate, which UTF-8 has no bytes for.
     [[nodiscard]] const char* UTF8String() const { return send<"UTF8String", const char*()>(); }
     [[nodiscard]] NSUInteger lengthOfBytesUsingEncoding(NSUInteger encoding) const {
         return send<"lengthOfBytesUsingEncoding:", NSUInteger(NSUInteger)>(encoding);
     }
+    /// In units of UTF-16, as `characterAtIndex:` counts them.
+    [[nodiscard]] NSUInteger length() const { return send<"length", NSUInteger()>(); }
+    [[nodiscard]] unsigned short characterAtIndex(NSUInteger index) const {
+        return send<"characterAtIndex:", unsigned short(NSUInteger)>(index);
+    }
     [[nodiscard]] NSString stringByFoldingWithOptions(NSUInteger options, NSLocale locale) const;
-    [[nodiscard]] NSString lowercaseStringWithLocale(NSLocale locale) const;
+    /// The same in every language.
+    [[nodiscard]] NSString lowercaseString() const { return send<"lowercaseString", NSString()>(); }
 
 private:
     [[nodiscard]] NSString initWithBytes(const void* bytes, NSUInteger length,
@@ -43,11 +51,17 @@ private:
     }
 };
 
-/// The UTF-8 bytes; empty for nil.
+/// The UTF-8 bytes; empty for nil. An unpaired surrogate becomes bytes that are not well-formed.
 [[nodiscard]] inline std::string text(NSString string) {
-    const char* bytes = string.UTF8String();
-    if (bytes == nullptr) return {};
-    return {bytes, string.lengthOfBytesUsingEncoding(NSUTF8StringEncoding)};
+    if (const auto size = string.lengthOfBytesUsingEncoding(NSUTF8StringEncoding); size > 0) {
+        if (const char* bytes = string.UTF8String()) return {bytes, size};
+    }
+    // It is empty, or has no UTF-8.
+    std::u16string units(string.length(), u'\0');
+    for (NSUInteger index = 0; index < units.size(); ++index) {
+        units[index] = string.characterAtIndex(index);
+    }
+    return utf8Of(units);
 }
 
 /// For arguments: `window.setTitle(string(title))`. Lives as long as the current pool. Of bytes

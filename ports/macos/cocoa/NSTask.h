@@ -8,7 +8,7 @@
 
 namespace stagehopper::cocoa {
 
-/// NSTask. Any thread. Most messages after the launch raise an exception in a task that was never
+/// NSTask. Any thread. Messages about a running process raise an exception in a task that was never
 /// launched.
 class NSTask : public Handle<NSTask, NSObject> {
 public:
@@ -51,7 +51,8 @@ public:
     [[nodiscard]] bool isRunning() const { return fromBOOL(send<"isRunning", BOOL()>()); }
     /// SIGTERM; nothing when it has exited.
     void terminate() const { send<"terminate", void()>(); }
-    void waitUntilExit() const { send<"waitUntilExit", void()>(); }
+    // Not waitUntilExit: on the main thread it runs the loop inside the caller, on others it may
+    // miss the exit and wait for ever. The termination handler comes in any case.
     /// Raises an exception while the process runs.
     [[nodiscard]] int terminationStatus() const { return send<"terminationStatus", int()>(); }
 

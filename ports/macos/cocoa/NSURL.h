@@ -10,7 +10,7 @@ public:
     static constexpr FixedString className{"NSURL"};
     using Handle::Handle;
 
-    /// Nil when the text is no URL.
+    /// Nil when the text is no URL. From macOS 14 on it escapes what older systems refuse.
     static NSURL URLWithString(NSString text) {
         return sendToClass<"URLWithString:", NSURL(NSString)>(text);
     }
@@ -22,6 +22,7 @@ public:
             path, toBOOL(isDirectory));
     }
 
+    [[nodiscard]] NSString absoluteString() const { return send<"absoluteString", NSString()>(); }
     [[nodiscard]] NSString path() const { return send<"path", NSString()>(); }
 };
 

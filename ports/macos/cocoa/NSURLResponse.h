@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ports/macos/cocoa/Owned.h"
+#include "ports/macos/cocoa/NSURL.h"
 
 namespace stagehopper::cocoa {
 
@@ -9,6 +9,9 @@ class NSURLResponse : public Handle<NSURLResponse, NSObject> {
 public:
     static constexpr FixedString className{"NSURLResponse"};
     using Handle::Handle;
+
+    /// Whose answer it is: after a redirect, of another URL than was asked for.
+    [[nodiscard]] NSURL URL() const { return send<"URL", NSURL()>(); }
 };
 
 /// NSHTTPURLResponse. Any thread.

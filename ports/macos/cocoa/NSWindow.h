@@ -7,6 +7,7 @@
 namespace stagehopper::cocoa {
 
 enum NSBackingStoreType : NSUInteger { NSBackingStoreBuffered = 2 };
+enum NSWindowAnimationBehavior : NSInteger { NSWindowAnimationBehaviorNone = 2 };
 
 /// NSWindow. Main thread only.
 class NSWindow : public Handle<NSWindow, NSResponder> {
@@ -22,6 +23,10 @@ public:
 
     void setReleasedWhenClosed(bool released) const {
         send<"setReleasedWhenClosed:", void(BOOL)>(toBOOL(released));
+    }
+    /// Whether the system opens it again at the next start.
+    void setRestorable(bool restorable) const {
+        send<"setRestorable:", void(BOOL)>(toBOOL(restorable));
     }
     void setTitle(NSString title) const { send<"setTitle:", void(NSString)>(title); }
     /// Of the frame: the title bar counts.
@@ -52,6 +57,10 @@ public:
     /// Bits of NSWindowCollectionBehavior.
     void setCollectionBehavior(NSUInteger behavior) const {
         send<"setCollectionBehavior:", void(NSUInteger)>(behavior);
+    }
+    /// An NSWindowAnimationBehavior.
+    void setAnimationBehavior(NSInteger behavior) const {
+        send<"setAnimationBehavior:", void(NSInteger)>(behavior);
     }
     void setIgnoresMouseEvents(bool ignores) const {
         send<"setIgnoresMouseEvents:", void(BOOL)>(toBOOL(ignores));

@@ -6,7 +6,7 @@
 
 namespace stagehopper::cocoa {
 
-/// NSWorkspace. Main thread only: what it knows follows the main run loop.
+/// NSWorkspace. Any thread may ask; what it knows follows the main run loop.
 class NSWorkspace : public Handle<NSWorkspace, NSObject> {
 public:
     static constexpr FixedString className{"NSWorkspace"};

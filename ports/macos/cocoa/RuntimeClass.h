@@ -1,6 +1,9 @@
 #pragma once
 
 #include <algorithm>
+#include <concepts>
+#include <cstdio>
+#include <cstdlib>
 #include <memory>
 #include <utility>
 
@@ -8,6 +11,18 @@
 #include "ports/macos/cocoa/Owned.h"
 
 namespace stagehopper::cocoa {
+
+namespace detail {
+
+/// One under a name that something else in the process has already would have none of our methods:
+/// it ends the program with that name instead.
+inline Class newClass(const char* name) {
+    if (Class made = objc_allocateClassPair(classOf<NSObject>(), name, 0)) return made;
+    std::fprintf(stderr, "Stagehopper: a class %s is there already\n", name);
+    std::abort();
+}
+
+}  // namespace detail
 
 /// A class that we register with the runtime; its methods call a C++ object of type `Target`, which
 /// each instance holds weakly: once the target is gone they do nothing and answer zero.
@@ -17,8 +32,7 @@ namespace stagehopper::cocoa {
 template <class Target>
 class RuntimeClass {
 public:
-    explicit RuntimeClass(const char* name)
-        : class_(objc_allocateClassPair(classOf<NSObject>(), name, 0)) {
+    explicit RuntimeClass(const char* name) : class_(detail::newClass(name)) {
         constexpr std::uint8_t alignment = 3;  // as a power of two
         class_addIvar(class_, targetVariable, sizeof(std::weak_ptr<Target>*), alignment, "^v");
         class_addMethod(class_, selector<"dealloc">(), reinterpret_cast<IMP>(&dealloc),
@@ -71,6 +85,8 @@ private:
     struct MethodOf;
     template <class Result, class... Arguments, Result (Target::*member)(Arguments...)>
     struct MethodOf<Result (Target::*)(Arguments...), member> {
+        static_assert(!std::derived_from<Result, Object>,
+                      "the pool around the method would take the answer with it");
         static constexpr std::size_t arity = sizeof...(Arguments);
         static constexpr const char* types = methodEncoding<Result, Arguments...>;
 

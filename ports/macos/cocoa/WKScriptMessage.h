@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ports/macos/cocoa/NSString.h"
+#include "ports/macos/cocoa/WKFrameInfo.h"
 
 namespace stagehopper::cocoa {
 
@@ -13,6 +14,8 @@ public:
     /// What the page posted: an NSString for a string, else an NSNumber, NSDate, NSArray,
     /// NSDictionary or NSNull.
     [[nodiscard]] NSObject body() const { return send<"body", NSObject()>(); }
+    /// Of the frame that has posted it.
+    [[nodiscard]] WKFrameInfo frameInfo() const { return send<"frameInfo", WKFrameInfo()>(); }
     /// Of the handler that it was posted to.
     [[nodiscard]] NSString name() const { return send<"name", NSString()>(); }
 };

@@ -30,7 +30,6 @@ public:
         send<"evaluateJavaScript:completionHandler:", void(NSString, BlockPointer)>(script,
                                                                                     BlockPointer());
     }
-    void reload() const { static_cast<void>(send<"reload", NSObject()>()); }
     void stopLoading() const { send<"stopLoading", void()>(); }
 
 private:

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "ports/macos/cocoa/WKPreferences.h"
 #include "ports/macos/cocoa/WKUserContentController.h"
+#include "ports/macos/cocoa/WKWebsiteDataStore.h"
 
 namespace stagehopper::cocoa {
 
@@ -16,6 +18,13 @@ public:
 
     void setUserContentController(WKUserContentController controller) const {
         send<"setUserContentController:", void(WKUserContentController)>(controller);
+    }
+
+    [[nodiscard]] WKPreferences preferences() const {
+        return send<"preferences", WKPreferences()>();
+    }
+    void setWebsiteDataStore(WKWebsiteDataStore store) const {
+        send<"setWebsiteDataStore:", void(WKWebsiteDataStore)>(store);
     }
 
 private:

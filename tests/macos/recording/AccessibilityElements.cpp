@@ -26,7 +26,7 @@ struct Reader {
     Kept operator()(ElementState::Program) const {
         if (attribute == "AXRole") return makeString(std::string(role::application));
         if (attribute == "AXWindows") return windows();
-        if (attribute == "AXFocusedWindow" && !program.windows().empty()) return window(0);
+        if (attribute == "AXFocusedWindow" && !program.windows().empty()) return focusedWindow();
         if (attribute == "AXMenuBar" && !program.menus().empty()) {
             return menu(simulated::submenu("", program.menus()).role(role::menuBar));
         }
@@ -53,6 +53,11 @@ struct Reader {
 
     [[nodiscard]] Kept window(std::size_t index) const {
         return makeElement({process, ElementState::Window{index}});
+    }
+    [[nodiscard]] Kept focusedWindow() const {
+        const auto& focused = World::current().programs.focusedWindow;
+        const auto found = focused.find(process);
+        return window(found == focused.end() ? 0 : found->second);
     }
     [[nodiscard]] Kept menu(MenuNode node) const { return makeElement({process, std::move(node)}); }
     [[nodiscard]] Kept windows() const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <variant>
 
 #include "platform/Workspace.h"
@@ -19,6 +20,8 @@ struct ElementState {
 
     platform::Pid process = 0;
     std::variant<SystemWide, Program, Window, simulated::MenuNode> what;
+    /// Of calls through this reference alone.
+    std::optional<double> timeLimit = std::nullopt;
 };
 
 [[nodiscard]] Kept makeElement(ElementState state);

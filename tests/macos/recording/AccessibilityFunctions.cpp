@@ -1,3 +1,5 @@
+#include <algorithm>
+#include <optional>
 #include <string>
 
 #include "platform/Accessibility.h"
@@ -22,11 +24,15 @@ cocoa::AXError code(Error error) {
 }
 
 /// Null, and a problem, for what is no element.
-const ElementState* elementOf(cocoa::AXUIElementRef reference, const char* function) {
+ElementState* elementOf(cocoa::AXUIElementRef reference, const char* function) {
     const auto object = objectOf(reference);
     if (isKindOf(object, elementClass)) return &stateOf<ElementState>(object);
     noteProblem(std::string(function) + " got " + describe(object));
     return nullptr;
+}
+
+double timeLimitOf(const ElementState& element) {
+    return element.timeLimit.value_or(World::current().accessibility.timeLimit);
 }
 
 /// What every call comes to before the other program has its say; a program that hangs costs time.
@@ -34,19 +40,26 @@ Error reach(const ElementState& element) {
     const auto& world = World::current();
     if (!world.accessibility.trusted) return Error::apiDisabled;
     if (world.accessibility.hanging.contains(element.process)) {
-        queues::waitUntil([] { return false; }, world.accessibility.timeLimit);
+        queues::waitUntil([] { return false; }, timeLimitOf(element));
         return Error::cannotComplete;
     }
     return world.programs.find(element.process) ? Error::success : Error::invalidElement;
 }
 
+/// A program that works longer than the limit on what the press asked for is cut off from
+/// answering, not from doing it.
 Error press(const ElementState& element) {
     const auto* node = std::get_if<simulated::MenuNode>(&element.what);
     if (node == nullptr) return Error::actionUnsupported;
-    if (node->resultOfPress == Error::success) {
-        World::current().programs.program(element.process).itemWasPressed(node->title.value_or(""));
-    }
-    return node->resultOfPress;
+    if (node->resultOfPress != Error::success) return node->resultOfPress;
+    auto& world = World::current();
+    const auto title = node->title.value_or("");
+    world.programs.program(element.process).itemWasPressed(title);
+    const auto slow = world.accessibility.pressTakes.find(title);
+    if (slow == world.accessibility.pressTakes.end()) return Error::success;
+    const auto limit = timeLimitOf(element);
+    queues::waitUntil([] { return false; }, std::min(slow->second, limit));
+    return slow->second > limit ? Error::cannotComplete : Error::success;
 }
 
 bool asksForPrompt(cocoa::CFDictionaryRef options) {
@@ -105,13 +118,16 @@ AXError AXUIElementPerformAction(AXUIElementRef element, CFStringRef action) {
 }
 
 AXError AXUIElementSetMessagingTimeout(AXUIElementRef element, float seconds) {
-    const auto* limited = elementOf(element, "AXUIElementSetMessagingTimeout");
+    auto* limited = elementOf(element, "AXUIElementSetMessagingTimeout");
     if (limited == nullptr) return code(Error::illegalArgument);
     recordFunction("AXUIElementSetMessagingTimeout", {std::to_string(seconds)});
-    if (!std::holds_alternative<ElementState::SystemWide>(limited->what)) {
-        noteProblem("the time limit of one element alone is set");
+    const auto limit = static_cast<double>(seconds);
+    if (std::holds_alternative<ElementState::SystemWide>(limited->what)) {
+        World::current().accessibility.timeLimit =
+            limit > 0 ? limit : Accessibility::systemsTimeLimit;
+    } else {
+        limited->timeLimit = limit > 0 ? std::optional(limit) : std::nullopt;
     }
-    World::current().accessibility.timeLimit = static_cast<double>(seconds);
     return kAXErrorSuccess;
 }
 }

@@ -23,6 +23,16 @@ void tellDelegate(std::string_view selector, std::string_view notification) {
     tell(delegate(), selector, makeNotification(notification, sharedApplication()).get());
 }
 
+/// As systems from macOS 14 on do, about a program that does not say how its windows are archived.
+void warnOfInsecureState() {
+    const std::string question = "applicationSupportsSecureRestorableState:";
+    if (responds(delegate(), question) && tell<bool>(delegate(), question, sharedApplication())) {
+        return;
+    }
+    World::current().systemLog.emplace_back(
+        "WARNING: Secure coding is not enabled for restorable state!");
+}
+
 }  // namespace
 
 cocoa::id sharedApplication() {
@@ -31,6 +41,7 @@ cocoa::id sharedApplication() {
 
 void Application::finishLaunching() {
     if (std::exchange(launched_, true)) return;
+    warnOfInsecureState();
     tellDelegate("applicationWillFinishLaunching:", "NSApplicationWillFinishLaunchingNotification");
     tellDelegate("applicationDidFinishLaunching:", "NSApplicationDidFinishLaunchingNotification");
 }

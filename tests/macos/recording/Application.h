@@ -28,6 +28,8 @@ public:
     [[nodiscard]] bool terminated() const { return terminated_; }
     /// Of a program without a bundle as long as it does not say: prohibited, 2.
     [[nodiscard]] long activationPolicy() const { return activationPolicy_; }
+    /// False: there is no shared application object.
+    bool exists = true;
     /// How often it asked to come to the front.
     int activations = 0;
     /// Actions of menu items that went to the first responder and not to the application: "copy:".

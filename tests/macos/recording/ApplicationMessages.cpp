@@ -48,7 +48,9 @@ Value run(Call&) {
 }  // namespace
 
 void defineApplication() {
-    defineShared("NSApplication", "sharedApplication");
+    define("NSApplication", MessageKind::classLevel, "sharedApplication", [](Call&) -> Value {
+        return World::current().application.exists ? sharedApplication() : nullptr;
+    });
     define("NSApplication", MessageKind::instance, "setActivationPolicy:", setActivationPolicy);
     define("NSApplication", MessageKind::instance, "activate", activate);
     define("NSApplication", MessageKind::instance, "activateIgnoringOtherApps:", activate);

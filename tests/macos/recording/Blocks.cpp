@@ -29,6 +29,8 @@ struct Descriptor {
     void (*copy)(void* copied, const void* original);
     void (*dispose)(const void* block);
     const char* signature;
+    /// Always there; says where the captured objects are, for who looks for leaks.
+    const void* layout;
 };
 
 struct Layout {
@@ -110,6 +112,9 @@ void* copy(const void* block, Holder holder) {
             return nullptr;
         }
         const auto& original = layoutOf(block);
+        if ((original.flags & hasCopyAndDispose) != 0 && original.descriptor->layout != nullptr) {
+            noteProblem("a block says where its captured objects are, and has none");
+        }
         kept = std::malloc(original.descriptor->size);
         std::memcpy(kept, block, original.descriptor->size);
         static_cast<Layout*>(kept)->isa = &heapBlockClass[0];

@@ -46,6 +46,10 @@ void defineContentControllers() {
            "initWithSource:injectionTime:forMainFrameOnly:", initScript);
     define("WKScriptMessage", MessageKind::instance, "body",
            [](Call& call) -> Value { return property(call.receiver(), "posted").object(); });
+    define("WKScriptMessage", MessageKind::instance, "frameInfo",
+           [](Call& call) -> Value { return property(call.receiver(), "frame").object(); });
+    define("WKFrameInfo", MessageKind::instance, "isMainFrame",
+           [](Call& call) -> Value { return property(call.receiver(), "isMain"); });
     define("WKScriptMessage", MessageKind::instance, "name",
            [](Call& call) -> Value { return property(call.receiver(), "handler").object(); });
 }

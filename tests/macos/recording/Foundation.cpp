@@ -91,6 +91,11 @@ Kept makeString(std::string text) {
     return make("NSString", StringState{std::move(text)});
 }
 
+Kept makeStringWithoutUtf8(std::u16string units) {
+    std::string shown(units.size(), '?');
+    return make("NSString", StringState{std::move(shown), std::move(units)});
+}
+
 Kept makeData(std::string bytes) {
     return make("NSData", DataState{std::move(bytes)});
 }

@@ -30,6 +30,8 @@ namespace stagehopper::recording {
 
 // --- new ones -----------------------------------------------------------------------------------
 [[nodiscard]] Kept makeString(std::string text);
+/// One with an unpaired surrogate among these units of UTF-16, which has no UTF-8.
+[[nodiscard]] Kept makeStringWithoutUtf8(std::u16string units);
 [[nodiscard]] Kept makeData(std::string bytes);
 [[nodiscard]] Kept makeUrl(std::string address);
 [[nodiscard]] Kept makeTruth(bool value);

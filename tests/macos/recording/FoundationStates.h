@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -12,7 +13,10 @@ namespace stagehopper::recording {
 // What the stand-ins of Foundation's values carry. Plain data, any queue.
 
 struct StringState {
+    /// Of a text that is not convertible: with a question mark for each unit.
     std::string utf8;
+    /// Only of a text that has no UTF-8, because one of its surrogates is alone.
+    std::optional<std::u16string> notConvertible = std::nullopt;
 };
 struct DataState {
     std::string bytes;

@@ -7,6 +7,7 @@
 #include "tests/macos/recording/Foundation.h"
 #include "tests/macos/recording/FoundationStates.h"
 #include "tests/macos/recording/SharedInstances.h"
+#include "tests/macos/recording/World.h"
 
 namespace stagehopper::recording {
 
@@ -24,12 +25,39 @@ Value initWithBytes(Call& call) {
     return call.receiver();
 }
 
+/// A conversion loses nothing, or does not take place.
 Value utf8String(Call& call) {
-    return call.state<StringState>().utf8.c_str();
+    const auto& string = call.state<StringState>();
+    return string.notConvertible ? static_cast<const char*>(nullptr) : string.utf8.c_str();
 }
 
 Value lengthOfBytes(Call& call) {
-    return static_cast<unsigned long>(call.state<StringState>().utf8.size());
+    const auto& string = call.state<StringState>();
+    return string.notConvertible ? 0UL : static_cast<unsigned long>(string.utf8.size());
+}
+
+Value length(Call& call) {
+    const auto& string = call.state<StringState>();
+    if (string.notConvertible) {
+        return static_cast<unsigned long>(string.notConvertible->size());
+    }
+    // One unit for each character, two for those that take four bytes.
+    unsigned long units = 0;
+    for (const char byte : string.utf8) {
+        const auto bits = static_cast<unsigned char>(byte);
+        if ((bits & 0xC0U) != 0x80U) units += bits >= 0xF0U ? 2 : 1;
+    }
+    return units;
+}
+
+Value characterAtIndex(Call& call) {
+    const auto& units = call.state<StringState>().notConvertible;
+    const auto index = call.argument<unsigned long>(0);
+    if (!units || index >= units->size()) {
+        noteProblem("a character is asked for one by one, or behind the end");
+        return static_cast<unsigned short>(0);
+    }
+    return static_cast<unsigned short>((*units)[index]);
 }
 
 /// Follows ASCII and Latin-1 letters and combining accents; the rest stays as it is.
@@ -46,6 +74,20 @@ Value lowercased(Call& call) {
     return makeString(call, simulated::SimulatedText().lowercased(call.state<StringState>().utf8));
 }
 
+/// As the user's language has it.
+Value lowercasedForUser(Call& call) {
+    if (!World::current().machine.userIsTurkish) return lowercased(call);
+    std::string dotless;
+    for (const char letter : call.state<StringState>().utf8) {
+        if (letter == 'I') {
+            dotless += "ı";
+        } else {
+            dotless += letter;
+        }
+    }
+    return makeString(call, simulated::SimulatedText().lowercased(dotless));
+}
+
 Value isEqualToString(Call& call) {
     const auto other = call.argument<cocoa::id>(0);
     return isKindOf(other, "NSString") && textOf(other) == call.state<StringState>().utf8;
@@ -57,8 +99,11 @@ void defineStrings() {
     define("NSString", MessageKind::instance, "initWithBytes:length:encoding:", initWithBytes);
     define("NSString", MessageKind::instance, "UTF8String", utf8String);
     define("NSString", MessageKind::instance, "lengthOfBytesUsingEncoding:", lengthOfBytes);
+    define("NSString", MessageKind::instance, "length", length);
+    define("NSString", MessageKind::instance, "characterAtIndex:", characterAtIndex);
     define("NSString", MessageKind::instance, "stringByFoldingWithOptions:locale:", folded);
-    define("NSString", MessageKind::instance, "lowercaseStringWithLocale:", lowercased);
+    define("NSString", MessageKind::instance, "lowercaseString", lowercased);
+    define("NSString", MessageKind::instance, "lowercaseStringWithLocale:", lowercasedForUser);
     define("NSString", MessageKind::instance, "isEqualToString:", isEqualToString);
     describeAs("NSString", [](cocoa::id string) { return "\"" + textOf(string) + "\""; });
     keepOutOfJournal("NSString");

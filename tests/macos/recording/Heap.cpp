@@ -1,5 +1,6 @@
 #include "tests/macos/recording/Heap.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
 #include <unordered_map>
@@ -119,6 +120,12 @@ std::vector<std::string> heldByPort() {
                        std::to_string(record->heldByPort) + " references");
     }
     return held;
+}
+
+std::size_t living(std::string_view className) {
+    return static_cast<std::size_t>(std::ranges::count_if(all().objects, [&](const auto& entry) {
+        return entry.second->itsClass->name == className;
+    }));
 }
 
 void clear() {

@@ -52,6 +52,8 @@ void free(cocoa::id object);
 
 /// Objects to which the port still holds references: "<NSWindow 1> (2 references)".
 [[nodiscard]] std::vector<std::string> heldByPort();
+/// How many objects of this class there are.
+[[nodiscard]] std::size_t living(std::string_view className);
 /// Frees everything but constants.
 void clear();
 

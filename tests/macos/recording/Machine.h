@@ -34,6 +34,10 @@ struct Machine {
     /// Of the wall clock, in seconds since 1970, when virtual time is zero:
     /// 2026-03-14 09:26:53 UTC, which is also the local time.
     double startOfTime = 1'773'480'413;
+    /// How long the machine had been up when virtual time began.
+    double secondsUp = 5000;
+    /// Whose lower-case I has no dot.
+    bool userIsTurkish = false;
     /// Begun and not ended.
     std::vector<Activity> activities{};
     /// How many UUIDs were made so far: each is made of its number.

@@ -52,6 +52,7 @@ Protocol* objc_getProtocol(const char* name) {
         noteProblem("no protocol " + std::string(name));
         return nullptr;
     }
+    if (!recording::isKnownToTheRuntime(name)) return nullptr;
     auto& slot = protocols()[name];
     if (!slot) slot = std::make_unique<std::string>(name);
     return reinterpret_cast<Protocol*>(slot.get());
@@ -85,10 +86,14 @@ void objc_registerClassPair(Class newClass) {
 }
 
 BOOL class_addMethod(Class newClass, SEL name, IMP implementation, const char* types) {
-    // Methods may be added later, too, but never replace one.
+    // Never replace one.
     if (newClass == nullptr || !newClass->ours) {
         noteProblem("a method was added to a class of the system's");
         return toBOOL(false);
+    }
+    if (newClass->registered) {
+        noteProblem("the method " + name->name + " came after the registration: who asked " +
+                    newClass->name + " before whether it has it never sends it");
     }
     const bool isNew =
         newClass->methods.emplace(name->name, recording::Method{implementation, types}).second;

@@ -5,6 +5,7 @@
 #include "ports/macos/cocoa/AutoreleasePool.h"
 #include "ports/macos/cocoa/CGEvent.h"
 #include "ports/macos/cocoa/NSString.h"
+#include "tests/macos/recording/AccessibilityElements.h"
 #include "tests/macos/recording/Bridged.h"
 #include "tests/macos/recording/Foundation.h"
 #include "tests/macos/recording/RecordedTest.h"
@@ -80,6 +81,42 @@ TEST_F(StandInOfAnotherProgram, CostsTheWholeTimeLimitWhenItHangs) {
     cocoa::AXUIElementSetMessagingTimeout(systemWide.get(), 1);
     static_cast<void>(read(application(42), "AXRole"));
     EXPECT_DOUBLE_EQ(queues::now(), 7);
+}
+
+TEST_F(StandInOfAnotherProgram, MayHaveALimitForOneReferenceAlone) {
+    start();
+    world.accessibility.hanging.insert(42);
+    const auto patient = application(42);
+    cocoa::AXUIElementSetMessagingTimeout(patient.get(), 2);
+    static_cast<void>(read(patient, "AXRole"));
+    EXPECT_DOUBLE_EQ(queues::now(), 2);
+    static_cast<void>(read(application(42), "AXRole"));
+    EXPECT_DOUBLE_EQ(queues::now(), 8);
+}
+
+TEST_F(StandInOfAnotherProgram, ActsOnAPressThatTakesLongerThanItsCallerWaits) {
+    auto& program = start();
+    world.accessibility.pressTakes["Next"] = 9;
+    const auto press = Element::adopt(
+        static_cast<cocoa::AXUIElementRef>(giveToPort(makeElement({42, item("Next")}))));
+    const auto error = cocoa::AXUIElementPerformAction(
+        press.get(), cocoa::bridged<cocoa::CFStringRef>(cocoa::string("AXPress")));
+    EXPECT_EQ(std::to_string(error), code(platform::AccessibilityError::cannotComplete));
+    EXPECT_DOUBLE_EQ(queues::now(), 6);
+    EXPECT_THAT(program.pressed(), ElementsAre("Next"));
+}
+
+TEST_F(StandInOfAnotherProgram, GivesAKeyTheModifiersThatAreHeld) {
+    start();
+    constexpr auto shift = cocoa::kCGEventFlagMaskShift;
+    world.keyboard.held = shift;
+    const auto key = cocoa::CFOwned<cocoa::CGEventRef>::adopt(
+        cocoa::CGEventCreateKeyboardEvent(nullptr, 124, true));
+    EXPECT_NE(cocoa::CGEventGetFlags(key.get()) & shift, 0U);
+    EXPECT_NE(cocoa::CGEventGetFlags(key.get()), shift) << "an arrow has flags of its own";
+    cocoa::CGEventSetFlags(key.get(), {});
+    cocoa::CGEventPostToPid(42, key.get());
+    EXPECT_THAT(world.keyboard.postedFlags, ElementsAre(0U));
 }
 
 TEST_F(StandInOfAnotherProgram, GetsKeysByItsNumberOrByTheFocus) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -28,6 +30,8 @@ public:
 
     /// Who has the keyboard.
     std::optional<platform::Pid> front;
+    /// By the process: which of its windows has the focus in it, where it is not the first one.
+    std::map<platform::Pid, std::size_t> focusedWindow;
     /// Addresses that the program asked the system to open.
     std::vector<std::string> opened;
     /// Whether anything is responsible for such an address.

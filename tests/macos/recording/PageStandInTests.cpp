@@ -21,11 +21,14 @@ struct Listener {
     std::vector<std::string> heard;
 
     void posted(cocoa::WKUserContentController /*controller*/, cocoa::WKScriptMessage message) {
-        heard.push_back(cocoa::text(message.name()) + ": " + describe(message.body().pointer()));
+        const auto* from = message.frameInfo().isMainFrame() ? "" : " from a frame";
+        heard.push_back(cocoa::text(message.name()) + ": " + describe(message.body().pointer()) +
+                        from);
     }
     void died(cocoa::WKWebView view) {
         heard.emplace_back("died");
-        view.reload();
+        view.loadFileURL(cocoa::NSURL::fileURLWithPath(cocoa::string("/pages/a.html")),
+                         cocoa::NSURL::fileURLWithPath(cocoa::string("/pages"), true));
     }
 };
 
@@ -85,8 +88,21 @@ TEST_F(StandInOfAPage, RunsScriptsOnlyWhileAPageIsLoadedAndAlive) {
     queues::runUntilIdle();
     view_->evaluateJavaScript(cocoa::string("b"));
     EXPECT_THAT(heard(), ElementsAre("died"));
-    EXPECT_EQ(page().reloads, 1);
+    EXPECT_EQ(page().loads, 2);
     EXPECT_THAT(page().evaluated, ElementsAre("a", "b"));
+}
+
+TEST_F(StandInOfAPage, HasTheHandlersInItsFramesToo) {
+    page().postsFromFrame("bridge", "hello");
+    queues::runUntilIdle();
+    EXPECT_THAT(heard(), ElementsAre("bridge: \"hello\" from a frame"));
+}
+
+TEST_F(StandInOfAPage, GoesWhereTheUserDropsUnlessTheProgramRefuses) {
+    load();
+    page().userDrops("https://example.org/");
+    queues::runUntilIdle();
+    EXPECT_EQ(page().file, "https://example.org/");
 }
 
 TEST_F(StandInOfAPage, KnowsOneKeyOnly) {

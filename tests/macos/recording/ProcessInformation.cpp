@@ -4,6 +4,7 @@
 #include "tests/macos/recording/Definitions.h"
 #include "tests/macos/recording/Foundation.h"
 #include "tests/macos/recording/FoundationStates.h"
+#include "tests/macos/recording/Queues.h"
 #include "tests/macos/recording/SharedInstances.h"
 #include "tests/macos/recording/World.h"
 
@@ -59,6 +60,8 @@ void defineProcessInformation() {
     defineShared("NSProcessInfo", "processInfo");
     define("NSProcessInfo", MessageKind::instance, "processIdentifier",
            [](Call&) -> Value { return machine().processIdentifier; });
+    define("NSProcessInfo", MessageKind::instance, "systemUptime",
+           [](Call&) -> Value { return machine().secondsUp + queues::now(); });
     define("NSProcessInfo", MessageKind::instance, "arguments",
            [](Call& call) -> Value { return makeTexts(call, machine().arguments); });
     define("NSProcessInfo", MessageKind::instance, "environment", environment);

@@ -1,3 +1,5 @@
+#include <csignal>
+
 #include "ports/macos/cocoa/NSNotification.h"
 #include "ports/macos/cocoa/RuntimeClass.h"
 #include "tests/macos/recording/Behaviours.h"
@@ -96,6 +98,32 @@ TEST_F(RegisteredClass, ARequiredMethodThatIsMissingIsAProblem) {
     EXPECT_THAT(takeProblems(), ElementsAre("Lacking lacks "
                                             "userContentController:didReceiveScriptMessage: of "
                                             "WKScriptMessageHandler"));
+}
+
+TEST_F(RegisteredClass, ANameThatIsTakenEndsTheProgramWithIt) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_DEATH(
+        {
+            // The end is expected: a sanitizer need not report it.
+            std::signal(SIGABRT, SIG_DFL);
+            RuntimeClass<Target>("NSWindow");
+        },
+        "a class NSWindow is there already");
+}
+
+TEST_F(RegisteredClass, AProtocolWithoutARecordIsLeftOut) {
+    EXPECT_EQ(cocoa::objc_getProtocol("NSApplicationDelegate"), nullptr);
+    RuntimeClass<Target>("Delegate")
+        .conformsTo("NSApplicationDelegate")
+        .method<"applicationWillTerminate:", &Target::takes>()
+        .registerClass();
+}
+
+TEST_F(RegisteredClass, AMethodThatComesAfterTheRegistrationIsAProblem) {
+    RuntimeClass<Target> late("Late");
+    late.conformsTo("NSWindowDelegate").registerClass();
+    late.method<"windowWillClose:", &Target::takes>();
+    EXPECT_THAT(takeProblems(), ElementsAre(HasSubstr("came after the registration")));
 }
 
 TEST_F(RegisteredClass, AProtocolOrClassThatDoesNotExistIsAProblem) {

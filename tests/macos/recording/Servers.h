@@ -15,6 +15,10 @@ struct ServerAnswer {
     std::string body{};
     /// False: what comes back is no HTTP answer at all.
     bool http = true;
+    /// Where a redirect leads; the system goes there by itself.
+    std::string location{};
+    /// Only the head comes; then the connection is lost.
+    bool breaksOff = false;
 };
 
 /// A server on a port of the loopback interface.

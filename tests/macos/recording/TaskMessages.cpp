@@ -15,6 +15,9 @@ namespace stagehopper::recording {
 
 namespace {
 
+/// Seconds; long enough for more to become due.
+constexpr double lastTurnOfTheLoop = 0.05;
+
 struct TaskState {
     /// Null until it was launched.
     std::shared_ptr<LaunchedTask> launched;
@@ -81,12 +84,16 @@ Value terminate(Call& call) {
     return {};
 }
 
-/// From the main thread the real one runs its loop meanwhile.
+/// No good on any thread. On the main one it runs the loop, and once more after the exit: whatever
+/// is due happens in the middle of the caller. On others it hangs now and then, since the news of
+/// the exit goes to a run loop that nobody runs.
 Value waitUntilExit(Call& call) {
     if (launchedTask(call) == nullptr) return {};
+    noteProblem("-[NSTask waitUntilExit] on " + queues::current());
     const auto exited = [task = call.state<TaskState>().launched] { return !task->running; };
     if (queues::current() == "main") {
         queues::runUntil(exited);
+        queues::advance(lastTurnOfTheLoop);
     } else {
         queues::waitUntil(exited, queues::forever);
     }

@@ -22,6 +22,7 @@ struct DataTaskState {
 
 struct ResponseState {
     long statusCode = 0;
+    std::string address;
 };
 
 /// What a request comes to.
@@ -36,17 +37,26 @@ Outcome failure(double delay, const char* reason) {
     return {.delay = delay, .error = makeError(reason)};
 }
 
-Outcome outcomeOf(const std::string& address) {
+Outcome outcomeOf(const std::string& asked) {
+    auto address = asked;
     auto& servers = World::current().servers;
-    const auto* server = servers.serverOf(address);
-    if (server == nullptr) return failure(0, Servers::refused);
-    const auto delay = server->answersAfter.value_or(Servers::requestLimit);
-    if (delay >= Servers::requestLimit) return failure(Servers::requestLimit, Servers::timedOut);
-    const auto found = server->answers.find(Servers::pathOf(address));
-    const auto answer = found == server->answers.end() ? ServerAnswer{404} : found->second;
+    ServerAnswer answer;
+    double delay = 0;
+    for (bool redirected = true; redirected;) {
+        const auto* server = servers.serverOf(address);
+        if (server == nullptr) return failure(delay, Servers::refused);
+        delay += server->answersAfter.value_or(Servers::requestLimit);
+        if (delay >= Servers::requestLimit)
+            return failure(Servers::requestLimit, Servers::timedOut);
+        const auto found = server->answers.find(Servers::pathOf(address));
+        answer = found == server->answers.end() ? ServerAnswer{404} : found->second;
+        redirected = !answer.location.empty();
+        if (redirected) address = answer.location;
+    }
     Outcome outcome{.delay = delay, .data = makeData(answer.body)};
     outcome.response = makeObject(answer.http ? "NSHTTPURLResponse" : "NSURLResponse");
-    stateOf<ResponseState>(outcome.response.get()).statusCode = answer.status;
+    stateOf<ResponseState>(outcome.response.get()) = {answer.status, address};
+    if (answer.breaksOff) outcome.error = makeError(Servers::lost);
     return outcome;
 }
 
@@ -80,6 +90,8 @@ void defineUrlSessions() {
     defineShared("NSURLSession", "sharedSession");
     define("NSURLSession", MessageKind::instance, "dataTaskWithURL:completionHandler:", dataTask);
     define("NSURLSessionDataTask", MessageKind::instance, "resume", resume);
+    define("NSURLResponse", MessageKind::instance, "URL",
+           [](Call& call) -> Value { return makeUrl(call, call.state<ResponseState>().address); });
     define("NSHTTPURLResponse", MessageKind::instance, "statusCode",
            [](Call& call) -> Value { return call.state<ResponseState>().statusCode; });
 }

@@ -9,6 +9,7 @@
 #include "ports/macos/cocoa/NSNumber.h"
 #include "ports/macos/cocoa/NSURL.h"
 #include "ports/macos/cocoa/NSUUID.h"
+#include "tests/macos/recording/Foundation.h"
 #include "tests/macos/recording/RecordedTest.h"
 
 namespace stagehopper::recording {
@@ -31,6 +32,29 @@ TEST_F(StandInsOfValues, KeepATextWithItsZeros) {
 TEST_F(StandInsOfValues, RefuseATextThatIsNotWellFormed) {
     EXPECT_FALSE(cocoa::NSString::withUtf8("\xFF"));
     EXPECT_FALSE(cocoa::NSString::withUtf8("\xED\xA0\x80"));
+}
+
+TEST_F(StandInsOfValues, HaveNoUtf8ForHalfASurrogatePair) {
+    const auto half = makeStringWithoutUtf8(u"é\xD83D");
+    const cocoa::NSString string(half.get());
+    EXPECT_EQ(string.UTF8String(), nullptr);
+    EXPECT_EQ(string.lengthOfBytesUsingEncoding(cocoa::NSUTF8StringEncoding), 0U);
+    EXPECT_EQ(string.length(), 2U);
+    EXPECT_EQ(string.characterAtIndex(1), 0xD83D);
+}
+
+TEST_F(StandInsOfValues, CountTheUnitsOfAText) {
+    EXPECT_EQ(cocoa::string("aé页😀").length(), 5U);
+}
+
+TEST(Utf16, BecomesUtf8AndKeepsHalvesOfPairsAsBytes) {
+    EXPECT_EQ(cocoa::utf8Of(u"aé页😀"), "aé页😀");
+    EXPECT_EQ(cocoa::utf8Of(u""), "");
+    EXPECT_EQ(cocoa::utf8Of(u"\xD83D"), "\xED\xA0\xBD");
+    EXPECT_EQ(cocoa::utf8Of(u"\xDE00\xD83D"
+                            u"a"),
+              "\xED\xB8\x80\xED\xA0\xBD"
+              "a");
 }
 
 TEST_F(StandInsOfValues, FoldCaseAndDiacritics) {

@@ -3,6 +3,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "ports/macos/cocoa/Block.h"
 #include "tests/macos/recording/Behaviours.h"
 #include "tests/macos/recording/Callbacks.h"
 #include "tests/macos/recording/ContentController.h"
@@ -13,7 +14,37 @@ namespace stagehopper::recording {
 
 namespace {
 
-void deliver(cocoa::id view, const std::string& name, const Kept& body) {
+Kept makeFrame(bool isMain) {
+    auto frame = makeObject("WKFrameInfo");
+    setProperty(frame.get(), "isMain", isMain);
+    return frame;
+}
+
+/// As WebKit asks before each navigation. Without a frame it is for a new window. What the program
+/// has no opinion about is allowed.
+bool isAllowed(cocoa::id view, std::string_view address, const Kept& frame) {
+    constexpr auto question = "webView:decidePolicyForNavigationAction:decisionHandler:";
+    const auto delegate = property(view, "navigationDelegate").object();
+    if (!responds(delegate, question)) return true;
+    const auto request = makeObject("NSURLRequest");
+    setProperty(request.get(), "url", makeUrl(std::string(address)).get());
+    const auto action = makeObject("WKNavigationAction");
+    setProperty(action.get(), "asked", request.get());
+    setProperty(action.get(), "target", frame.get());
+    int answers = 0;
+    long policy = 0;
+    const cocoa::Block<void(long)> handler([&answers, &policy](long decided) {
+        ++answers;
+        policy = decided;
+    });
+    tell(delegate, question, view, action.get(), handler.get());
+    // The real one raises an exception.
+    if (answers != 1)
+        noteProblem("a decision handler was called " + std::to_string(answers) + " times");
+    return policy == 1;
+}
+
+void deliver(cocoa::id view, const std::string& name, const Kept& body, bool fromMainFrame) {
     const auto controller = contentControllerOf(view);
     if (controller == nullptr) return;
     const auto& handlers = stateOf<ContentControllerState>(controller).handlers;
@@ -24,6 +55,7 @@ void deliver(cocoa::id view, const std::string& name, const Kept& body) {
     const auto message = makeObject("WKScriptMessage");
     setProperty(message.get(), "posted", body.get());
     setProperty(message.get(), "handler", makeString(name).get());
+    setProperty(message.get(), "frame", makeFrame(fromMainFrame).get());
     tell(handler.get(), "userContentController:didReceiveScriptMessage:", controller,
          message.get());
 }
@@ -35,8 +67,41 @@ void WebPage::posts(std::string_view handler, std::string_view text) const {
 }
 
 void WebPage::posts(std::string_view handler, Kept body) const {
-    queues::async("main", [view = view_, name = std::string(handler), body = std::move(body)] {
-        if (const Kept shown(view.get()); shown) deliver(shown.get(), name, body);
+    post(handler, std::move(body), true);
+}
+
+void WebPage::postsFromFrame(std::string_view handler, std::string_view text) const {
+    post(handler, makeString(std::string(text)), false);
+}
+
+void WebPage::post(std::string_view handler, Kept body, bool fromMainFrame) const {
+    queues::async(
+        "main", [view = view_, name = std::string(handler), body = std::move(body), fromMainFrame] {
+            const Kept shown(view.get());
+            if (shown) deliver(shown.get(), name, body, fromMainFrame);
+        });
+}
+
+void WebPage::userDrops(std::string_view address) {
+    queues::async("main", [this, view = view_, address = std::string(address)] {
+        const Kept shown(view.get());
+        if (shown && isAllowed(shown.get(), address, makeFrame(true))) file = address;
+    });
+}
+
+bool WebPage::frameMayGoTo(std::string_view address) const {
+    return isAllowed(view(), address, makeFrame(false));
+}
+
+bool WebPage::mayOpenWindow(std::string_view address) const {
+    return isAllowed(view(), address, {});
+}
+
+void WebPage::loadBegins(const std::string& address) const {
+    queues::async("main", [view = view_, address] {
+        const Kept shown(view.get());
+        if (!shown || isAllowed(shown.get(), address, makeFrame(true))) return;
+        noteProblem("the program refuses its own page " + address);
     });
 }
 

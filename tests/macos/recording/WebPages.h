@@ -26,6 +26,14 @@ public:
     void posts(std::string_view handler, std::string_view text) const;
     /// Any other value.
     void posts(std::string_view handler, Kept body) const;
+    /// As a page does that stands in a frame of this one; the handlers are there, too.
+    void postsFromFrame(std::string_view handler, std::string_view text) const;
+    /// The user drops a file or a link on the view, as soon as the main thread takes it: the main
+    /// frame goes there unless the program refuses.
+    void userDrops(std::string_view address);
+    /// The same for a frame in the page, and for a new window.
+    [[nodiscard]] bool frameMayGoTo(std::string_view address) const;
+    [[nodiscard]] bool mayOpenWindow(std::string_view address) const;
     /// The process that shows the page dies, as soon as the main thread hears of it.
     void processDies();
 
@@ -38,11 +46,10 @@ public:
     /// What is run before the page at each load.
     [[nodiscard]] std::vector<InjectedScript> injectedScripts() const;
 
-    /// What was loaded last, and what it may read.
+    /// What was loaded last, or dropped; and what it may read.
     std::string file;
     std::string readAccess;
     int loads = 0;
-    int reloads = 0;
     /// Loads were stopped, or none was begun.
     bool stopped = true;
     /// False from its death to the next load.
@@ -51,7 +58,12 @@ public:
     /// a dead page does nothing.
     std::vector<std::string> evaluated;
 
+    /// For WKWebView: the program is asked about the load that it has begun.
+    void loadBegins(const std::string& address) const;
+
 private:
+    void post(std::string_view handler, Kept body, bool fromMainFrame) const;
+
     Weak view_;
 };
 

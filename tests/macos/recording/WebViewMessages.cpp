@@ -47,13 +47,7 @@ Value loadFile(Call& call) {
     ++page.loads;
     page.stopped = false;
     page.alive = true;
-    return navigation(call);
-}
-
-Value reload(Call& call) {
-    auto& page = pageOf(call);
-    ++page.reloads;
-    page.alive = true;
+    page.loadBegins("file://" + page.file);
     return navigation(call);
 }
 
@@ -66,6 +60,15 @@ Value evaluate(Call& call) {
     auto& page = pageOf(call);
     if (page.loads > 0 && page.alive) page.evaluated.push_back(textOf(call.argument<cocoa::id>(0)));
     return {};
+}
+
+/// One for each configuration.
+Value preferences(Call& call) {
+    const auto known = property(call.receiver(), "preferencesObject").object();
+    if (known != nullptr) return known;
+    const auto made = makeObject("WKPreferences");
+    setProperty(call.receiver(), "preferencesObject", made.get());
+    return made.get();
 }
 
 /// Key-value coding: a key that the view does not have raises an exception.
@@ -86,10 +89,18 @@ void defineWebViews() {
     constexpr auto view = "WKWebView";
     define(view, MessageKind::instance, "initWithFrame:configuration:", init);
     define(view, MessageKind::instance, "loadFileURL:allowingReadAccessToURL:", loadFile);
-    define(view, MessageKind::instance, "reload", reload);
     define(view, MessageKind::instance, "stopLoading", stopLoading);
     define(view, MessageKind::instance, "evaluateJavaScript:completionHandler:", evaluate);
     define(view, MessageKind::instance, "setValue:forKey:", setValueForKey);
+    define("WKWebViewConfiguration", MessageKind::instance, "preferences", preferences);
+    define("WKWebsiteDataStore", MessageKind::classLevel, "nonPersistentDataStore",
+           [](Call& call) -> Value { return call.make("WKWebsiteDataStore"); });
+    define("WKNavigationAction", MessageKind::instance, "request",
+           [](Call& call) -> Value { return property(call.receiver(), "asked").object(); });
+    define("WKNavigationAction", MessageKind::instance, "targetFrame",
+           [](Call& call) -> Value { return property(call.receiver(), "target").object(); });
+    define("NSURLRequest", MessageKind::instance, "URL",
+           [](Call& call) -> Value { return property(call.receiver(), "url").object(); });
 }
 
 }  // namespace stagehopper::recording

@@ -25,6 +25,8 @@ void setDefaults(cocoa::id window) {
     setProperty(window, "hasShadow", true);
     setProperty(window, "hidesOnDeactivate", panel);
     setProperty(window, "releasedWhenClosed", !panel);
+    setProperty(window, "restorable", true);
+    setProperty(window, "animationBehavior", 0L);
 }
 
 Value init(Call& call) {

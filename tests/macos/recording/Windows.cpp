@@ -58,6 +58,8 @@ WindowLook Windows::look(cocoa::id window) {
             .hidesOnDeactivate = propertyOf<bool>(window, "hidesOnDeactivate"),
             .ignoresMouseEvents = propertyOf<bool>(window, "ignoresMouseEvents"),
             .releasedWhenClosed = propertyOf<bool>(window, "releasedWhenClosed"),
+            .restorable = propertyOf<bool>(window, "restorable"),
+            .animationBehavior = propertyOf<long>(window, "animationBehavior"),
             .contentView = property(window, "contentView").object()};
 }
 

@@ -28,6 +28,9 @@ struct WindowLook {
     bool hidesOnDeactivate = false;
     bool ignoresMouseEvents = false;
     bool releasedWhenClosed = true;
+    bool restorable = true;
+    /// 0: AppKit moves it in and out as it likes.
+    long animationBehavior = 0;
     cocoa::id contentView = nullptr;
 };
 

@@ -118,6 +118,22 @@ TEST_F(MacBackend, AnAnswerWithAnErrorIsNoBackend) {
     EXPECT_THAT(starts(), SizeIs(1));
 }
 
+TEST_F(MacBackend, ARedirectIsNoBackendWhereverItLeads) {
+    auto& server = world.servers.serve(3000);
+    server.answers["/health"] = {.status = 302, .location = "http://127.0.0.1:3000/elsewhere"};
+    server.answers["/elsewhere"] = {.status = 200};
+    installServingBackend(3001);
+    launch();
+    EXPECT_THAT(starts(), SizeIs(1));
+}
+
+TEST_F(MacBackend, AStatusCountsThoughItsBodyBreaksOff) {
+    world.servers.serve(3000).answers["/health"] = {.status = 200, .breaksOff = true};
+    installServingBackend(3001);
+    launch();
+    EXPECT_THAT(starts(), IsEmpty());
+}
+
 TEST_F(MacBackend, ItsEndIsHeardOnTheTasksThreadAndTakenToTheMainQueue) {
     installServingBackend(3000);
     launch();
@@ -157,7 +173,6 @@ TEST_F(MacBackend, ATaskThatNeverStartedIsAskedNothing) {
     pagePosts("CMD:stopBundledBackend");
     userQuits();
     EXPECT_THAT(lines(receiver + "terminate"), IsEmpty());
-    EXPECT_THAT(lines(receiver + "waitUntilExit"), IsEmpty());
     EXPECT_THAT(lines(receiver + "terminationStatus"), IsEmpty());
 }
 
@@ -168,18 +183,18 @@ TEST_F(MacBackend, TheUsersStopIsCarriedOutInTheBackground) {
     const auto receiver = "[" + taskName() + " ";
     forget();
     pagePosts("CMD:stopBundledBackend");
-    expectInOrder({"dispatch_async_f(global user-initiated)", receiver + "terminate]",
-                   receiver + "waitUntilExit]"});
+    expectInOrder({"dispatch_async_f(global user-initiated)", receiver + "terminate]"});
     EXPECT_EQ(queueOf(receiver + "terminate]"), "global user-initiated");
-    EXPECT_EQ(queueOf(receiver + "waitUntilExit]"), "global user-initiated");
     // The main thread goes on meanwhile.
     EXPECT_TRUE(task().running);
     pagePosts("DBG:still here");
     EXPECT_THAT(diagnostics("panel_debug"), ElementsAre("panel_debug still here"));
+    advance(4.9);
+    EXPECT_TRUE(task().running);
     forget();
-    advance(5);
+    advance(0.1);
     EXPECT_FALSE(task().running);
-    EXPECT_THAT(lines(), Contains("dispatch_async_f(main)"));
+    EXPECT_EQ(queueOf("dispatch_async_f(main)"), "global user-initiated");
     EXPECT_THAT(starts(), SizeIs(1));
 }
 
@@ -201,8 +216,7 @@ TEST_F(MacBackend, QuittingEndsItAndWaitsOnTheMainThread) {
     forget();
     const auto before = recording::queues::now();
     userQuits();
-    expectInOrder({receiver + "terminate]", receiver + "waitUntilExit]"});
-    EXPECT_EQ(queueOf(receiver + "waitUntilExit]"), "main");
+    EXPECT_EQ(queueOf(receiver + "terminate]"), "main");
     EXPECT_THAT(recording::queues::now() - before, DoubleNear(3, 1e-6));
     EXPECT_FALSE(task().running);
     EXPECT_TRUE(world.application.terminated());

@@ -37,6 +37,14 @@ TEST_F(MacBridge, ATextReachesTheController) {
     EXPECT_EQ(queueOf("didReceiveScriptMessage:"), "main");
 }
 
+TEST_F(MacBridge, ATextWithHalfASurrogatePairIsInTheSystemsLogAndNotInTheFile) {
+    pagePostsOther(recording::makeStringWithoutUtf8(u"DBG:é\xD83D!"));
+    EXPECT_THAT(diagnostics(), ElementsAre("panel_debug é\uFFFD\uFFFD\uFFFD!"));
+    pagePosts("DBG:whole");
+    EXPECT_THAT(files.contents(logFile), testing::EndsWith("panel_debug whole\n"));
+    EXPECT_THAT(files.contents(logFile), testing::Not(testing::HasSubstr("é")));
+}
+
 TEST_F(MacBridge, AnEmptyTextDoesNothing) {
     pagePosts("");
     EXPECT_THAT(world.systemLog, IsEmpty());
@@ -57,22 +65,74 @@ TEST_F(MacBridge, AnUnknownHandlerIsNotOurs) {
     EXPECT_THAT(world.systemLog, IsEmpty());
 }
 
-TEST_F(MacBridge, APageWhoseProcessDiedIsLoadedAgain) {
+TEST_F(MacBridge, WhatAFrameOfThePagePostsIsIgnored) {
+    panelPage().postsFromFrame("bridge", "CMD:showOverlay");
+    panelPage().postsFromFrame("bridge", "DBG:from a frame");
+    runUntilIdle();
+    EXPECT_THAT(world.systemLog, IsEmpty());
+    EXPECT_THAT(lines("NSPanel"), IsEmpty());
+}
+
+TEST_F(MacBridge, WhatIsDroppedOnThePageDoesNotReplaceIt) {
+    const auto page = panelPage().file;
+    for (const auto* address :
+         {"file:///Users/me/slides.html", "https://example.org/", "http://127.0.0.1:3000/phone"}) {
+        panelPage().userDrops(address);
+        runUntilIdle();
+        EXPECT_EQ(panelPage().file, page);
+    }
+}
+
+TEST_F(MacBridge, ThePageMayGoToItselfAgain) {
+    const auto page = panelPage().file;
+    panelPage().userDrops("file://" + page + "#top");
+    runUntilIdle();
+    EXPECT_EQ(panelPage().file, "file://" + page + "#top");
+}
+
+TEST_F(MacBridge, AFrameShowsTheBackendsPageAndNoWindowIsOpened) {
+    EXPECT_TRUE(panelPage().frameMayGoTo("http://127.0.0.1:3000/link"));
+    EXPECT_FALSE(panelPage().mayOpenWindow("http://127.0.0.1:3000/link"));
+}
+
+TEST_F(MacBridge, APageWhoseProcessDiedIsLoadedAgainAfterAPause) {
     panelPage().processDies();
     runUntilIdle();
-    EXPECT_THAT(lines("WKWebView"), testing::Contains("[<WKWebView 1> reload]"));
-    EXPECT_EQ(panelPage().reloads, 1);
+    EXPECT_EQ(panelPage().loads, 1);
+    advance(0.6);
+    EXPECT_EQ(panelPage().loads, 2);
     EXPECT_TRUE(panelPage().alive);
+    EXPECT_THAT(world.systemLog,
+                ElementsAre("Stagehopper: the page panel.html ended and is loaded again"));
     pagePosts("DBG:back again");
     EXPECT_THAT(diagnostics(), ElementsAre("panel_debug back again"));
+}
+
+TEST_F(MacBridge, APageThatDiesTooOftenStaysEmpty) {
+    for (int death = 1; death <= 4; ++death) {
+        panelPage().processDies();
+        advance(1);
+    }
+    EXPECT_EQ(panelPage().loads, 4);
+    EXPECT_FALSE(panelPage().alive);
+    EXPECT_EQ(world.systemLog.back(),
+              "Stagehopper: the page panel.html ended too often and stays empty");
+}
+
+TEST_F(MacBridge, APageThatDiesOnceAMinuteIsAlwaysLoadedAgain) {
+    for (int death = 1; death <= 6; ++death) {
+        panelPage().processDies();
+        advance(30);
+    }
+    EXPECT_TRUE(panelPage().alive);
 }
 
 TEST_F(MacBridge, TheOverlaysPageIsLoadedAgainToo) {
     pagePosts("CMD:showOverlay");
     world.pages.at(1).processDies();
-    runUntilIdle();
-    EXPECT_EQ(world.pages.at(1).reloads, 1);
-    EXPECT_EQ(panelPage().reloads, 0);
+    advance(0.6);
+    EXPECT_EQ(world.pages.at(1).loads, 2);
+    EXPECT_EQ(panelPage().loads, 1);
 }
 
 TEST_F(MacBridge, WhatThePageSaysAfterTheControllersEndIsNotHeard) {

@@ -67,6 +67,40 @@ TEST_F(MacProcess, HasNoStatusWhileItRuns) {
     EXPECT_EQ(process.terminationStatus(), 7);
 }
 
+TEST_F(MacProcess, ManyMayWaitForOneEndAlsoAfterIt) {
+    world.tasks.programs[tool] = {.exitsAfter = platform::Duration{1}};
+    macos_port::MacChildProcess process({.executable = tool});
+    ASSERT_TRUE(process.launch({}));
+    int passed = 0;
+    for (int i = 0; i < 3; ++i) {
+        recording::queues::async("global default", [&] {
+            process.waitUntilExit();
+            ++passed;
+        });
+    }
+    advance(0.9);
+    EXPECT_EQ(passed, 0);
+    advance(0.2);
+    EXPECT_EQ(passed, 3);
+    process.waitUntilExit();
+}
+
+TEST_F(MacProcess, ItsHandleMayGoWhileItsEndIsAwaited) {
+    world.tasks.programs[tool] = {.exitsAfter = platform::Duration{1}};
+    auto process = std::make_unique<macos_port::MacChildProcess>(
+        platform::ChildProcessOptions{.executable = tool});
+    ASSERT_TRUE(process->launch({}));
+    bool passed = false;
+    recording::queues::async("global default", [&passed, waited = process.get()] {
+        waited->waitUntilExit();
+        passed = true;
+    });
+    runUntilIdle();
+    process.reset();
+    advance(2);
+    EXPECT_TRUE(passed);
+}
+
 TEST_F(MacProcess, ItsEndIsToldAlsoWhenNobodyHoldsItAnyMore) {
     world.tasks.programs[tool] = {.exitsAfter = platform::Duration{1}, .exitStatus = 7};
     std::vector<std::int32_t> statuses;

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "ports/webkit/FrameMark.h"
 #include "resources/PanelScript.h"
 #include "tests/macos/MacStage.h"
 #include "tests/macos/recording/Behaviours.h"
@@ -25,6 +26,11 @@ protected:
         return recording::property(recording::sharedApplication(), "mainMenu").object();
     }
 };
+
+TEST_F(MacLaunch, WithoutAnApplicationObjectTheProgramStops) {
+    world.application.exists = false;
+    EXPECT_DEATH(make(), "there is no NSApplication");
+}
 
 TEST_F(MacLaunch, GoesInOneOrder) {
     launch();
@@ -72,18 +78,20 @@ TEST_F(MacLaunch, ThePanelWindowIsConfiguredBeforeItIsShown) {
     launch();
     EXPECT_THAT(
         lines("[<NSWindow 1> "),
-        ElementsAre(
-            "[<NSWindow 1> initWithContentRect:{0,0,520,680} styleMask:15 backing:2 "
-            "defer:NO]",
-            "[<NSWindow 1> setReleasedWhenClosed:NO]", "[<NSWindow 1> setTitle:\"Stagehopper\"]",
-            "[<NSWindow 1> setMinSize:{380,480}]", "[<NSWindow 1> setContentView:<WKWebView 1>]",
-            "[<NSWindow 1> center]", "[<NSWindow 1> setDelegate:<AppController 1>]",
-            "[<NSWindow 1> makeKeyAndOrderFront:nil]"));
+        ElementsAre("[<NSWindow 1> initWithContentRect:{0,0,520,680} styleMask:15 backing:2 "
+                    "defer:NO]",
+                    "[<NSWindow 1> setReleasedWhenClosed:NO]", "[<NSWindow 1> setRestorable:NO]",
+                    "[<NSWindow 1> setTitle:\"Stagehopper\"]",
+                    "[<NSWindow 1> setMinSize:{380,480}]",
+                    "[<NSWindow 1> setContentView:<WKWebView 1>]", "[<NSWindow 1> center]",
+                    "[<NSWindow 1> setDelegate:<AppController 1>]",
+                    "[<NSWindow 1> makeKeyAndOrderFront:nil]"));
     const auto look = world.windows.look("NSWindow");
     EXPECT_EQ(look.title, "Stagehopper");
     EXPECT_TRUE(look.visible);
     EXPECT_TRUE(look.key);
     EXPECT_FALSE(look.releasedWhenClosed);
+    EXPECT_FALSE(look.restorable);
     EXPECT_EQ(look.contentView, panelPage().view());
 }
 
@@ -91,16 +99,25 @@ TEST_F(MacLaunch, ThePanelsPageCanPostToTheBridgeAndHasItsScript) {
     launch();
     expectInOrder({
         "[<WKUserContentController 1> addScriptMessageHandler:<BridgeHandler 1> name:\"bridge\"]",
-        "[<WKUserContentController 1> addUserScript:<WKUserScript 1>]",
+        "[<WKUserContentController 1> addUserScript:<WKUserScript 2>]",
         "[<WKWebViewConfiguration 1> setUserContentController:<WKUserContentController 1>]",
         "[<WKWebView 1> initWithFrame:{0,0,0,0} configuration:<WKWebViewConfiguration 1>]",
         "[<WKWebView 1> setNavigationDelegate:<PageGuard 1>]",
     });
     EXPECT_THAT(panelPage().handlers(), ElementsAre("bridge"));
-    ASSERT_THAT(panelPage().injectedScripts(), SizeIs(1));
-    EXPECT_EQ(panelPage().injectedScripts()[0].source, panelScript);
+    ASSERT_THAT(panelPage().injectedScripts(), SizeIs(2));
+    // By the first one the backend's page knows, in its frame, that the view is ours.
+    EXPECT_EQ(panelPage().injectedScripts()[0].source, webkit_ports::frameMarkScript);
     EXPECT_EQ(panelPage().injectedScripts()[0].injectionTime, 0);
-    EXPECT_TRUE(panelPage().injectedScripts()[0].mainFrameOnly);
+    EXPECT_FALSE(panelPage().injectedScripts()[0].mainFrameOnly);
+    EXPECT_EQ(panelPage().injectedScripts()[1].source, panelScript);
+    EXPECT_EQ(panelPage().injectedScripts()[1].injectionTime, 0);
+    EXPECT_TRUE(panelPage().injectedScripts()[1].mainFrameOnly);
+    EXPECT_THAT(lines("<WKPreferences 1> set"),
+                ElementsAre("[<WKPreferences 1> setInactiveSchedulingPolicy:2]"));
+    EXPECT_THAT(lines("DataStore"), ElementsAre("[WKWebsiteDataStore nonPersistentDataStore]",
+                                                "[<WKWebViewConfiguration 1> "
+                                                "setWebsiteDataStore:<WKWebsiteDataStore 1>]"));
     EXPECT_EQ(panelPage().file, std::string(resources) + "/panel.html");
     EXPECT_EQ(panelPage().readAccess, resources);
 }
@@ -163,7 +180,18 @@ TEST_F(MacLaunch, IsNotSlowedDownInTheBackground) {
     EXPECT_NE(world.machine.activities[0].token.get(), nullptr);
 }
 
-TEST_F(MacLaunch, OtherProgramsGetOneSecondToAnswer) {
+TEST_F(MacLaunch, TheSystemHasNothingToWarnOf) {
+    launch();
+    EXPECT_THAT(world.systemLog, testing::Not(Contains(testing::HasSubstr("WARNING"))));
+}
+
+TEST_F(MacLaunch, LowerCaseDoesNotFollowTheUsersLanguage) {
+    world.machine.userIsTurkish = true;
+    launch();
+    EXPECT_EQ(services().platform(files).text.lowercased("SLIDE İ"), "slide İ");
+}
+
+TEST_F(MacLaunch, OtherProgramsGetOneSecondToAnswerAQuestion) {
     launch();
     EXPECT_THAT(lines("AXUIElementSetMessagingTimeout"), SizeIs(1));
     EXPECT_EQ(world.accessibility.timeLimit, 1.0);

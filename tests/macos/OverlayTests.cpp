@@ -36,12 +36,14 @@ TEST_F(MacOverlay, IsBuiltInOneOrderAndShownWithoutTakingTheFocus) {
     forget();
     show();
     expectInOrder({
-        "[<WKUserContentController 2> addUserScript:<WKUserScript 2>]",
+        "[<WKUserContentController 2> addUserScript:<WKUserScript 4>]",
         "[<WKWebViewConfiguration 2> setUserContentController:<WKUserContentController 2>]",
         "[<WKWebView 2> initWithFrame:{0,0,1440,900} configuration:<WKWebViewConfiguration 2>]",
         "[<WKWebView 2> setValue:@NO forKey:\"drawsBackground\"]",
         "[<NSPanel 1> initWithContentRect:{0,0,1440,900} styleMask:128 backing:2 defer:NO]",
         "[<NSPanel 1> setReleasedWhenClosed:NO]",
+        "[<NSPanel 1> setRestorable:NO]",
+        "[<NSPanel 1> setAnimationBehavior:2]",
         "[<NSPanel 1> setBackgroundColor:clearColor]",
         "[<NSPanel 1> setOpaque:NO]",
         "[<NSPanel 1> setHasShadow:NO]",
@@ -72,15 +74,18 @@ TEST_F(MacOverlay, IsAClearPanelAboveEverythingThatLetsTheMouseThrough) {
     EXPECT_FALSE(look.hasShadow);
     EXPECT_FALSE(look.hidesOnDeactivate);
     EXPECT_TRUE(look.ignoresMouseEvents);
+    EXPECT_FALSE(look.restorable);
+    EXPECT_EQ(look.animationBehavior, 2) << "it would fade, and be freed in the middle of it";
     EXPECT_FALSE(page().drawsBackground());
 }
 
 TEST_F(MacOverlay, ItsPageCanPostNothing) {
     show();
     EXPECT_THAT(page().handlers(), IsEmpty());
-    ASSERT_THAT(page().injectedScripts(), SizeIs(1));
-    EXPECT_EQ(page().injectedScripts()[0].injectionTime, 0);
-    EXPECT_TRUE(page().injectedScripts()[0].mainFrameOnly);
+    // The first marks the frames.
+    ASSERT_THAT(page().injectedScripts(), SizeIs(2));
+    EXPECT_EQ(page().injectedScripts()[1].injectionTime, 0);
+    EXPECT_TRUE(page().injectedScripts()[1].mainFrameOnly);
 }
 
 TEST_F(MacOverlay, ShowingItAgainOnlyOrdersItFront) {

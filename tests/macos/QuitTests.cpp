@@ -3,12 +3,14 @@
 #include <gmock/gmock.h>
 
 #include "tests/macos/MacStage.h"
+#include "tests/scenario/Programs.h"
 
 namespace stagehopper {
 
 namespace {
 
 using recording::expectInOrder;
+using simulated::item;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -30,9 +32,12 @@ protected:
         forget();
     }
 
+    platform::Duration backendEndsWithin_{0.01};
+
 private:
     void serveMeetingsAtStart() {
-        installBackend({.onStart = [this] { serveMeeting(3000, "AB12"); },
+        installBackend({.endsWithin = backendEndsWithin_,
+                        .onStart = [this] { serveMeeting(3000, "AB12"); },
                         .onEnd = [this] { world.servers.stopServing(3000); }});
     }
 };
@@ -48,14 +53,72 @@ TEST_F(MacQuit, EverythingIsEndedInOneOrder) {
         "NSLog(\"[slide_nav] native_ws_disconnected room=AB12 reason=app_terminating\")",
         "[<NSURLSessionWebSocketTask 1> cancelWithCloseCode:1001 reason:nil]",
         "[<NSTask 1> terminate]",
-        "[<NSTask 1> waitUntilExit]",
         // Ping.
         "[<NSTask 3> terminate]",
         "setExecutableURL:<file:///usr/bin/osascript>]",
         "dispatch_async_f(global default)",
     });
     EXPECT_TRUE(world.application.terminated());
-    EXPECT_THAT(lines("[<NSTask 3> waitUntilExit]"), IsEmpty());
+}
+
+TEST_F(MacQuit, ThePingIsNotAwaited) {
+    world.tasks.programs["/sbin/ping"].endsWithin = platform::Duration{9};
+    launch();
+    const auto before = recording::queues::now();
+    userQuits();
+    EXPECT_TRUE(world.application.terminated());
+    EXPECT_EQ(recording::queues::now(), before);
+}
+
+TEST_F(MacQuit, NothingHappensWhileTheBackendTakesItsTimeToEnd) {
+    backendEndsWithin_ = platform::Duration{3};
+    launchEverything();
+    world.programs.start(powerPoint(812)
+                             .window("Talk.pptx")
+                             .menu("Slide Show", {item("Next Slide"), item("Previous Slide")}));
+    world.programs.front = 812;
+    const auto pressed = [this] { return world.programs.program(812).pressed().size(); };
+    recording::queues::inTheWorld(1, [this] {
+        panelPage().posts("bridge", "CMD:startBundledBackend");
+        panelPage().posts("bridge", "WSCONN:http://127.0.0.1:3001|CD34");
+        panelPage().posts("bridge", "PPT:next");
+        world.servers.lastConnection(3000).sends(
+            R"({"type":"slide_nav","direction":"next","seq":1})");
+    });
+    std::size_t startsInTheWait = 0;
+    std::size_t stepsInTheWait = 0;
+    recording::queues::inTheWorld(2.9, [&] {
+        ASSERT_FALSE(world.application.terminated());
+        startsInTheWait = world.tasks.launched(backend).size();
+        stepsInTheWait = pressed();
+    });
+    userQuits();
+    EXPECT_TRUE(world.application.terminated());
+    EXPECT_EQ(startsInTheWait, 1U);
+    EXPECT_EQ(stepsInTheWait, 0U);
+    // A page that still speaks afterwards speaks to nobody.
+    advance(10);
+    EXPECT_THAT(world.tasks.launched(backend), SizeIs(1));
+    EXPECT_THAT(diagnostics("native_ws_connecting"), IsEmpty());
+    EXPECT_EQ(pressed(), 0U);
+}
+
+TEST_F(MacQuit, ARestartThatWaitsStartsNothingAfterwards) {
+    installBackend({.exitsAfter = platform::Duration{0}, .exitStatus = 1});
+    launch();
+    ASSERT_THAT(world.tasks.launched(backend), SizeIs(1));
+    userQuits();
+    advance(10);
+    EXPECT_THAT(world.tasks.launched(backend), SizeIs(1));
+}
+
+TEST_F(MacQuit, TheBackendsEndIsNoExitToRecoverFrom) {
+    launchEverything();
+    userQuits();
+    advance(10);
+    EXPECT_THAT(world.tasks.launched(backend), SizeIs(1));
+    EXPECT_THAT(world.systemLog,
+                testing::Not(Contains(testing::HasSubstr("bundled backend exited"))));
 }
 
 TEST_F(MacQuit, NothingIsStartedAfterwards) {

@@ -191,8 +191,61 @@ TEST_F(MacSlides, TheNumberOfAFailedPressIsInTheLog) {
     EXPECT_THAT(program(812).keysDown(), ElementsAre(121));
 }
 
-TEST_F(MacSlides, TheFrontWindowsTitleIsInTheLog) {
+/// Seconds that the program works on what the press asks for: below the limit of a read, above it,
+/// and above that of a press.
+class MacSlidesOfASlowProgram : public MacSlides, public testing::WithParamInterface<double> {};
+
+TEST_P(MacSlidesOfASlowProgram, APressIsOneStepHoweverLongItTakes) {
     startPowerPoint();
+    world.programs.front = 812;
+    world.accessibility.pressTakes["Next Slide"] = GetParam();
+    step("next");
+    EXPECT_THAT(program(812).pressed(), ElementsAre("Next Slide"));
+    EXPECT_THAT(program(812).keys(), IsEmpty());
+    EXPECT_THAT(diagnostics("menu_path_sent"), SizeIs(1));
+    EXPECT_THAT(diagnostics("completed"), ElementsAre(HasSubstr("path=menu")));
+}
+
+INSTANTIATE_TEST_SUITE_P(Seconds, MacSlidesOfASlowProgram, testing::Values(0.3, 0.7, 3, 10));
+
+TEST_F(MacSlides, AQuestionAfterASlowPressStillGetsOneSecond) {
+    startPowerPoint();
+    world.programs.front = 812;
+    step("next");
+    world.accessibility.hanging.insert(812);
+    const auto before = recording::queues::now();
+    forget();
+    step("next");
+    EXPECT_THAT(diagnostics("blocked_no_target"), SizeIs(1));
+    // The title of the window in front, and the list of windows.
+    EXPECT_THAT(recording::queues::now() - before, DoubleNear(2.0, 1e-6));
+}
+
+TEST_F(MacSlides, ModifiersThatTheUserHoldsDoNotTravelWithAStep) {
+    constexpr unsigned long long shift = 0x20000;
+    constexpr unsigned long long command = 0x100000;
+    constexpr unsigned long long ofAnArrow = 0xA00000;
+    startKeynoteInBackground();
+    world.keyboard.held = shift | command;
+    step("next");
+    EXPECT_THAT(program(814).keysDown(), ElementsAre(124));
+    EXPECT_THAT(world.keyboard.postedFlags, ElementsAre(ofAnArrow, ofAnArrow));
+}
+
+TEST_F(MacSlides, ATitleWithHalfASurrogatePairIsATitle) {
+    startPowerPoint();
+    world.programs.front = 812;
+    world.accessibility.instead["AXTitle"] =
+        recording::makeStringWithoutUtf8(u"Next Slide \xD83D.pptx");
+    step("next");
+    EXPECT_THAT(program(812).pressed(), SizeIs(1));
+    EXPECT_THAT(diagnostics("target_resolved"),
+                ElementsAre(HasSubstr("title=Next Slide \uFFFD\uFFFD\uFFFD.pptx")));
+}
+
+TEST_F(MacSlides, TheTitleOfTheFocusedWindowIsInTheLog) {
+    world.programs.start(powerPoint(812).window("Notes.pptx").window("Talk.pptx"));
+    world.programs.focusedWindow[812] = 1;
     world.programs.front = 812;
     step("next");
     EXPECT_THAT(diagnostics("exec_context"),

@@ -210,6 +210,19 @@ TEST_F(MacSocket, AnAddressThatIsNoneIsNotGivenToTheSession) {
     EXPECT_THAT(diagnostics("native_ws_connect_failed"), SizeIs(1));
 }
 
+TEST_F(MacSocket, AnAddressOfAnotherSchemeFailsAsAConnectionDoes) {
+    forget();
+    pagePosts("WSCONN:ftp://h|AB12");
+    EXPECT_THAT(lines("webSocketTaskWithURL:"), IsEmpty());
+    EXPECT_THAT(diagnostics("native_ws_receive_failed"), SizeIs(1));
+}
+
+TEST_F(MacSocket, ASchemeInCapitalsIsTheSameScheme) {
+    forget();
+    pagePosts("WSCONN:WS://127.0.0.1:3000|CD34");
+    EXPECT_THAT(lines("webSocketTaskWithURL:<ws://127.0.0.1:3000/ws?roomCode=CD34"), SizeIs(1));
+}
+
 TEST_F(MacSocket, TheMeetingOfTheBackendIsJoined) {
     serveMeeting(3000, "CD34");
     forget();

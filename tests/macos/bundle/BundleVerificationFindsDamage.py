@@ -179,6 +179,11 @@ class LoadCommands(BundleTest):
         sign(self.app)
         self.assert_rejected("loads /usr/lib/libobjc.B.dylib")
 
+    def test_without_the_web_view_are_found(self):
+        shutil.rmtree(self.app)
+        SampleBundle(folder_for("no-webkit")).make(self.app, ["arm64"], frameworks=("AppKit",))
+        self.assert_rejected(f"{MAIN} (arm64) does not load WebKit")
+
     def test_without_a_uuid_are_found(self):
         self.change_command(MAIN, 0x1B, lambda data, at: data.__setitem__(
             slice(at + 8, at + 24), bytes(16)))

@@ -32,6 +32,10 @@ class SampleBundle:
         (lists / "libSystem.txt").write_text(
             "library /usr/lib/libSystem.B.dylib\ngetpid\n")
         (lists / "libobjc.txt").write_text("library /usr/lib/libobjc.A.dylib\nobjc_getClass\n")
+        for framework, version in (("AppKit", "C"), ("WebKit", "A")):
+            (lists / f"{framework}.txt").write_text(
+                f"library /System/Library/Frameworks/{framework}.framework/Versions/{version}/"
+                f"{framework}\n")
         self.sdk.mkdir()
         (self.sdk / "SDKSettings.json").write_text(
             '{"Version":"14.0","MaximumDeploymentTarget":"14.0.99"}')
@@ -42,13 +46,15 @@ class SampleBundle:
         self.source = folder / "program.c"
         self.source.write_text(PROGRAM)
 
-    def compile(self, output, architecture, name, filler):
+    def compile(self, output, architecture, name, filler, frameworks):
         subprocess.run(
             [LLVM / "clang", f"--target={architecture}-apple-macos12.0", "-isysroot", self.sdk,
              f'-DNAME="{name}"', f"-DFILLER={filler}", "-Os", self.source, "-o", output,
-             "-fuse-ld=lld", "-Wl,-adhoc_codesign,-fixup_chains", "-lobjc"], check=True)
+             "-fuse-ld=lld", "-Wl,-adhoc_codesign,-fixup_chains", "-lobjc",
+             *(word for framework in frameworks for word in ("-framework", framework))],
+            check=True)
 
-    def make(self, app, architectures, filler=6000):
+    def make(self, app, architectures, filler=6000, frameworks=("AppKit", "WebKit")):
         """Signed, and with two files as the pages, one of them in a folder."""
         contents = app / "Contents"
         for folder in ("MacOS", "Resources/third-party", "Resources/en.lproj"):
@@ -67,7 +73,8 @@ class SampleBundle:
             parts = []
             for architecture in architectures:
                 parts.append(self.folder / architecture)
-                self.compile(parts[-1], architecture, name, filler)
+                self.compile(parts[-1], architecture, name, filler,
+                             () if name == BACKEND else frameworks)
             subprocess.run([LLVM / "llvm-lipo", "-create", *parts, "-output", contents / name]
                            if len(parts) > 1 else ["cp", parts[0], contents / name], check=True)
         sign(app)

@@ -9,6 +9,7 @@
 #include "AllHeaders.h"
 #include "Owners.inc"
 #include "tests/macos/facts/CheckedDispatch.h"
+#include "tests/macos/facts/NewerMessages.h"
 
 // What the system sends to the classes that we register, against the protocols in the table; and
 // the selectors that we name for others to send.
@@ -129,6 +130,20 @@ TEST(OurClasses, EverySelectorThatWeNameIsAMessageOfTheTableOrAMethodOfOurs) {
         EXPECT_TRUE(isOurs || isKnown) << selector;
     }
     EXPECT_FALSE(namedSelectors().empty());
+}
+
+TEST(NewerMessages, AreAskedForBeforeTheyAreSent) {
+    for (const auto& message : newerMessages) {
+        EXPECT_TRUE(namedSelectors().contains(message.selector)) << message.selector;
+        EXPECT_NE(ownFact(message.className, Kind::instance, message.selector), nullptr)
+            << message.selector;
+    }
+}
+
+TEST(NewerMessages, MayBeAbsentOnlyOnOlderSystems) {
+    EXPECT_TRUE(mayBeAbsent("NSApplication", "activate", 13));
+    EXPECT_FALSE(mayBeAbsent("NSApplication", "activate", 14));
+    EXPECT_FALSE(mayBeAbsent("NSApplication", "run", 12));
 }
 
 }  // namespace

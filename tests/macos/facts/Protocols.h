@@ -29,6 +29,7 @@ inline constexpr CallbackFact callbacks[] = {
     {"NSApplicationDelegate", "applicationShouldTerminate:", "Q@:@", Need::optional},
     {"NSApplicationDelegate", "applicationShouldTerminateAfterLastWindowClosed:", "B@:@",
      Need::optional},
+    {"NSApplicationDelegate", "applicationSupportsSecureRestorableState:", "B@:@", Need::optional},
     {"NSApplicationDelegate", "applicationWillBecomeActive:", "v@:@", Need::optional},
     {"NSApplicationDelegate", "applicationWillFinishLaunching:", "v@:@", Need::optional},
     {"NSApplicationDelegate", "applicationWillHide:", "v@:@", Need::optional},

@@ -8,6 +8,9 @@ namespace stagehopper::macos_facts {
 // headers, commit fff28a8e2889d32c2a832672a94eeff42cd6c6d2 (names and type encodings only).
 inline constexpr MethodFact webKitMethods[] = {
     {"WKFrameInfo", Kind::instance, "isMainFrame", "B@:"},
+    {"WKNavigationAction", Kind::instance, "request", "@@:"},
+    {"WKNavigationAction", Kind::instance, "targetFrame", "@@:"},
+    {"WKPreferences", Kind::instance, "setInactiveSchedulingPolicy:", "v@:q"},
     {"WKPreferences", Kind::instance, "setJavaScriptCanOpenWindowsAutomatically:", "v@:B"},
     {"WKScriptMessage", Kind::instance, "body", "@@:"},
     {"WKScriptMessage", Kind::instance, "frameInfo", "@@:"},

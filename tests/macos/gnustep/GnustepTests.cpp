@@ -40,16 +40,21 @@ const std::vector<std::string> knownToBeMissing{
     "WKUserScript: in its place a plain NSObject",
     "WKWebView: in its place a plain NSView",
     "WKWebViewConfiguration: in its place a plain NSObject",
+    "WKWebsiteDataStore: in its place a plain NSObject",
     "-[NSApplication setActivationPolicy:]",
     "-[NSFileHandle readDataToEndOfFileAndReturnError:]: supplied",
     "-[NSTask launchAndReturnError:]: supplied",
     "-[NSTask setCurrentDirectoryURL:]: supplied",
     "-[NSTask setExecutableURL:]: supplied",
     "-[NSTask setTerminationHandler:]: supplied",
+    "-[NSWindow setAnimationBehavior:]: supplied",
+    "-[NSWindow setRestorable:]: supplied",
     "-[WKUserContentController addUserScript:]",
     "-[WKUserScript initWithSource:injectionTime:forMainFrameOnly:]",
     "-[WKWebView setNavigationDelegate:]",
     "-[WKWebView stopLoading]",
+    "-[WKWebViewConfiguration preferences]",
+    "-[WKWebViewConfiguration setWebsiteDataStore:]",
 };
 
 class OnGnustep : public testing::Test {

@@ -94,6 +94,8 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 Clock::time_point timePoint(dispatch_time_t when) {
+    constexpr auto practicallyForever = std::chrono::years(1);
+    if (when == DISPATCH_TIME_FOREVER) return Clock::now() + practicallyForever;
     return Clock::time_point(std::chrono::nanoseconds(when));
 }
 

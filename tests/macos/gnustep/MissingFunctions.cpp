@@ -47,6 +47,10 @@ CGEventRef CGEventCreateKeyboardEvent(CGEventSourceRef /*source*/, CGKeyCode /*k
                                       bool /*keyDown*/) {
     return nullptr;
 }
+CGEventFlags CGEventGetFlags(CGEventRef /*event*/) {
+    return {};
+}
+void CGEventSetFlags(CGEventRef /*event*/, CGEventFlags /*flags*/) {}
 void CGEventPost(CGEventTapLocation /*tap*/, CGEventRef /*event*/) {}
 void CGEventPostToPid(int /*process*/, CGEventRef /*event*/) {}
 

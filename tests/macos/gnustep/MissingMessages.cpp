@@ -1,18 +1,20 @@
 #include "tests/macos/gnustep/MissingMessages.h"
 
+#include <chrono>
 #include <cstdio>
+#include <map>
 #include <memory>
+#include <mutex>
+#include <thread>
+#include <utility>
 
 #include "ports/macos/cocoa/Block.h"
 #include "ports/macos/cocoa/NSData.h"
 #include "ports/macos/cocoa/NSError.h"
-#include "ports/macos/cocoa/NSNotification.h"
+#include "ports/macos/cocoa/NSTask.h"
 #include "ports/macos/cocoa/NSURL.h"
 #include "tests/macos/gnustep/GnustepBlocks.h"
-
-extern "C" {
-extern const stagehopper::cocoa::id NSTaskDidTerminateNotification;
-}
+#include "tests/macos/gnustep/Threads.h"
 
 namespace stagehopper::cocoa {
 
@@ -43,25 +45,6 @@ public:
     }
 };
 
-class NotificationCenter : public Handle<NotificationCenter, NSObject> {
-public:
-    static constexpr FixedString className{"NSNotificationCenter"};
-    using Handle::Handle;
-
-    static NotificationCenter defaultCenter() {
-        return sendToClass<"defaultCenter", NotificationCenter()>();
-    }
-    [[nodiscard]] NSObject addObserverForName(NSString name, NSObject object,
-                                              BlockPointer block) const {
-        return send<"addObserverForName:object:queue:usingBlock:",
-                    NSObject(NSString, NSObject, NSObject, BlockPointer)>(name, object, nullptr,
-                                                                          block);
-    }
-    void removeObserver(NSObject observer) const {
-        send<"removeObserver:", void(NSObject)>(observer);
-    }
-};
-
 class ErrorFactory : public Handle<ErrorFactory, NSObject> {
 public:
     static constexpr FixedString className{"NSError"};
@@ -81,10 +64,46 @@ void setCurrentDirectoryUrl(id self, SEL /*name*/, id url) {
     OlderTask(self).setCurrentDirectoryPath(NSURL(url).path());
 }
 
+/// What is called when a task has ended, by the task; set before its launch.
+class Handlers {
+public:
+    static Handlers& shared() {
+        // Never unmade: other threads do not stop before the process does.
+        static auto& made = *new Handlers;
+        return made;
+    }
+    void set(id task, BlockPointer handler) {
+        const std::scoped_lock lock(mutex_);
+        blocks_[task] = {_Block_copy(handler.pointer), &_Block_release};
+    }
+    std::shared_ptr<void> take(id task) {
+        const std::scoped_lock lock(mutex_);
+        auto found = blocks_.extract(task);
+        return found ? std::move(found.mapped()) : nullptr;
+    }
+
+private:
+    std::mutex mutex_;
+    std::map<id, std::shared_ptr<void>> blocks_;
+};
+
+/// GNUstep tells of an exit on the main run loop; macOS does on a thread of its own, whatever the
+/// main one is doing.
+void callHandlerAtExit(id self) {
+    static constexpr std::chrono::milliseconds interval{5};
+    const auto handler = Handlers::shared().take(self);
+    if (!handler) return;
+    gnustep::runOnNewThread([handler, task = Owned<NSTask>::share(NSTask(self))] {
+        while (task->isRunning()) std::this_thread::sleep_for(interval);
+        gnustep::callBlock(handler.get(), task.get());
+    });
+}
+
 BOOL launchAndReturnError(id self, SEL /*name*/, id* error) {
     constexpr NSInteger noSuchFile = 4;
     try {
         OlderTask(self).launch();
+        callHandlerAtExit(self);
         return toBOOL(true);
     } catch (...) {  // an Objective-C exception
         if (error != nullptr) {
@@ -96,20 +115,16 @@ BOOL launchAndReturnError(id self, SEL /*name*/, id* error) {
 }
 
 void setTerminationHandler(id self, SEL /*name*/, BlockPointer handler) {
-    const std::shared_ptr<void> kept(_Block_copy(handler.pointer), &_Block_release);
-    const auto observer = std::make_shared<NSObject>();
-    const Block<void(NSNotification)> onEnd([kept, observer](NSNotification notification) {
-        const auto task = Owned<NSObject>::share(notification.object());
-        NotificationCenter::defaultCenter().removeObserver(*observer);
-        gnustep::callBlock(kept.get(), task.get());
-    });
-    *observer = NotificationCenter::defaultCenter().addObserverForName(
-        NSString(NSTaskDidTerminateNotification), NSObject(self), onEnd.get());
+    Handlers::shared().set(self, handler);
 }
 
 id readDataToEndOfFileAndReturnError(id self, SEL /*name*/, id* /*error*/) {
     return OlderFileHandle(self).readDataToEndOfFile().pointer();
 }
+
+// Windows are not opened again at the next start, and never move by themselves.
+void setRestorable(id /*self*/, SEL /*name*/, BOOL /*restorable*/) {}
+void setAnimationBehavior(id /*self*/, SEL /*name*/, NSInteger /*behavior*/) {}
 
 template <FixedString name, class Method>
 void supply(const char* className, Method* method, const char* types) {
@@ -133,6 +148,9 @@ void supplyMissingMessages() {
                                      methodEncoding<void, BlockPointer>);
     supply<"readDataToEndOfFileAndReturnError:">("NSFileHandle", &readDataToEndOfFileAndReturnError,
                                                  methodEncoding<NSData, id*>);
+    supply<"setRestorable:">("NSWindow", &setRestorable, methodEncoding<void, BOOL>);
+    supply<"setAnimationBehavior:">("NSWindow", &setAnimationBehavior,
+                                    methodEncoding<void, NSInteger>);
     std::fflush(stdout);
 }
 

@@ -19,6 +19,20 @@ namespace stagehopper::cocoa {
 
 namespace {
 
+/// A WKFrameInfo: there is one frame.
+class MainFrame {
+public:
+    static Owned<NSObject> make(const std::shared_ptr<MainFrame>& frame) {
+        static const auto runtimeClass = RuntimeClass<MainFrame>(WKFrameInfo::className.c_str())
+                                             .method<"isMainFrame", &MainFrame::isMainFrame>()
+                                             .registerClass();
+        return runtimeClass.makeInstance(frame);
+    }
+
+private:
+    BOOL isMainFrame() { return toBOOL(true); }
+};
+
 /// A WKScriptMessage.
 class PostedMessage {
 public:
@@ -26,6 +40,7 @@ public:
         static const auto runtimeClass =
             RuntimeClass<PostedMessage>(WKScriptMessage::className.c_str())
                 .method<"body", &PostedMessage::body>()
+                .method<"frameInfo", &PostedMessage::frameInfo>()
                 .method<"name", &PostedMessage::name>()
                 .registerClass();
         return runtimeClass.makeInstance(message);
@@ -36,10 +51,13 @@ public:
 
 private:
     id body() { return body_.get().pointer(); }
+    id frameInfo() { return frameObject_.get().pointer(); }
     id name() { return name_.get().pointer(); }
 
     Owned<NSString> name_;
     Owned<NSObject> body_;
+    std::shared_ptr<MainFrame> frame_ = std::make_shared<MainFrame>();
+    Owned<NSObject> frameObject_ = MainFrame::make(frame_);
 };
 
 using Handlers = std::map<std::string, Owned<NSObject>>;
@@ -105,6 +123,9 @@ id loadFile(id self, SEL /*name*/, id url, id /*readAccess*/) {
 void evaluate(id self, SEL /*name*/, id script, BlockPointer /*completion*/) {
     runLine(handlersOf()[self], text(NSString(script)));
 }
+id noDataStore(id /*self*/, SEL /*name*/) {
+    return nullptr;
+}
 /// There for its key.
 void setDrawsBackground(id /*self*/, SEL /*name*/, BOOL /*draws*/) {}
 
@@ -139,6 +160,11 @@ void supplyWebView() {
     objc_registerClassPair(configuration);
 
     objc_registerClassPair(beginClass<WKUserScript, NSObject>());
+
+    const auto store = beginClass<WKWebsiteDataStore, NSObject>();
+    addMethod<"nonPersistentDataStore">(object_getClass(reinterpret_cast<id>(store)), &noDataStore,
+                                        methodEncoding<WKWebsiteDataStore>);
+    objc_registerClassPair(store);
 
     const auto view = beginClass<WKWebView, NSView>();
     addMethod<"initWithFrame:configuration:">(

@@ -55,20 +55,20 @@ bool comesFromForeignPage(const Asker& asker) {
     return asker.fetchSite == "cross-site" || asker.fetchSite == "same-site";
 }
 
-Admission refusal(unsigned status, std::string_view reason) {
-    return {.status = status, .reason = reason, .allowedMethod = {}};
-}
-
 }  // namespace
 
 Admission admit(const Asker& asker) {
+    const Rule* rule = ruleFor(asker.path);
+    const auto refusal = [rule](unsigned status, std::string_view reason) {
+        const std::string_view route = rule == nullptr ? "unknown" : rule->path;
+        return Admission{.status = status, .reason = reason, .route = route, .allowedMethod = {}};
+    };
     // A foreign name may resolve to this machine; as an address it is ours.
     if (asker.host != asker.reachedAt) return refusal(421, "this is not the server of that name");
     if (asker.origin && *asker.origin != "http://" + asker.host) {
         return refusal(403, "not from that origin");
     }
 
-    const Rule* rule = ruleFor(asker.path);
     const Trust trust = trustOf(asker);
     if (rule == nullptr) return refusal(404, "no such thing");
     if (trust == Trust::network && rule->least != Trust::network) {
@@ -86,7 +86,11 @@ Admission admit(const Asker& asker) {
         return wrong;
     }
     if (trust < rule->least) return refusal(403, "only from the panel");
-    return {.reason = {}, .trust = trust, .resource = rule->resource, .allowedMethod = {}};
+    return {.reason = {},
+            .trust = trust,
+            .resource = rule->resource,
+            .route = rule->path,
+            .allowedMethod = {}};
 }
 
 }  // namespace stagehopper::companion

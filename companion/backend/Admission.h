@@ -51,6 +51,8 @@ struct Admission {
     std::string_view reason;
     Trust trust = Trust::network;
     Resource resource = Resource::file;
+    /// What the log may name: the rule's own text, nothing of the request.
+    std::string_view route = "unknown";
     /// With 405: what would have been allowed.
     std::string_view allowedMethod;
 

@@ -84,7 +84,8 @@ Answer Api::create(const std::string& body) {
     if (!roomName) return errorAnswer(400, "malformed body");
     const auto meeting = meetings_.create(*roomName, surroundings_.millisecondsSince1970());
     if (meeting == nullptr) return errorAnswer(409, "too many meetings");
-    log_.line("meeting_created", "room=" + meeting->identity().roomCode);
+    log_.line("meeting_created", "room=" + meeting->identity().roomCode,
+              BackendLog::Cause::participant);
     return jsonAnswer(201, recordOf(*meeting));
 }
 
@@ -97,7 +98,7 @@ Answer Api::current() const {
 Answer Api::end(std::string_view path) {
     const std::string roomCode(path.substr(path.rfind('/') + 1));
     if (!meetings_.end(roomCode)) return errorAnswer(404, "no such meeting");
-    log_.line("meeting_ended", "room=" + roomCode);
+    log_.line("meeting_ended", "room=" + roomCode, BackendLog::Cause::participant);
     return {.status = 204, .contentType = {}, .body = {}, .headers = {}};
 }
 

@@ -3,8 +3,7 @@
 #include <chrono>
 #include <cstdio>
 #include <ctime>
-#include <filesystem>
-#include <system_error>
+#include <utility>
 
 namespace stagehopper::companion {
 namespace {
@@ -42,34 +41,47 @@ std::string escaped(std::string_view text) {
     return safe;
 }
 
-BackendLog::BackendLog(std::string path, std::size_t mostBytes)
-    : path_(std::move(path)), mostBytes_(mostBytes) {
-    openFile();
-}
+BackendLog::BackendLog(std::string path, Surroundings surroundings)
+    : file_(std::move(path), surroundings.maxBytes),
+      errorOutput_(surroundings.errorOutput),
+      now_(std::move(surroundings.now)) {}
 
-void BackendLog::line(std::string_view event, std::string_view detail) {
-    const std::string text = timestamp() + " " + std::string(event) + " " + escaped(detail) + "\n";
-    std::fwrite(text.data(), 1, text.size(), stderr);
-    if (!file_.is_open()) return;
-    if (written_ + text.size() > mostBytes_) {
-        file_.close();
-        openFile();
+BackendLog::~BackendLog() {
+    for (const auto& [cause, budget] :
+         {std::pair("participants", &participants_), std::pair("strangers", &strangers_)}) {
+        const std::size_t leftOut = budget->takeLeftOut();
+        if (leftOut > 0) {
+            write("left_out", "by=" + std::string(cause) + " left_out=" + std::to_string(leftOut));
+        }
     }
-    file_ << text << std::flush;
-    written_ += text.size();
 }
 
-void BackendLog::openFile() {
-    if (path_.empty()) return;
-    namespace fs = std::filesystem;
-    std::error_code error;
-    fs::create_directories(fs::path(path_).parent_path(), error);
-    const auto size = fs::file_size(path_, error);
-    const bool fits = !error && size + 512 <= mostBytes_;
-    written_ = fits ? static_cast<std::size_t>(size) : 0;
-    file_.open(path_, fits ? std::ios::app : std::ios::trunc);
-    // Names of people and rooms stand in it.
-    fs::permissions(path_, fs::perms::owner_read | fs::perms::owner_write, error);
+void BackendLog::line(std::string_view event, std::string_view detail, Cause cause) {
+    std::string whole(detail);
+    if (LineBudget* budget = budgetOf(cause)) {
+        if (!budget->allow(now_())) return;
+        const std::size_t leftOut = budget->takeLeftOut();
+        if (leftOut > 0) whole += " left_out=" + std::to_string(leftOut);
+    }
+    write(event, whole);
+}
+
+LineBudget* BackendLog::budgetOf(Cause cause) {
+    switch (cause) {
+        case Cause::program:
+            return nullptr;
+        case Cause::participant:
+            return &participants_;
+        case Cause::stranger:
+            return &strangers_;
+    }
+    return nullptr;
+}
+
+void BackendLog::write(std::string_view event, const std::string& detail) {
+    const std::string text = timestamp() + " " + std::string(event) + " " + escaped(detail) + "\n";
+    errorOutput_.write(text);
+    file_.append(text);
 }
 
 }  // namespace stagehopper::companion

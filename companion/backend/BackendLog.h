@@ -1,30 +1,60 @@
 #pragma once
 
 #include <cstddef>
-#include <fstream>
+#include <functional>
 #include <string>
 #include <string_view>
+
+#include "companion/backend/ErrorOutput.h"
+#include "companion/backend/LineBudget.h"
+#include "companion/backend/LogFile.h"
 
 namespace stagehopper::companion {
 
 /// One line for each thing that happened, to standard error and to a file of bounded size.
-/// Never give it a secret, nor a query, where secrets stand.
+/// Never give it a secret, a client's private id, a query, or the unknown path of a request, where
+/// all of these may stand.
 /// Thread: one at a time.
 class BackendLog {
 public:
-    /// Without a path, or when it cannot be written, standard error alone has to do.
-    explicit BackendLog(std::string path, std::size_t mostBytes = 1024 * 1024);
+    /// What can bring about a line, and how many in an hour.
+    enum class Cause {
+        /// The program itself: each line is written.
+        program,
+        /// Who is in a room, or may make one: 1,200.
+        participant,
+        /// Anybody who can send a request: one in a second, 60.
+        stranger,
+    };
 
-    /// What came from outside may stand in `detail`: it cannot break the line.
-    void line(std::string_view event, std::string_view detail);
+    struct Surroundings {
+        std::size_t maxBytes = 1024 * 1024;
+        /// Where standard error is.
+        int errorOutput = 2;
+        std::function<Moment()> now = std::chrono::steady_clock::now;
+    };
+
+    /// Without a path, or when it cannot be written, standard error alone has to do.
+    BackendLog(std::string path, Surroundings surroundings);
+    explicit BackendLog(std::string path) : BackendLog(std::move(path), Surroundings()) {}
+    /// Tells how many lines were left out and not yet told.
+    ~BackendLog();
+    BackendLog(const BackendLog&) = delete;
+    BackendLog& operator=(const BackendLog&) = delete;
+
+    /// What came from outside may stand in `detail`: it cannot break the line. A line beyond the
+    /// cause's number is left out; the next one that is written tells how many.
+    void line(std::string_view event, std::string_view detail, Cause cause = Cause::program);
 
 private:
-    void openFile();
+    LineBudget* budgetOf(Cause cause);
+    void write(std::string_view event, const std::string& detail);
 
-    std::string path_;
-    std::size_t mostBytes_;
-    std::size_t written_ = 0;
-    std::ofstream file_;
+    LogFile file_;
+    ErrorOutput errorOutput_;
+    std::function<Moment()> now_;
+    LineBudget participants_{1200, 1200};
+    LineBudget strangers_{1, 60};
 };
 
 /// The text with control characters and what is no ASCII written as \xNN, up to 300 bytes.

@@ -60,8 +60,7 @@ std::string_view queryOf(const HttpRequest& request) {
 
 }  // namespace
 
-HttpSession::HttpSession(asio::ip::tcp::socket socket, Service& service,
-                         ConnectionCounts::Permit permit)
+HttpSession::HttpSession(asio::ip::tcp::socket socket, Service& service, Shares::Permit permit)
     : stream_(std::move(socket)),
       service_(service),
       permit_(std::move(permit)),
@@ -101,7 +100,7 @@ void HttpSession::onRequest(beast::error_code error) {
     const Asker asker = askerOf(request, peer_, reachedAt_);
     const Admission admission = admit(asker);
     if (!admission.admitted()) {
-        logRefusal(admission.status, asker.path, admission.reason);
+        logRefusal(admission.status, admission.route, admission.reason);
         Answer refused = errorAnswer(admission.status, admission.reason);
         if (!admission.allowedMethod.empty()) refused.headers["Allow"] = admission.allowedMethod;
         return reply(std::move(refused), request.keep_alive());
@@ -111,7 +110,7 @@ void HttpSession::onRequest(beast::error_code error) {
     }
     Answer answer = service_.api.answer(
         admission, {asker, header(request, "Range").value_or(""), request.body()});
-    if (answer.status >= 400) logRefusal(answer.status, asker.path, "see answer");
+    if (answer.status >= 400) logRefusal(answer.status, admission.route, "see answer");
     reply(std::move(answer), request.keep_alive());
 }
 
@@ -126,7 +125,8 @@ void HttpSession::onBroken(beast::error_code error) {
         return reply(errorAnswer(413, "body too large"), false);
     }
     if (error == beast::error::timeout || error == http::error::partial_message) {
-        if (begun) service_.log.line("request_unfinished", "peer=" + peer_);
+        if (begun)
+            service_.log.line("request_unfinished", "peer=" + peer_, BackendLog::Cause::stranger);
         return;
     }
     // What else the parser says of a request is that it is none.
@@ -155,7 +155,7 @@ void HttpSession::enter(std::string_view query, Trust trust, bool upgrade) {
         return reply(std::move(refused), false);
     }
     stream_.expires_never();
-    startRoomSession(std::move(stream_), service_, std::move(permit_), std::move(entry), peer_,
+    startRoomSession(std::move(stream_), service_, std::move(permit_), entry, peer_,
                      parser_->release());
 }
 
@@ -172,6 +172,8 @@ void HttpSession::reply(Answer answer, bool keepAlive) {
     reply->body() = std::move(answer.body);
     reply->keep_alive(keepAlive);
     reply->prepare_payload();
+    // The length stays: it is what a GET would be answered with.
+    if (parser_ && parser_->get().method() == http::verb::head) reply->body().clear();
     stream_.expires_after(requestTime);
     http::async_write(stream_, *reply,
                       [self = shared_from_this(), reply](beast::error_code error, std::size_t) {
@@ -180,9 +182,11 @@ void HttpSession::reply(Answer answer, bool keepAlive) {
                       });
 }
 
-void HttpSession::logRefusal(unsigned status, std::string_view path, std::string_view reason) {
-    service_.log.line("refused", "status=" + std::to_string(status) + " peer=" + peer_ + " path=" +
-                                     std::string(path) + " reason=" + std::string(reason));
+void HttpSession::logRefusal(unsigned status, std::string_view route, std::string_view reason) {
+    service_.log.line("refused",
+                      "status=" + std::to_string(status) + " peer=" + peer_ +
+                          " path=" + std::string(route) + " reason=" + std::string(reason),
+                      BackendLog::Cause::stranger);
 }
 
 void HttpSession::linger() {

@@ -16,8 +16,7 @@ namespace stagehopper::companion {
 /// Thread: the server's. Lives as long as something is under way.
 class HttpSession : public std::enable_shared_from_this<HttpSession> {
 public:
-    HttpSession(boost::asio::ip::tcp::socket socket, Service& service,
-                ConnectionCounts::Permit permit);
+    HttpSession(boost::asio::ip::tcp::socket socket, Service& service, Shares::Permit permit);
 
     void serve();
     /// Says that there are too many connections, and ends.
@@ -31,14 +30,14 @@ private:
     /// Without an upgrade it is a question: a page cannot see why its handshake was refused.
     void enter(std::string_view query, Trust trust, bool upgrade);
     void reply(Answer answer, bool keepAlive);
-    void logRefusal(unsigned status, std::string_view path, std::string_view reason);
+    void logRefusal(unsigned status, std::string_view route, std::string_view reason);
     /// Closes without losing the answer: what the other side still sends is read and thrown away.
     void linger();
     void discard();
 
     boost::beast::tcp_stream stream_;
     Service& service_;
-    ConnectionCounts::Permit permit_;
+    Shares::Permit permit_;
     std::string peer_;
     std::string reachedAt_;
     boost::beast::flat_buffer buffer_;

@@ -84,7 +84,7 @@ std::optional<JoinRequest> parseJoinRequest(std::string_view query) {
     if (!roomCode || !userId || !role || !displayName || !cursorColor) return std::nullopt;
     if (!isRoomCode(*roomCode) || !isUserId(*userId)) return std::nullopt;
     if (!isDisplayText(*displayName) || !isColor(*cursorColor)) return std::nullopt;
-    return JoinRequest{*roomCode, {*userId, *displayName, *role, *cursorColor}, find("secret")};
+    return JoinRequest{*roomCode, *userId, *displayName, *role, *cursorColor, find("secret")};
 }
 
 }  // namespace stagehopper::companion

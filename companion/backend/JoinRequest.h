@@ -10,8 +10,9 @@ enum class Role { host, guest };
 
 std::string_view nameOf(Role role);
 
-/// Somebody in a room, as the others see them.
+/// One client in a room, as the others see it.
 struct Participant {
+    /// Public: it admits nobody to the seat.
     std::string userId;
     std::string displayName;
     Role role = Role::guest;
@@ -22,7 +23,12 @@ struct Participant {
 /// Who wants to join which room.
 struct JoinRequest {
     std::string roomCode;
-    Participant participant;
+    /// Private to the client: a join with it takes the seat. It is neither shown nor logged.
+    std::string joinId;
+    std::string displayName;
+    Role role = Role::guest;
+    /// "#rrggbb".
+    std::string cursorColor;
     std::optional<std::string> secret;
 };
 

@@ -26,26 +26,31 @@ std::vector<Participant> Meeting::participants() const {
     return all;
 }
 
-bool Meeting::hasRoomFor(const std::string& userId) const {
-    return seats_.size() < mostParticipants || std::ranges::any_of(seats_, [&](const Seat& s) {
-               return s.participant.userId == userId;
-           });
+bool Meeting::hasRoomFor(const std::string& joinId) const {
+    return seats_.size() < mostParticipants ||
+           std::ranges::find(seats_, joinId, &Seat::joinId) != seats_.end();
 }
 
-void Meeting::join(Participant participant, std::shared_ptr<Connection> connection) {
-    const auto same = std::ranges::find_if(
-        seats_, [&](const Seat& seat) { return seat.participant.userId == participant.userId; });
-    if (same != seats_.end()) {
+std::string Meeting::join(const JoinRequest& request, std::shared_ptr<Connection> connection) {
+    std::string publicId;
+    if (const auto same = std::ranges::find(seats_, request.joinId, &Seat::joinId);
+        same != seats_.end()) {
+        publicId = same->participant.userId;
         same->connection->close({4001, "joined elsewhere"});
         seats_.erase(same);
+    } else {
+        publicId = std::string(kindOf(request.joinId)) + "-" + std::to_string(++publicIds_);
     }
     const Connection* joined = connection.get();
-    seats_.push_back({std::move(participant), std::move(connection)});
+    seats_.push_back({request.joinId,
+                      {publicId, request.displayName, request.role, request.cursorColor},
+                      std::move(connection)});
     seats_.back().connection->send(
         shared(welcomeMessage(identity_.roomCode, identity_.roomName, seats_.back().participant,
                               participants())),
         everyOneMatters);
     tellParticipants(joined);
+    return publicId;
 }
 
 void Meeting::leave(const Connection& connection) {
@@ -65,7 +70,12 @@ void Meeting::end() {
     const SharedText ended = shared(endedMessage());
     for (const Seat& seat : seats_) {
         seat.connection->send(ended, everyOneMatters);
-        seat.connection->close({1000, "ended"});
+        // A host that is closed comes back every second; it leaves by itself for another meeting.
+        if (isHostSocket(seat.joinId)) {
+            seat.connection->wait();
+        } else {
+            seat.connection->close({1000, "ended"});
+        }
     }
     seats_.clear();
 }
@@ -78,7 +88,7 @@ const Meeting::Seat* Meeting::seatOf(const Connection& connection) const {
 
 void Meeting::step(const Seat& from, const StepMessage& message) {
     const std::string& userId = from.participant.userId;
-    const TapId tap(userId, message.id);
+    const TapId tap(from.joinId, message.id);
     if (const auto known = taps_.find(tap); known != taps_.end()) {
         const auto& [direction, seq] = known->second;
         from.connection->send(shared(stepMessage(direction, seq, userId, message.id)),

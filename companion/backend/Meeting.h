@@ -20,13 +20,15 @@ struct Farewell {
     std::string_view reason;
 };
 
-/// The way to one participant. Neither call may lead back into the meeting.
+/// The way to one participant. No call may lead back into the meeting.
 class Connection {
 public:
     virtual ~Connection() = default;
     virtual void send(SharedText text, std::string_view topic) = 0;
     /// What was sent before is still delivered.
     virtual void close(Farewell farewell) = 0;
+    /// Stays open without a meeting, and silent.
+    virtual void wait() = 0;
 };
 
 /// One room: who is in it, and what they say to each other.
@@ -49,8 +51,10 @@ public:
     std::vector<Participant> participants() const;
 
     /// Whether there is room for this one; who replaces somebody needs none.
-    bool hasRoomFor(const std::string& userId) const;
-    void join(Participant participant, std::shared_ptr<Connection> connection);
+    bool hasRoomFor(const std::string& joinId) const;
+    /// The public id. One who joins again with the same join id keeps it, and the first connection
+    /// is closed.
+    std::string join(const JoinRequest& request, std::shared_ptr<Connection> connection);
     /// Nothing when it has been replaced, or never was here.
     void leave(const Connection& connection);
     void say(const Connection& from, const ClientMessage& message);
@@ -58,6 +62,8 @@ public:
 
 private:
     struct Seat {
+        /// Only its client knows it.
+        std::string joinId;
         Participant participant;
         std::shared_ptr<Connection> connection;
     };
@@ -65,6 +71,7 @@ private:
         Direction direction;
         std::int64_t seq;
     };
+    /// The join id, and the tap's own.
     using TapId = std::pair<std::string, std::string>;
 
     const Seat* seatOf(const Connection& connection) const;
@@ -75,6 +82,7 @@ private:
 
     Identity identity_;
     std::int64_t nextSeq_;
+    std::uint64_t publicIds_ = 0;
     /// In the order in which they came.
     std::vector<Seat> seats_;
     /// The latest taps, to know those that are sent again.

@@ -67,15 +67,26 @@ bool isDisplayText(std::string_view text) {
 }
 
 bool isOverlay(std::string_view userId) {
-    return userId.starts_with("overlay") && !userId.starts_with("overlay-native");
+    return kindOf(userId) == "overlay";
+}
+
+bool isHostSocket(std::string_view userId) {
+    return kindOf(userId) == "overlay-native";
 }
 
 bool showsParticipants(std::string_view userId) {
-    return isOverlay(userId) || userId.starts_with("panel");
+    return isOverlay(userId) || kindOf(userId) == "panel";
 }
 
 bool isReserved(std::string_view userId) {
-    return userId.starts_with("overlay") || userId.starts_with("panel");
+    return kindOf(userId) != "guest";
+}
+
+std::string_view kindOf(std::string_view userId) {
+    for (const std::string_view kind : {"overlay-native", "overlay", "panel"}) {
+        if (userId.starts_with(kind)) return kind;
+    }
+    return "guest";
 }
 
 }  // namespace stagehopper::companion

@@ -23,11 +23,17 @@ bool isDisplayText(std::string_view text);
 /// and draws nothing.
 bool isOverlay(std::string_view userId);
 
+/// The host's own socket.
+bool isHostSocket(std::string_view userId);
+
 /// Whether this one shows people who is in the room. Phones do not: in a full room telling each of
 /// them of each other would be megabytes for everybody.
 bool showsParticipants(std::string_view userId);
 
 /// Names that only this machine's own clients may carry.
 bool isReserved(std::string_view userId);
+
+/// What a client is, of its id: "overlay-native", "overlay", "panel" or "guest".
+std::string_view kindOf(std::string_view userId);
 
 }  // namespace stagehopper::companion

@@ -7,7 +7,7 @@ namespace stagehopper::companion {
 namespace {
 
 RoomEntry refused(unsigned status, std::string_view reason) {
-    return {.status = status, .reason = reason, .meeting = nullptr, .participant = {}};
+    return {.status = status, .reason = reason, .meeting = nullptr, .request = {}};
 }
 
 }  // namespace
@@ -16,23 +16,30 @@ RoomEntry enterRoom(std::string_view query, Trust trust, const std::string& addr
                     const Meetings& meetings, WrongSecrets& wrongSecrets, Moment now) {
     const auto request = parseJoinRequest(query);
     if (!request) return refused(400, "malformed query");
-    const bool guest = request->participant.role == Role::guest;
+    const bool guest = request->role == Role::guest;
     if (trust == Trust::localProgram && !guest) return refused(403, "guests only");
     // The phone's page is an own page, too, when it is opened on this machine.
     const bool needsSecret = trust == Trust::network;
     if (needsSecret) {
         if (wrongSecrets.mustWait(address, now)) return refused(429, "too many wrong secrets");
-        if (!guest || isReserved(request->participant.userId)) return refused(403, "guests only");
+        if (!guest || isReserved(request->joinId)) return refused(403, "guests only");
     }
     const auto meeting = meetings.find(request->roomCode);
-    if (meeting == nullptr) return refused(404, "no such meeting");
+    if (meeting == nullptr && trust == Trust::localProgram && isHostSocket(request->joinId)) {
+        // It would ask again every second for as long as it is refused.
+        return {.reason = {}, .meeting = nullptr, .request = *request};
+    }
+    if (meeting == nullptr) {
+        // Codes are guessed as secrets are.
+        if (needsSecret) wrongSecrets.count(address, now);
+        return refused(404, "no such meeting");
+    }
     if (needsSecret && !secretsEqual(request->secret.value_or(""), meeting->identity().secret)) {
         wrongSecrets.count(address, now);
         return refused(403, "wrong secret");
     }
-    const Participant& participant = request->participant;
-    if (!meeting->hasRoomFor(participant.userId)) return refused(503, "the room is full");
-    return {.reason = {}, .meeting = meeting, .participant = participant};
+    if (!meeting->hasRoomFor(request->joinId)) return refused(503, "the room is full");
+    return {.reason = {}, .meeting = meeting, .request = *request};
 }
 
 }  // namespace stagehopper::companion

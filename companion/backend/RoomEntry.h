@@ -14,11 +14,12 @@ struct RoomEntry {
     /// 101, or why not.
     unsigned status = 101;
     std::string_view reason;
+    /// Absent for a host's socket whose meeting is over: it waits.
     std::shared_ptr<Meeting> meeting;
-    Participant participant;
+    JoinRequest request;
 };
 
-/// Who may join with this query. Wrong secrets are counted under the peer's address.
+/// Who may join with this query. Wrong secrets and codes are counted under the peer's address.
 /// Thread: one at a time.
 RoomEntry enterRoom(std::string_view query, Trust trust, const std::string& address,
                     const Meetings& meetings, WrongSecrets& wrongSecrets, Moment now);

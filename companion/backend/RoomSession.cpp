@@ -7,6 +7,8 @@
 #include <chrono>
 #include <optional>
 
+#include "companion/backend/Names.h"
+
 namespace stagehopper::companion {
 
 namespace asio = boost::asio;
@@ -23,6 +25,8 @@ constexpr auto handshakeTime = 10s;
 constexpr auto longestSilence = 30s;
 // For what is still to be sent, and for the other side's good-bye.
 constexpr auto closingTime = 5s;
+// One for each Stagehopper of this machine.
+constexpr std::size_t maxWaitingHosts = 8;
 constexpr std::size_t mostMessages = 240;
 constexpr auto messageWindow = 2s;
 
@@ -30,22 +34,26 @@ using HttpRequest = http::request<http::string_body>;
 
 class RoomSession : public Connection, public std::enable_shared_from_this<RoomSession> {
 public:
-    RoomSession(beast::tcp_stream stream, Service& service, ConnectionCounts::Permit permit,
-                RoomEntry entry, std::string peer)
+    RoomSession(beast::tcp_stream stream, Service& service, Shares::Permit permit,
+                const RoomEntry& entry, std::string peer)
         : ws_(std::move(stream)),
           closingTimer_(ws_.get_executor()),
           service_(service),
           permit_(std::move(permit)),
           meeting_(entry.meeting),
-          roomCode_(entry.meeting->identity().roomCode),
-          participant_(std::move(entry.participant)),
+          roomCode_(entry.request.roomCode),
           peer_(std::move(peer)) {}
 
     /// The seat is taken before the handshake, so that nobody else gets it meanwhile.
-    void start(Meeting& meeting, HttpRequest request) {
+    void start(const RoomEntry& entry, HttpRequest request) {
         service_.inRooms.push_back(weak_from_this());
-        meeting.join(participant_, shared_from_this());
-        log("joined", {});
+        if (entry.meeting != nullptr) {
+            publicId_ = entry.meeting->join(entry.request, shared_from_this());
+            log("joined", {});
+        } else {
+            publicId_ = kindOf(entry.request.joinId);
+            wait();
+        }
         ws_.set_option(websocket::stream_base::timeout{handshakeTime, longestSilence, true});
         ws_.read_message_max(mostMessageBytes);
         ws_.control_callback([weak = weak_from_this()](websocket::frame_type, beast::string_view) {
@@ -81,6 +89,14 @@ public:
         // Not at once: the meeting may be calling.
         asio::post(ws_.get_executor(), [self = shared_from_this()] { self->leave(); });
         if (open_ && writing_ == nullptr) writeNext();
+    }
+
+    void wait() override {
+        if (farewell_) return;
+        auto place = service_.waitingHosts.take({{"host", maxWaitingHosts}});
+        if (!place) return close({1000, "ended"});
+        waiting_.emplace(std::move(*place));
+        log("waiting", {});
     }
 
 private:
@@ -166,19 +182,21 @@ private:
     }
 
     void log(std::string_view event, std::string_view detail) {
-        service_.log.line(event, "room=" + roomCode_ + " user=" + participant_.userId +
-                                     " peer=" + peer_ + (detail.empty() ? "" : " reason=") +
-                                     std::string(detail));
+        service_.log.line(event,
+                          "room=" + roomCode_ + " user=" + publicId_ + " peer=" + peer_ +
+                              (detail.empty() ? "" : " reason=") + std::string(detail),
+                          BackendLog::Cause::participant);
     }
 
     websocket::stream<beast::tcp_stream> ws_;
     asio::steady_timer closingTimer_;
     Service& service_;
-    ConnectionCounts::Permit permit_;
+    Shares::Permit permit_;
+    std::optional<Shares::Permit> waiting_;
     /// The meeting holds us.
     std::weak_ptr<Meeting> meeting_;
     std::string roomCode_;
-    Participant participant_;
+    std::string publicId_;
     std::string peer_;
     beast::flat_buffer buffer_;
     OutgoingQueue queue_;
@@ -193,12 +211,11 @@ private:
 
 }  // namespace
 
-void startRoomSession(beast::tcp_stream stream, Service& service, ConnectionCounts::Permit permit,
-                      RoomEntry entry, std::string peer, HttpRequest request) {
-    const std::shared_ptr<Meeting> meeting = entry.meeting;
-    std::make_shared<RoomSession>(std::move(stream), service, std::move(permit), std::move(entry),
+void startRoomSession(beast::tcp_stream stream, Service& service, Shares::Permit permit,
+                      const RoomEntry& entry, std::string peer, HttpRequest request) {
+    std::make_shared<RoomSession>(std::move(stream), service, std::move(permit), entry,
                                   std::move(peer))
-        ->start(*meeting, std::move(request));
+        ->start(entry, std::move(request));
 }
 
 }  // namespace stagehopper::companion

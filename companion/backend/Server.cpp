@@ -11,6 +11,7 @@
 
 #include "companion/backend/HttpSession.h"
 #include "companion/backend/LocalAddresses.h"
+#include "companion/backend/LoopbackUser.h"
 #include "companion/backend/ParentProcess.h"
 #include "companion/backend/Service.h"
 
@@ -33,6 +34,17 @@ constexpr int sendBufferBytes = 16 * 1024;
 std::int64_t millisecondsSince1970() {
     const auto now = std::chrono::system_clock::now().time_since_epoch();
     return std::chrono::duration_cast<std::chrono::milliseconds>(now).count();
+}
+
+Peer peerOf(const tcp::endpoint& from, const tcp::endpoint& to) {
+    Peer peer{.address = from.address().to_string(), .isLoopback = from.address().is_loopback()};
+    if (!peer.isLoopback) return peer;
+    const auto user = userOf({.fromAddress = from.address().to_v4().to_uint(),
+                              .fromPort = from.port(),
+                              .toAddress = to.address().to_v4().to_uint(),
+                              .toPort = to.port()});
+    peer.isOtherUser = user && *user != ::geteuid();
+    return peer;
 }
 
 /// False when the port is not to be had.
@@ -127,11 +139,11 @@ private:
         socket.set_option(tcp::no_delay(true), error);
         // What a slow reader leaves lying waits in our queue, where old pointers are replaced.
         socket.set_option(tcp::socket::send_buffer_size(sendBufferBytes), error);
-        const std::string address = peer.address().to_string();
-        if (auto permit = service_->counts.take(address)) {
+        const Peer who = peerOf(peer, socket.local_endpoint(error));
+        if (auto permit = service_->counts.take(who)) {
             std::make_shared<HttpSession>(std::move(socket), *service_, std::move(*permit))
                 ->serve();
-        } else if (auto refusal = service_->refused.take(address)) {
+        } else if (auto refusal = service_->refused.take(who)) {
             std::make_shared<HttpSession>(std::move(socket), *service_, std::move(*refusal))
                 ->refuse();
         }

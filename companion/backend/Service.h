@@ -8,6 +8,7 @@
 #include "companion/backend/ConnectionCounts.h"
 #include "companion/backend/Meetings.h"
 #include "companion/backend/Pages.h"
+#include "companion/backend/Shares.h"
 #include "companion/backend/WrongSecrets.h"
 
 namespace stagehopper::companion {
@@ -22,6 +23,8 @@ struct Service {
     ConnectionCounts counts;
     /// More than `counts` allows: they get an answer, but not all at once.
     ConnectionCounts refused;
+    /// The sockets of hosts whose meeting is over; see `RoomSession`.
+    Shares waitingHosts;
     WrongSecrets wrongSecrets;
     Meetings meetings;
     Api api;

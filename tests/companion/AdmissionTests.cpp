@@ -153,6 +153,13 @@ TEST(Admission, AnotherMethodIsToldTheRightOne) {
     EXPECT_EQ(admit(ownPage("POST", "/v1/meetings/K7M2QX")).allowedMethod, "DELETE");
 }
 
+TEST(Admission, NothingOfARequestIsNamedInTheLog) {
+    EXPECT_EQ(admit(program("/phone%23K7M2QX.SECRET")).route, "unknown");
+    EXPECT_EQ(admit(program("/K7M2QX.SECRET")).route, "unknown");
+    EXPECT_EQ(admit(ownPage("DELETE", "/v1/meetings/SECRET")).route, "/v1/meetings/");
+    EXPECT_EQ(admit(phone("/health")).route, "/health") << "refused, and known";
+}
+
 TEST(Admission, NoOtherPathExists) {
     for (const char* path :
          {"", "/", "*", "/link.html", "/phone/", "//phone", "/phone/../link", "/%70hone",

@@ -110,7 +110,7 @@ TEST_F(ApiTest, ActiveMeetingsAreListedWithTheirParticipants) {
     EXPECT_EQ(json::parse(ask(Resource::activeMeetings, "").body),
               json({{"meetings", json::array()}}));
     create(R"({"roomName":"Physics"})");
-    meetings_.newest()->join({"phone-1", "Ann", Role::guest, "#aabbcc"},
+    meetings_.newest()->join({"", "phone-1", "Ann", Role::guest, "#aabbcc", {}},
                              std::make_shared<FakeConnection>());
     const json active = json::parse(ask(Resource::activeMeetings, "").body);
     EXPECT_EQ(active, json({{"meetings",
@@ -118,7 +118,7 @@ TEST_F(ApiTest, ActiveMeetingsAreListedWithTheirParticipants) {
                                {"roomName", "Physics"},
                                {"createdAt", 1790000000000},
                                {"participants",
-                                {{{"userId", "phone-1"},
+                                {{{"userId", "guest-1"},
                                   {"displayName", "Ann"},
                                   {"role", "guest"},
                                   {"cursorColor", "#aabbcc"}}}}}}}}));
@@ -146,6 +146,11 @@ TEST_F(ApiTest, APageMayConnectToItsOwnSocketOnly) {
 TEST_F(ApiTest, AFileThatIsNotThereIsNotFound) {
     EXPECT_EQ(ask(Resource::file, "/phone.js").status, 404U);
     EXPECT_THAT(pages_->missing(), testing::Contains("phone.js"));
+}
+
+TEST_F(ApiTest, AFileIsReadOnceAtTheStart) {
+    std::ofstream(folder_.path() + "/phone.html") << "<p>changed</p>";
+    EXPECT_EQ(ask(Resource::file, "/phone").body, "<p>phone</p>");
 }
 
 TEST_F(ApiTest, SafariGetsAPartOfTheVideo) {

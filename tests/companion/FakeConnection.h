@@ -18,6 +18,7 @@ public:
         topics.emplace_back(topic);
     }
     void close(Farewell farewell) override { closed = farewell; }
+    void wait() override { waits = true; }
 
     std::vector<nlohmann::json> sent() const {
         std::vector<nlohmann::json> all;
@@ -35,6 +36,7 @@ public:
 
     std::vector<std::string> topics;
     std::optional<Farewell> closed;
+    bool waits = false;
 
 private:
     /// Read only when asked for: a full room sends very many.

@@ -27,10 +27,10 @@ TEST(JoinRequest, TheHostsOwnQueryIsRead) {
     const auto request = parseJoinRequest(hostsOwn);
     ASSERT_TRUE(request);
     EXPECT_EQ(request->roomCode, "K7M2QX");
-    EXPECT_EQ(request->participant.userId, "overlay-native-3F2A9C1B");
-    EXPECT_EQ(request->participant.role, Role::guest);
-    EXPECT_EQ(request->participant.displayName, "overlay-native");
-    EXPECT_EQ(request->participant.cursorColor, "#000000");
+    EXPECT_EQ(request->joinId, "overlay-native-3F2A9C1B");
+    EXPECT_EQ(request->role, Role::guest);
+    EXPECT_EQ(request->displayName, "overlay-native");
+    EXPECT_EQ(request->cursorColor, "#000000");
     EXPECT_FALSE(request->secret);
 }
 
@@ -43,7 +43,7 @@ TEST(JoinRequest, ASecretAndUnknownNamesMayStandInIt) {
 TEST(JoinRequest, APlusSignIsAPlusSign) {
     const auto request = parseJoinRequest(queryWith("displayName", "Ann%20+%2B%C3%84"));
     ASSERT_TRUE(request);
-    EXPECT_EQ(request->participant.displayName, "Ann ++Ä");
+    EXPECT_EQ(request->displayName, "Ann ++Ä");
 }
 
 TEST(JoinRequest, NothingMayBeMissing) {

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "companion/backend/ConnectionCounts.h"
+#include "companion/backend/LineBudget.h"
 #include "companion/backend/OutgoingQueue.h"
 #include "companion/backend/RateLimit.h"
 #include "companion/backend/WrongSecrets.h"
@@ -71,26 +72,62 @@ TEST(OutgoingQueue, IsFullAt256) {
     EXPECT_TRUE(queue.push(text("step")));
 }
 
-TEST(ConnectionCounts, AnAddressOfTheNetworkHasSixtyFour) {
-    ConnectionCounts counts;
-    std::vector<ConnectionCounts::Permit> permits;
-    for (int i = 0; i < 64; ++i) permits.push_back(std::move(*counts.take("10.0.0.1")));
-    EXPECT_FALSE(counts.take("10.0.0.1"));
-    EXPECT_TRUE(counts.take("10.0.0.2"));
-    EXPECT_TRUE(counts.take("127.0.0.1"));
-    permits.pop_back();
-    EXPECT_TRUE(counts.take("10.0.0.1")) << "one has been given back";
+Peer fromNetwork(const std::string& address) {
+    return {.address = address};
+}
+const Peer ownProgram{.address = "127.0.0.1", .isLoopback = true};
+const Peer otherUser{.address = "127.0.0.2", .isLoopback = true, .isOtherUser = true};
+
+std::size_t taken(ConnectionCounts& counts, const Peer& peer, std::vector<Shares::Permit>& held) {
+    std::size_t count = 0;
+    while (auto permit = counts.take(peer)) {
+        held.push_back(std::move(*permit));
+        ++count;
+    }
+    return count;
 }
 
-TEST(ConnectionCounts, TheNetworkCannotLockOutThisMachine) {
+TEST(ConnectionCounts, AnAddressOfTheNetworkHasSixtyFour) {
     ConnectionCounts counts;
-    std::vector<ConnectionCounts::Permit> permits;
-    for (int i = 0; i < 960; ++i) {
-        permits.push_back(std::move(*counts.take("10.0.0." + std::to_string(i / 60))));
+    std::vector<Shares::Permit> held;
+    EXPECT_EQ(taken(counts, fromNetwork("10.0.0.1"), held), 64U);
+    EXPECT_TRUE(counts.take(fromNetwork("10.0.0.2")));
+    EXPECT_TRUE(counts.take(ownProgram));
+    held.pop_back();
+    EXPECT_TRUE(counts.take(fromNetwork("10.0.0.1"))) << "one has been given back";
+}
+
+TEST(ConnectionCounts, TheNetworkCannotLockOutThisMachineNorThisMachineTheNetwork) {
+    ConnectionCounts counts;
+    std::vector<Shares::Permit> held;
+    for (int i = 0; i < 15; ++i) {
+        EXPECT_EQ(taken(counts, fromNetwork("10.0.0." + std::to_string(i)), held), 64U);
     }
-    EXPECT_FALSE(counts.take("10.0.1.1"));
-    for (int i = 0; i < 64; ++i) permits.push_back(std::move(*counts.take("127.0.0.1")));
-    EXPECT_FALSE(counts.take("127.0.0.1")) << "1,024 in all";
+    EXPECT_FALSE(counts.take(fromNetwork("10.0.1.1")));
+    EXPECT_EQ(taken(counts, ownProgram, held), 256U);
+    held.clear();
+    EXPECT_EQ(taken(counts, ownProgram, held), 256U);
+    EXPECT_TRUE(counts.take(fromNetwork("10.0.1.1")));
+}
+
+TEST(ConnectionCounts, OtherUsersOfTheMachineHaveSixtyFourTogether) {
+    ConnectionCounts counts;
+    std::vector<Shares::Permit> held;
+    EXPECT_EQ(taken(counts, otherUser, held), 64U);
+    EXPECT_EQ(taken(counts, ownProgram, held), 192U);
+}
+
+TEST(LineBudget, AFloodCostsOneLineASecondAndSixtyAnHour) {
+    LineBudget budget(1, 60);
+    const Moment start;
+    std::size_t written = 0;
+    // Ten a second for an hour.
+    for (int i = 0; i < 36000; ++i) written += budget.allow(start + i * 100ms) ? 1U : 0U;
+    EXPECT_EQ(written, 60U);
+    EXPECT_EQ(budget.takeLeftOut(), 35940U);
+    EXPECT_EQ(budget.takeLeftOut(), 0U);
+    EXPECT_TRUE(budget.allow(start + 1h));
+    EXPECT_FALSE(budget.allow(start + 1h + 999ms));
 }
 
 }  // namespace

@@ -1,11 +1,14 @@
 // What the backend takes from the machine: addresses, random text, its parent.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
 #include <unistd.h>
 
 #include <set>
 
 #include "companion/backend/LocalAddresses.h"
+#include "companion/backend/LoopbackUser.h"
 #include "companion/backend/Names.h"
 #include "companion/backend/ParentProcess.h"
 #include "companion/backend/RandomText.h"
@@ -37,6 +40,33 @@ TEST(LocalAddresses, ThoseOfThisMachineLeadOutOfIt) {
     for (const LocalAddress& local : localAddresses()) {
         EXPECT_FALSE(local.address.starts_with("127.")) << local.interfaceName;
     }
+}
+
+TEST(LoopbackUser, TheUserWhoOpenedAConnectionIsKnown) {
+    sockaddr_in server{};
+    server.sin_family = AF_INET;
+    server.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    auto* address = reinterpret_cast<sockaddr*>(&server);
+    socklen_t size = sizeof(server);
+    const int listening = ::socket(AF_INET, SOCK_STREAM, 0);
+    ASSERT_EQ(::bind(listening, address, size), 0);
+    ASSERT_EQ(::listen(listening, 1), 0);
+    ASSERT_EQ(::getsockname(listening, address, &size), 0);
+    const int opened = ::socket(AF_INET, SOCK_STREAM, 0);
+    ASSERT_EQ(::connect(opened, address, size), 0);
+    sockaddr_in client{};
+    ASSERT_EQ(::getsockname(opened, reinterpret_cast<sockaddr*>(&client), &size), 0);
+
+    const LoopbackConnection connection{.fromAddress = INADDR_LOOPBACK,
+                                        .fromPort = ntohs(client.sin_port),
+                                        .toAddress = INADDR_LOOPBACK,
+                                        .toPort = ntohs(server.sin_port)};
+    EXPECT_EQ(userOf(connection), ::geteuid());
+    LoopbackConnection nobodys = connection;
+    nobodys.toPort = nobodys.fromPort;
+    EXPECT_FALSE(userOf(nobodys));
+    ::close(opened);
+    ::close(listening);
 }
 
 TEST(RandomText, CodesAndSecretsHaveTheirFormAndDiffer) {

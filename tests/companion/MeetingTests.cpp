@@ -18,7 +18,13 @@ class MeetingTest : public testing::Test {
 protected:
     std::shared_ptr<FakeConnection> join(const std::string& userId, Role role = Role::guest) {
         auto connection = std::make_shared<FakeConnection>();
-        meeting_.join({userId, "name of " + userId, role, "#aabbcc"}, connection);
+        meeting_.join({"K7M2QX",
+                       userId,
+                       "name of " + userId.substr(0, userId.rfind('-')),
+                       role,
+                       "#aabbcc",
+                       {}},
+                      connection);
         return connection;
     }
 
@@ -35,9 +41,9 @@ TEST_F(MeetingTest, WhoJoinsIsWelcomedOnceAndFirst) {
     const auto phone = join("phone-1");
     ASSERT_THAT(phone->sent(), SizeIs(1));
     EXPECT_EQ(phone->sent()[0], json::parse(R"({"type":"welcome","roomCode":"K7M2QX",
-        "roomName":"Physics","userId":"phone-1","role":"guest","participants":[
-        {"userId":"panel-1","displayName":"name of panel-1","role":"host","cursorColor":"#aabbcc"},
-        {"userId":"phone-1","displayName":"name of phone-1","role":"guest","cursorColor":"#aabbcc"}
+        "roomName":"Physics","userId":"guest-2","role":"guest","participants":[
+        {"userId":"panel-1","displayName":"name of panel","role":"host","cursorColor":"#aabbcc"},
+        {"userId":"guest-2","displayName":"name of phone","role":"guest","cursorColor":"#aabbcc"}
         ]})"));
 }
 
@@ -81,7 +87,7 @@ TEST_F(MeetingTest, AStepGoesToEverybodyItsSenderToo) {
         EXPECT_EQ(steps[0], json({{"type", "slide_nav"},
                                   {"direction", "next"},
                                   {"seq", createdAt},
-                                  {"userId", "phone-1"},
+                                  {"userId", "guest-2"},
                                   {"id", "a"}}));
         EXPECT_EQ(steps[1]["direction"], "prev");
         EXPECT_EQ(steps[1]["seq"], createdAt + 1);
@@ -118,7 +124,7 @@ TEST_F(MeetingTest, PointersGoToOverlaysOnly) {
     meeting_.say(*phone, PointerMessage{0.5, 0.25, true});
     ASSERT_THAT(overlay->ofType("pointer"), SizeIs(1));
     EXPECT_EQ(overlay->ofType("pointer")[0], json({{"type", "pointer"},
-                                                   {"userId", "phone-1"},
+                                                   {"userId", "guest-4"},
                                                    {"x", 0.5},
                                                    {"y", 0.25},
                                                    {"visible", true},
@@ -155,6 +161,48 @@ TEST_F(MeetingTest, ASecondJoinReplacesTheFirst) {
     meeting_.leave(*first);
     EXPECT_THAT(second->ofType("slide_nav"), IsEmpty()) << "who was replaced says nothing more";
     EXPECT_THAT(meeting_.participants(), SizeIs(1)) << "nor does its leaving take the other's seat";
+}
+
+TEST_F(MeetingTest, TheHostsSocketWaitsWhenTheMeetingIsOver) {
+    const auto native = join("overlay-native-3F2A9C1B");
+    meeting_.end();
+    EXPECT_EQ(native->sent().back(), json({{"type", "ended"}}));
+    EXPECT_TRUE(native->waits);
+    EXPECT_FALSE(native->closed);
+}
+
+TEST_F(MeetingTest, NobodyIsToldTheIdThatTakesASeat) {
+    const auto panel = join("panel-0a1b2c3d", Role::host);
+    const auto overlay = join("overlay-4e5f6071");
+    const auto native = join("overlay-native-3F2A9C1B");
+    const auto phone = join("phone-secret");
+    tap(*phone, "a");
+    meeting_.say(*phone, PointerMessage{});
+    for (const auto& connection : {panel, overlay, native, phone}) {
+        for (const json& message : connection->sent()) {
+            for (const char* joinId : {"0a1b2c3d", "4e5f6071", "3F2A9C1B", "phone-secret"}) {
+                EXPECT_EQ(message.dump().find(joinId), std::string::npos) << message;
+            }
+        }
+    }
+}
+
+TEST_F(MeetingTest, APublicIdTellsWhatItsClientIs) {
+    for (const char* joinId : {"overlay-native-3F2A9C1B", "overlay-1", "panel-1", "phone-1"}) {
+        join(joinId);
+    }
+    std::vector<std::string> shown;
+    for (const Participant& one : meeting_.participants()) shown.push_back(one.userId);
+    EXPECT_THAT(shown, testing::ElementsAre("overlay-native-1", "overlay-2", "panel-3", "guest-4"));
+}
+
+TEST_F(MeetingTest, AReconnectKeepsThePublicIdAndAPublicIdTakesNoSeat) {
+    const auto first = join("phone-1");
+    const auto second = join("phone-1");
+    EXPECT_EQ(second->sent()[0]["userId"], "guest-1");
+    const auto impostor = join("guest-1");
+    EXPECT_FALSE(second->closed);
+    EXPECT_EQ(impostor->sent()[0]["userId"], "guest-2");
 }
 
 TEST_F(MeetingTest, TheEndIsToldAndEverybodyIsDisconnected) {

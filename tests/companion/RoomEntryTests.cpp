@@ -61,13 +61,31 @@ TEST_F(RoomEntryTest, MalformedUnknownAndFull) {
     EXPECT_EQ(enter("x", Trust::ownPage), 400U);
     EXPECT_EQ(enter(query("a b"), Trust::ownPage), 400U);
     for (int i = 0; i < 200; ++i) {
-        meeting_->join({"p" + std::to_string(i), "", Role::guest, "#000000"},
+        meeting_->join({"", "p" + std::to_string(i), "", Role::guest, "#000000", {}},
                        std::make_shared<FakeConnection>());
     }
     EXPECT_EQ(enter(query("late"), Trust::ownPage), 503U);
     const std::string ended = query("phone-1");
     meetings_.end(meeting_->identity().roomCode);
     EXPECT_EQ(enter(ended, Trust::ownPage), 404U);
+}
+
+TEST_F(RoomEntryTest, AHostComesBackToAMeetingThatIsOver) {
+    const std::string host = query("overlay-native-1");
+    meetings_.end(meeting_->identity().roomCode);
+    EXPECT_EQ(enter(host, Trust::localProgram), 101U);
+    EXPECT_EQ(enter(host, Trust::ownPage), 404U) << "pages hear of the end and stop";
+    EXPECT_EQ(enter(query("other"), Trust::localProgram), 404U);
+}
+
+TEST_F(RoomEntryTest, WhoGuessesCodesWaitsAsWell) {
+    std::string unknown = withSecret(query("phone-1"));
+    unknown.replace(unknown.find('=') + 1, 6, "ZZZZZZ");
+    for (int i = 0; i < 10; ++i) EXPECT_EQ(enter(unknown, Trust::network), 404U);
+    EXPECT_EQ(enter(unknown, Trust::network), 429U);
+    EXPECT_EQ(enter(withSecret(query("phone-1")), Trust::network), 429U);
+    now_ += 60s;
+    EXPECT_EQ(enter(withSecret(query("phone-1")), Trust::network), 101U);
 }
 
 TEST_F(RoomEntryTest, WhoGuessesWaitsEvenWithTheRightSecretAtLast) {

@@ -1,0 +1,10 @@
+// For systems that do not tell who opened a connection.
+#include "companion/backend/LoopbackUser.h"
+
+namespace stagehopper::companion {
+
+std::optional<std::uint32_t> userOf(const LoopbackConnection& /*connection*/) {
+    return std::nullopt;
+}
+
+}  // namespace stagehopper::companion

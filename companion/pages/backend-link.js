@@ -32,8 +32,12 @@ class BackendLink {
         this.#frame = document.createElement("iframe");
         this.#frame.hidden = true;
         this.#frame.title = "";
-        // Whoever answers there may not open windows or lead this page elsewhere.
+        // It may not open windows, lead this page elsewhere, or ask for a camera. Without its own
+        // origin the backend would not trust it.
         this.#frame.sandbox = "allow-scripts allow-same-origin";
+        this.#frame.allow = "camera 'none'; microphone 'none'; geolocation 'none'; " +
+            "display-capture 'none'; fullscreen 'none'";
+        this.#frame.referrerPolicy = "no-referrer";
         this.#frame.src = `${origin}/link`;
         window.addEventListener("message", this.#listener);
     }

@@ -1,13 +1,18 @@
 // Runs in a hidden frame of the panel and the overlay. Those are local files, whose requests the
 // backend does not trust; this page's own come from the backend's origin. It passes on what its
-// parent asks for, after it has made sure that no page of the web is its parent.
+// parent asks for, after it has made sure that its parent is a page of Stagehopper.
 "use strict";
 
 (() => {
     const tell = (message) => window.parent.postMessage(message, "*");
 
-    // `self.origin`, not `location.origin`: in a sandbox, where a hostile page can hide its own
-    // name, the first is "null" and the second is not.
+    // Stagehopper writes the mark into each frame of its own views. A page in a browser cannot
+    // write into this frame, for it has another origin.
+    const isInStagehoppersView = window.stagehopperView === true;
+
+    // In such a view only the page itself may be around this one, not another frame. `self.origin`,
+    // not `location.origin`: in a sandbox, where a frame can hide its own name, the first is "null"
+    // and the second is not.
     function mayWorkHere() {
         if (window.parent === window) return false;
         if (!/^http:\/\/127\.0\.0\.1(:\d+)?$/.test(self.origin)) return false;
@@ -32,9 +37,10 @@
             options.body = JSON.stringify(body);
         }
         try {
-            // One that begins with two slashes would name another server.
-            if (!/^\/(?!\/)/.test(path)) throw new TypeError("not a path of this server");
-            const response = await fetch(path, options);
+            // Some paths name another server: "//h/x", and "/\\h/x" as well.
+            const url = new URL(path, self.origin);
+            if (url.origin !== self.origin) throw new TypeError("not a path of this server");
+            const response = await fetch(url, options);
             tell({ kind: "response", id, status: response.status, body: await bodyOf(response) });
         } catch {
             tell({ kind: "response", id, status: 0, body: null });
@@ -87,10 +93,12 @@
         }
     }
 
+    // A page of a browser gets no answer at all: it need not learn what runs here.
+    if (!isInStagehoppersView) return;
     if (mayWorkHere()) {
         window.addEventListener("message", onMessage);
         tell({ kind: "ready" });
-    } else if (window.parent !== window) {
+    } else {
         tell({ kind: "refused" });
     }
 })();

@@ -101,10 +101,12 @@ class PanelBackend {
         }
     }
 
+    // One after another: what answers behind the backend is never shown in a frame.
     static async #firstLink(ports) {
-        const links = (await Promise.all(
-            ports.map((port) => BackendLink.opened(`http://127.0.0.1:${port}`)))).filter(Boolean);
-        for (const link of links.slice(1)) link.close();
-        return links[0] ?? null;
+        for (const port of ports) {
+            const link = await BackendLink.opened(`http://127.0.0.1:${port}`);
+            if (link) return link;
+        }
+        return null;
     }
 }

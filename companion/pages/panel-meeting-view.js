@@ -9,8 +9,11 @@ class PanelMeetingView {
         this.#texts = texts;
         byId("address").addEventListener("change", () => this.#showLink());
         byId("copy-link").addEventListener("click", () => this.#copy());
-        byId("qr").addEventListener("click", () => byId("large-qr").showModal());
-        byId("large-qr").addEventListener("click", () => byId("large-qr").close());
+        byId("qr").addEventListener("click", () => this.#showLarge(true));
+        byId("large-qr").addEventListener("click", () => this.#showLarge(false));
+        document.addEventListener("keydown", ({ key }) => {
+            if (key === "Escape") this.#showLarge(false);
+        });
     }
 
     // A meeting's record, or null with the text that says why there is none.
@@ -29,7 +32,16 @@ class PanelMeetingView {
         byId("copied").textContent = "";
         byId("end-meeting").disabled = !record;
         if (links.length > 0) this.#showLink();
-        else if (byId("large-qr").open) byId("large-qr").close();
+        else this.#showLarge(false);
+    }
+
+    // Old engines have no dialogs: there it is an element with an attribute that the style knows.
+    #showLarge(large) {
+        const dialog = byId("large-qr");
+        if (dialog.hasAttribute("open") === large) return;
+        if (!dialog.showModal) dialog.toggleAttribute("open", large);
+        else if (large) dialog.showModal();
+        else dialog.close();
     }
 
     // Takes everybody in the room; only those with a phone are shown.

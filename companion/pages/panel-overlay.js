@@ -38,8 +38,11 @@ class PanelOverlay {
         this.#ask(PanelOverlay.asksAtMost);
     }
 
+    // An overlay whose page was loaded again knows no room.
     takeParticipants(participants) {
+        const wasJoined = this.#joined;
         this.#joined = participants.some(({ userId }) => /^overlay-(?!native)/.test(userId));
+        if (wasJoined && !this.#joined) this.#ask(PanelOverlay.asksAtMost);
     }
 
     #ask(times) {

@@ -25,6 +25,10 @@ function randomText(length) {
 
 // Who this phone is: for this tab its meeting and its id, for this phone a name and a colour.
 const identity = {
+    // What the room calls this phone. Its own id stays between it and the backend: with that,
+    // another could take its place.
+    publicId: "",
+
     colours: ["#e5484d", "#f76b15", "#ffd60a", "#30a46c", "#12a5b8", "#3e82f7", "#a05de0", "#f04f9b"],
 
     // Out of the address bar, where it could be photographed or passed on by mistake; kept for the
@@ -164,9 +168,12 @@ const room = {
     take(data) {
         const message = JSON.parse(data);
         switch (message.type) {
-            case "welcome": this.opened(); break;
+            case "welcome":
+                identity.publicId = message.userId;
+                this.opened();
+                break;
             case "slide_nav":
-                if (message.userId === identity.userId) this.acknowledged(message.id);
+                if (message.userId === identity.publicId) this.acknowledged(message.id);
                 break;
             case "ended": this.stop("ended"); break;
         }

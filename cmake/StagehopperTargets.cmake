@@ -25,7 +25,12 @@ target_compile_options(stagehopper_options INTERFACE
 if(STAGEHOPPER_SANITIZE)
   target_compile_options(stagehopper_options INTERFACE
     "-fsanitize=${STAGEHOPPER_SANITIZE}" -fno-omit-frame-pointer -fno-sanitize-recover=all)
-  target_link_options(stagehopper_options INTERFACE "-fsanitize=${STAGEHOPPER_SANITIZE}")
+  target_link_options(stagehopper_options INTERFACE "-fsanitize=${STAGEHOPPER_SANITIZE}"
+    "-Wl,--version-script=${CMAKE_SOURCE_DIR}/tests/sanitizers/symbols.map")
+  if(STAGEHOPPER_TESTS)
+    target_sources(stagehopper_options INTERFACE
+      "$<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>:$<TARGET_OBJECTS:stagehopper_sanitizer_options>>")
+  endif()
 endif()
 target_link_libraries(stagehopper_options INTERFACE Threads::Threads)
 

@@ -198,7 +198,14 @@ bool ChildProgram::isRunning() {
 }
 
 void ChildProgram::signal(int number) const {
-    if (!exitStatus_) kill(pid_, number);
+    if (exitStatus_) return;
+    kill(pid_, number);
+    if (number != SIGSTOP) return;
+    // On another processor it may still run for a moment.
+    siginfo_t state{};
+    while (waitid(P_PID, static_cast<id_t>(pid_), &state, WSTOPPED | WEXITED | WNOWAIT) < 0 &&
+           errno == EINTR) {
+    }
 }
 
 std::optional<int> ChildProgram::waitForExit(Limit limit) {

@@ -44,6 +44,7 @@ public:
 
     [[nodiscard]] bool isRunning();
     /// To the program itself, not to its group.
+    /// After SIGSTOP it stands still when this returns.
     void signal(int number) const;
     /// Waits until it has ended: the exit status, or 128 and the number of the signal that ended
     /// it, as shells have it.

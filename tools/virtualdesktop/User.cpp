@@ -25,6 +25,22 @@ void User::click(int x, int y) const {
     XSync(display_.get(), False);
 }
 
+void User::pressMouse(int x, int y) const {
+    XTestFakeMotionEvent(display_.get(), -1, x, y, CurrentTime);
+    XTestFakeButtonEvent(display_.get(), Button1, True, CurrentTime);
+    XSync(display_.get(), False);
+}
+
+void User::moveMouse(int x, int y) const {
+    XTestFakeMotionEvent(display_.get(), -1, x, y, CurrentTime);
+    XSync(display_.get(), False);
+}
+
+void User::releaseMouse() const {
+    XTestFakeButtonEvent(display_.get(), Button1, False, CurrentTime);
+    XSync(display_.get(), False);
+}
+
 void User::key(KeySym key, bool down) const {
     const auto code = XKeysymToKeycode(display_.get(), key);
     if (code == 0) throw DesktopError("the keyboard has no key " + std::to_string(key));

@@ -15,6 +15,10 @@ public:
     explicit User(const XDisplay& display) : display_(display) {}
 
     void click(int x, int y) const;
+    // With the first button of the mouse, for what is dragged.
+    void pressMouse(int x, int y) const;
+    void moveMouse(int x, int y) const;
+    void releaseMouse() const;
     void press(KeySym key) const;
     void release(KeySym key) const;
     /// Presses the keys in order and releases them in reverse: {XK_Control_L, XK_q}.

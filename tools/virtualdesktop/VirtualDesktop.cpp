@@ -31,8 +31,8 @@ std::string firstLine(ChildProgram& program, const std::string& name) {
 
 /// Our environment without what belongs to our own session.
 std::vector<std::string> inheritedEnvironment() {
-    constexpr std::array<std::string_view, 6> kept{
-        "PATH=", "USER=", "LOGNAME=", "SHELL=", "ASAN_OPTIONS=", "TSAN_OPTIONS="};
+    constexpr std::array<std::string_view, 7> kept{
+        "PATH=", "USER=", "LOGNAME=", "SHELL=", "ASAN_OPTIONS=", "TSAN_OPTIONS=", "UBSAN_OPTIONS="};
     std::vector<std::string> found;
     for (char** each = environ; *each != nullptr; ++each) {
         const std::string_view variable = *each;

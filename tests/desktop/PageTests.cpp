@@ -58,6 +58,7 @@ protected:
             return panel_->program().output().count("dragged over", 0) > 0;
         };
         ASSERT_TRUE(waitFor(isOverThePage, limit)) << panel_->output();
+        ASSERT_TRUE(source->output().waitForLine("accepted", limit)) << source->output().text();
         user.releaseMouse();
         ASSERT_TRUE(source->output().waitForLine("dragged", limit)) << source->output().text();
     }

@@ -175,10 +175,19 @@ private:
         EXPECT_EQ(arrived, 1) << history_.str();
     }
 
-    /// The window manager lists our windows; it does not when it is gone.
+    /// The window manager lists our windows and shows them, the one a while after the other; it
+    /// does not when it is gone.
     void expectToBeManaged() {
-        EXPECT_TRUE(waitFor([this] { return areListed(); }, limit))
-            << "the window manager lists other windows" << history_.str();
+        EXPECT_TRUE(waitFor([this] { return areListed() && areViewable(); }, limit))
+            << "the window manager lists or shows other windows" << history_.str();
+    }
+
+    [[nodiscard]] bool areViewable() const {
+        return std::ranges::all_of(windows_, [this](Window window) {
+            XWindowAttributes attributes{};
+            return XGetWindowAttributes(desktop_.display().get(), window, &attributes) != 0 &&
+                   attributes.map_state == IsViewable;
+        });
     }
 
     [[nodiscard]] bool areListed() const {

@@ -12,8 +12,8 @@
 #include "tests/desktop/FaultyBackend.h"
 #include "tests/desktop/KeptDebugLog.h"
 #include "tests/desktop/RemotePanel.h"
-#include "tools/virtualdesktop/DesktopError.h"
-#include "tools/virtualdesktop/Processes.h"
+#include "tests/drivers/desktop/DesktopError.h"
+#include "tests/drivers/desktop/Processes.h"
 
 namespace stagehopper::desktop {
 namespace {

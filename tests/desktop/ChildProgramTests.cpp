@@ -6,7 +6,7 @@
 
 #include <array>
 
-#include "tools/virtualdesktop/ChildProgram.h"
+#include "tests/drivers/desktop/ChildProgram.h"
 
 namespace stagehopper::desktop {
 namespace {

@@ -11,7 +11,7 @@
 #include <cstring>
 #include <memory>
 
-#include "tools/virtualdesktop/DesktopError.h"
+#include "tests/drivers/desktop/DesktopError.h"
 
 namespace stagehopper::desktop {
 

@@ -10,7 +10,7 @@
 #include <thread>
 #include <vector>
 
-#include "tools/virtualdesktop/WaitFor.h"
+#include "tests/drivers/desktop/WaitFor.h"
 
 namespace stagehopper::desktop {
 

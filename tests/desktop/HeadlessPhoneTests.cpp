@@ -6,9 +6,9 @@
 
 #include <fstream>
 
-#include "tools/phone/HeadlessPhone.h"
-#include "tools/virtualdesktop/DesktopError.h"
-#include "tools/virtualdesktop/Processes.h"
+#include "tests/drivers/desktop/DesktopError.h"
+#include "tests/drivers/desktop/Processes.h"
+#include "tests/drivers/phone/HeadlessPhone.h"
 
 namespace stagehopper::desktop {
 namespace {

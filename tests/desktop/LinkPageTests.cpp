@@ -9,8 +9,8 @@
 
 #include "tests/desktop/FaultyBackend.h"
 #include "tests/desktop/HostilePage.h"
-#include "tools/presentations/DeckColours.h"
-#include "tools/program/DrivenProgram.h"
+#include "tests/drivers/presentations/DeckColours.h"
+#include "tests/drivers/program/DrivenProgram.h"
 
 namespace stagehopper::desktop {
 namespace {

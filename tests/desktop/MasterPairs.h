@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "tools/virtualdesktop/XDisplay.h"
+#include "tests/drivers/desktop/XDisplay.h"
 
 namespace stagehopper::desktop {
 

@@ -7,11 +7,11 @@
 
 #include "tests/desktop/KeptDebugLog.h"
 #include "tests/desktop/RemotePanel.h"
-#include "tools/presentations/Deck.h"
-#include "tools/presentations/DeckColours.h"
-#include "tools/presentations/Impress.h"
-#include "tools/virtualdesktop/DesktopError.h"
-#include "tools/virtualdesktop/Processes.h"
+#include "tests/drivers/desktop/DesktopError.h"
+#include "tests/drivers/desktop/Processes.h"
+#include "tests/drivers/presentations/Deck.h"
+#include "tests/drivers/presentations/DeckColours.h"
+#include "tests/drivers/presentations/Impress.h"
 
 namespace stagehopper::desktop {
 namespace {

@@ -7,8 +7,8 @@
 #include "tests/desktop/FaultyBackend.h"
 #include "tests/desktop/KeptDebugLog.h"
 #include "tests/desktop/RemotePanel.h"
-#include "tools/phone/HeadlessPhone.h"
-#include "tools/program/JoinLink.h"
+#include "tests/drivers/phone/HeadlessPhone.h"
+#include "tests/drivers/program/JoinLink.h"
 
 namespace stagehopper::desktop {
 namespace {

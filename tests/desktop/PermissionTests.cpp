@@ -5,7 +5,7 @@
 
 #include "tests/desktop/MasterPairs.h"
 #include "tests/desktop/RemotePanel.h"
-#include "tools/presentations/Presentation.h"
+#include "tests/drivers/presentations/Presentation.h"
 
 namespace stagehopper::desktop {
 namespace {

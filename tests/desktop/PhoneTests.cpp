@@ -8,12 +8,12 @@
 
 #include "tests/desktop/FaultyBackend.h"
 #include "tests/desktop/KeptDebugLog.h"
-#include "tools/phone/HeadlessPhone.h"
-#include "tools/presentations/Deck.h"
-#include "tools/presentations/Impress.h"
-#include "tools/program/DrivenProgram.h"
-#include "tools/program/JoinLink.h"
-#include "tools/virtualdesktop/Processes.h"
+#include "tests/drivers/desktop/Processes.h"
+#include "tests/drivers/phone/HeadlessPhone.h"
+#include "tests/drivers/presentations/Deck.h"
+#include "tests/drivers/presentations/Impress.h"
+#include "tests/drivers/program/DrivenProgram.h"
+#include "tests/drivers/program/JoinLink.h"
 
 namespace stagehopper::desktop {
 namespace {

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tools/presentations/Impress.h"
+#include "tests/drivers/presentations/Impress.h"
 
 namespace stagehopper::desktop {
 namespace {

@@ -7,9 +7,9 @@
 #include <filesystem>
 
 #include "tests/desktop/RemotePanel.h"
-#include "tools/presentations/DeckColours.h"
-#include "tools/presentations/Presentation.h"
-#include "tools/virtualdesktop/Processes.h"
+#include "tests/drivers/desktop/Processes.h"
+#include "tests/drivers/presentations/DeckColours.h"
+#include "tests/drivers/presentations/Presentation.h"
 
 namespace stagehopper::desktop {
 namespace {

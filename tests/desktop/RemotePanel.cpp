@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "tools/presentations/DeckColours.h"
-#include "tools/virtualdesktop/DesktopError.h"
+#include "tests/drivers/desktop/DesktopError.h"
+#include "tests/drivers/presentations/DeckColours.h"
 
 namespace stagehopper::desktop {
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "tools/program/DrivenProgram.h"
+#include "tests/drivers/program/DrivenProgram.h"
 
 namespace stagehopper::desktop {
 

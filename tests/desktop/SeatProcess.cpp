@@ -6,8 +6,8 @@
 #include <array>
 #include <utility>
 
-#include "tools/program/DrivenProgram.h"
-#include "tools/virtualdesktop/DesktopError.h"
+#include "tests/drivers/desktop/DesktopError.h"
+#include "tests/drivers/program/DrivenProgram.h"
 
 namespace stagehopper::desktop {
 

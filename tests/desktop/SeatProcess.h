@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "tools/virtualdesktop/VirtualDesktop.h"
+#include "tests/drivers/desktop/VirtualDesktop.h"
 
 namespace stagehopper::desktop {
 

@@ -7,7 +7,7 @@
 
 #include "tests/desktop/MasterPairs.h"
 #include "tests/desktop/SeatProcess.h"
-#include "tools/program/DrivenProgram.h"
+#include "tests/drivers/program/DrivenProgram.h"
 
 namespace stagehopper::desktop {
 namespace {

@@ -9,7 +9,7 @@
 #include <fstream>
 #include <memory>
 
-#include "tools/virtualdesktop/DesktopError.h"
+#include "tests/drivers/desktop/DesktopError.h"
 
 namespace stagehopper::desktop {
 

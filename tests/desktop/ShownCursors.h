@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "tools/virtualdesktop/VirtualDesktop.h"
+#include "tests/drivers/desktop/VirtualDesktop.h"
 
 namespace stagehopper::desktop {
 

@@ -6,8 +6,8 @@
 #include <thread>
 
 #include "tests/desktop/RemotePanel.h"
-#include "tools/presentations/Deck.h"
-#include "tools/presentations/Impress.h"
+#include "tests/drivers/presentations/Deck.h"
+#include "tests/drivers/presentations/Impress.h"
 
 namespace stagehopper::desktop {
 namespace {

@@ -5,8 +5,8 @@
 
 #include <csignal>
 
-#include "tools/program/DrivenProgram.h"
-#include "tools/virtualdesktop/Processes.h"
+#include "tests/drivers/desktop/Processes.h"
+#include "tests/drivers/program/DrivenProgram.h"
 
 namespace stagehopper::desktop {
 namespace {

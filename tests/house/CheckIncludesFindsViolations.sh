@@ -48,7 +48,7 @@ expect_clean ports/linux/Seat.cpp '#ifdef __linux__'
 expect_clean companion/backend/Parent.cpp '#include <sys/types.h>'
 expect_clean companion/backend/Json.cpp '#include "companion/backend/Parent.h"'
 expect_clean tests/unit/Tests.cpp '#include "app/Panel.h"'
-expect_clean tools/story/Story.cpp '#include <X11/Xlib.h>'
+expect_clean demo/Story.cpp '#include <X11/Xlib.h>'
 expect_clean app/Comment.cpp '// #include <gtk/gtk.h>'
 
 expect_violation platform/Bad.h '#include "app/AppController.h"'

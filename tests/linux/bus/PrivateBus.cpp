@@ -4,7 +4,7 @@
 #include <fstream>
 #include <utility>
 
-#include "tools/virtualdesktop/DesktopError.h"
+#include "tests/drivers/desktop/DesktopError.h"
 
 namespace stagehopper::linux_port {
 

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "tools/virtualdesktop/ChildProgram.h"
+#include "tests/drivers/desktop/ChildProgram.h"
 
 namespace stagehopper::linux_port {
 

@@ -2,7 +2,7 @@
 
 #include <fstream>
 
-#include "tools/virtualdesktop/DesktopError.h"
+#include "tests/drivers/desktop/DesktopError.h"
 
 namespace stagehopper::desktop {
 

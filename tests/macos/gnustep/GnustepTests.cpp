@@ -11,9 +11,9 @@
 #include <vector>
 
 #include "tests/desktop/KeptDebugLog.h"
+#include "tests/drivers/desktop/Processes.h"
 #include "tests/macos/gnustep/GnustepProgram.h"
 #include "tests/macos/gnustep/OpenMenu.h"
-#include "tools/virtualdesktop/Processes.h"
 
 // Last: its macros are words that others use.
 #include <X11/Xutil.h>

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <optional>
 
-#include "tools/virtualdesktop/DesktopError.h"
+#include "tests/drivers/desktop/DesktopError.h"
 
 namespace stagehopper::desktop {
 

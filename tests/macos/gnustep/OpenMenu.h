@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/virtualdesktop/VirtualDesktop.h"
+#include "tests/drivers/desktop/VirtualDesktop.h"
 
 namespace stagehopper::desktop {
 

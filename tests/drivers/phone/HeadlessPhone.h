@@ -1,0 +1,78 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <vector>
+
+#include "tests/drivers/desktop/VirtualDesktop.h"
+#include "tests/drivers/phone/BrowserPage.h"
+#include "tests/drivers/phone/DebuggerPipe.h"
+#include "tests/drivers/phone/TapTarget.h"
+
+namespace stagehopper::desktop {
+
+struct PhoneOptions {
+    /// As navigator.language tells it: "en", "zh-CN".
+    std::string language = "en";
+    bool darkMode = false;
+};
+
+/// A phone of 390 by 844, upright, with touch and a real browser, that nobody sees. It has nothing
+/// to do with the windows of the desktop, but ends with it and keeps its files there. What does
+/// not come about in time throws DesktopError. One thread.
+class HeadlessPhone {
+public:
+    static constexpr int width = 390;
+    static constexpr int height = 844;
+    /// Pixels of a picture for one unit of its pages.
+    static constexpr int pixelRatio = 2;
+
+    explicit HeadlessPhone(const VirtualDesktop& desktop, const PhoneOptions& options = {});
+
+    /// Loads an address anew, also when only what stands behind its # differs.
+    void open(const std::string& url) { page_->open(url); }
+    void reload() { page_->reload(); }
+
+    /// Waits for something with this accessible name that is enabled, at rest and not covered,
+    /// scrolls to it and taps its middle.
+    void tap(const std::string& accessibleName, const std::string& role = "button",
+             Limit limit = std::chrono::seconds(10));
+    void tap(double x, double y);
+    void swipe(ScreenPoint from, ScreenPoint to);
+    /// One finger.
+    void touchStart(double x, double y);
+    void touchMove(double x, double y);
+    void touchEnd();
+
+    /// Waits for an element and tells its text as it is shown.
+    [[nodiscard]] std::string text(const std::string& cssSelector);
+    /// See BrowserPage.
+    [[nodiscard]] nlohmann::json evaluate(const std::string& expression) {
+        return page_->evaluate(expression);
+    }
+    void waitFor(const std::string& expression, Limit limit = std::chrono::seconds(10)) {
+        page_->waitFor(expression, limit);
+    }
+    [[nodiscard]] std::vector<std::string> consoleMessages() { return page_->consoleMessages(); }
+
+    /// Without a network nothing new opens, and what is open falls silent without being closed:
+    /// what either side sends meanwhile arrives when the network is back.
+    void setOffline(bool offline);
+    /// What the screen shows, as a PNG file.
+    void savePicture(const std::filesystem::path& file);
+
+    [[nodiscard]] ChildProgram& browser() { return *browser_; }
+
+private:
+    void start(const VirtualDesktop& desktop, const PhoneOptions& options);
+    void becomePhone(const PhoneOptions& options);
+    void touch(const char* type, const nlohmann::json& points);
+
+    DebuggerPipe pipe_;
+    std::unique_ptr<ChildProgram> browser_;
+    std::unique_ptr<BrowserPage> page_;
+};
+
+}  // namespace stagehopper::desktop

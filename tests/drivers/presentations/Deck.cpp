@@ -1,0 +1,60 @@
+#include "tests/drivers/presentations/Deck.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+
+#include "tests/drivers/desktop/DesktopError.h"
+#include "tests/drivers/presentations/DeckColours.h"
+
+namespace stagehopper::desktop {
+
+namespace {
+
+// Programs that manage colours may be off by a little.
+bool isNear(Colour seen, Colour wanted) {
+    constexpr int tolerance = 8;
+    const auto near = [](std::uint8_t a, std::uint8_t b) {
+        return std::abs(int{a} - int{b}) <= tolerance;
+    };
+    return near(seen.red, wanted.red) && near(seen.green, wanted.green) &&
+           near(seen.blue, wanted.blue);
+}
+
+}  // namespace
+
+std::optional<int> slideIn(const Picture& picture) {
+    constexpr int between = 8;
+    constexpr int leastPart = 6;  // one sixth of the picture
+    std::array<int, slideCount> counts{};
+    int looks = 0;
+    for (int y = between / 2; y < picture.height(); y += between) {
+        for (int x = between / 2; x < picture.width(); x += between) {
+            ++looks;
+            const auto seen = picture.at(x, y);
+            for (std::size_t slide = 0; slide < counts.size(); ++slide) {
+                if (isNear(seen, slideColours.at(slide))) ++counts.at(slide);
+            }
+        }
+    }
+    const auto most = std::max_element(counts.begin(), counts.end());
+    if (*most * leastPart < looks) return std::nullopt;
+    return static_cast<int>(most - counts.begin()) + 1;
+}
+
+std::string hexColour(int slide) {
+    const auto colour = slideColours.at(static_cast<std::size_t>(slide - 1));
+    std::array<char, 8> text{};
+    std::snprintf(text.data(), text.size(), "#%02X%02X%02X", colour.red, colour.green, colour.blue);
+    return text.data();
+}
+
+void writeFile(const std::filesystem::path& file, const std::string& contents) {
+    std::ofstream stream(file, std::ios::binary);
+    stream << contents;
+    stream.close();
+    if (!stream) throw DesktopError("the file " + file.native() + " could not be written");
+}
+
+}  // namespace stagehopper::desktop

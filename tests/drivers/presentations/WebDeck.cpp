@@ -1,0 +1,41 @@
+#include <string>
+
+#include "tests/drivers/presentations/Deck.h"
+#include "tests/drivers/presentations/DeckColours.h"
+
+namespace stagehopper::desktop {
+
+void writeWebDeck(const std::filesystem::path& file) {
+    std::string colours;
+    for (int slide = 1; slide <= slideCount; ++slide) colours += "\"" + hexColour(slide) + "\", ";
+    writeFile(file, R"(<!doctype html>
+<meta charset="utf-8">
+<title>Slide 1 of 5</title>
+<style>
+    html, body { height: 100%; margin: 0; }
+    div { color: white; font: bold 200px sans-serif; padding: 40px; }
+</style>
+<div></div>
+<script>
+    const colours = [)" +
+                        colours +
+                        R"(];
+    let slide = 1;
+    let forged = "";
+    function show() {
+        document.body.style.background = colours[slide - 1];
+        document.querySelector("div").textContent = slide;
+        document.title = `Slide ${slide} of ${colours.length}${forged}`;
+    }
+    addEventListener("keydown", (event) => {
+        if (!event.isTrusted) forged = " after a forged key";
+        if (event.key === "ArrowRight") slide = Math.min(slide + 1, colours.length);
+        if (event.key === "ArrowLeft") slide = Math.max(slide - 1, 1);
+        show();
+    });
+    show();
+</script>
+)");
+}
+
+}  // namespace stagehopper::desktop

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+#include "tests/drivers/desktop/WaitFor.h"
+
+namespace stagehopper::desktop {
+
+/// Waits until a backend has a meeting and tells the address behind its QR code, as the backend
+/// tells the panel; throws DesktopError. On a machine without a network it is the address by which
+/// the machine reaches itself.
+[[nodiscard]] std::string joinLink(Limit limit = std::chrono::seconds(15));
+
+}  // namespace stagehopper::desktop

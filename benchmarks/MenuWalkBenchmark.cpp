@@ -14,10 +14,10 @@
 #include "benchmarks/NaiveElement.h"
 #include "benchmarks/Percentiles.h"
 #include "benchmarks/TargetProgramRun.h"
-#include "ports/linux/GlibText.h"
-#include "ports/linux/desktop/AccessibilityBus.h"
-#include "ports/linux/desktop/AtSpiAccessibility.h"
-#include "ports/linux/desktop/X11Desktop.h"
+#include "ports/linux/atspi/AccessibilityBus.h"
+#include "ports/linux/atspi/AtSpiAccessibility.h"
+#include "ports/linux/glib/GlibText.h"
+#include "ports/linux/x11/X11Desktop.h"
 #include "presentation/TitleMatcher.h"
 
 namespace stagehopper::benchmarks {

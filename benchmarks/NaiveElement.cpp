@@ -1,7 +1,7 @@
 #include "benchmarks/NaiveElement.h"
 
-#include "ports/linux/desktop/AccessibilityBus.h"
-#include "ports/linux/desktop/MenuBarSearch.h"
+#include "ports/linux/atspi/AccessibilityBus.h"
+#include "ports/linux/atspi/MenuBarSearch.h"
 
 namespace stagehopper::benchmarks {
 

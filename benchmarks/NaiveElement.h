@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "platform/Accessibility.h"
-#include "ports/linux/desktop/AtSpiReads.h"
+#include "ports/linux/atspi/AtSpiReads.h"
 
 namespace stagehopper::benchmarks {
 

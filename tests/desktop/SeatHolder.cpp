@@ -8,8 +8,8 @@
 #include <iostream>
 #include <string>
 
-#include "ports/linux/desktop/MasterKeyboard.h"
-#include "ports/linux/desktop/X11Desktop.h"
+#include "ports/linux/x11/MasterKeyboard.h"
+#include "ports/linux/x11/X11Desktop.h"
 
 namespace {
 

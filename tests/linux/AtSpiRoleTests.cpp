@@ -1,4 +1,4 @@
-#include "ports/linux/desktop/AtSpiRole.h"
+#include "ports/linux/atspi/AtSpiRole.h"
 
 #include <gtest/gtest.h>
 

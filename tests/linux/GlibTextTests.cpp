@@ -7,7 +7,7 @@
 #include <filesystem>
 #include <string>
 
-#include "ports/linux/GlibText.h"
+#include "ports/linux/glib/GlibText.h"
 #include "tests/linux/Variable.h"
 
 namespace stagehopper::linux_port {

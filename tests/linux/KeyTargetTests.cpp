@@ -1,4 +1,4 @@
-#include "ports/linux/desktop/KeyTarget.h"
+#include "ports/linux/x11/KeyTarget.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

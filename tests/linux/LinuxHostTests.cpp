@@ -1,6 +1,6 @@
 // What the Linux port knows of its process and its user.
 
-#include "ports/linux/LinuxHost.h"
+#include "ports/linux/system/LinuxHost.h"
 
 #include <gmock/gmock.h>
 #include <unistd.h>

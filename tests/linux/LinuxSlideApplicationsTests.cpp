@@ -1,4 +1,4 @@
-#include "ports/linux/desktop/LinuxSlideApplications.h"
+#include "ports/linux/x11/LinuxSlideApplications.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -8,8 +8,8 @@
 
 #include <fstream>
 
-#include "ports/linux/LinuxHost.h"
-#include "ports/linux/MediumTime.h"
+#include "ports/linux/system/LinuxHost.h"
+#include "ports/linux/system/MediumTime.h"
 #include "tests/linux/Variable.h"
 
 namespace stagehopper::linux_port {

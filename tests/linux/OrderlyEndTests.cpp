@@ -1,6 +1,6 @@
 // What is taken away when the program ends, and what not while it is still in use.
 
-#include "ports/linux/OrderlyEnd.h"
+#include "ports/linux/system/OrderlyEnd.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@
 #include <latch>
 #include <utility>
 
-#include "ports/linux/GlibDispatch.h"
+#include "ports/linux/glib/GlibDispatch.h"
 #include "ports/linux/processes/LinuxChildProcesses.h"
 
 namespace stagehopper::linux_port {

@@ -1,4 +1,4 @@
-#include "ports/linux/desktop/ProgramIdentity.h"
+#include "ports/linux/x11/ProgramIdentity.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "ports/linux/desktop/AtSpiAccessibility.h"
-#include "ports/linux/desktop/MasterKeyboard.h"
-#include "ports/linux/desktop/X11Desktop.h"
-#include "ports/linux/desktop/X11Workspace.h"
+#include "ports/linux/atspi/AtSpiAccessibility.h"
+#include "ports/linux/x11/MasterKeyboard.h"
+#include "ports/linux/x11/X11Desktop.h"
+#include "ports/linux/x11/X11Workspace.h"
 #include "tests/linux/Variable.h"
 
 namespace stagehopper::linux_port {

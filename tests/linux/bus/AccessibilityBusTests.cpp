@@ -6,8 +6,8 @@
 #include <csignal>
 #include <thread>
 
-#include "ports/linux/desktop/AtSpiAccessibility.h"
-#include "ports/linux/desktop/X11Desktop.h"
+#include "ports/linux/atspi/AtSpiAccessibility.h"
+#include "ports/linux/x11/X11Desktop.h"
 #include "tests/linux/bus/AccessibilitySession.h"
 
 namespace stagehopper::linux_port {

@@ -9,7 +9,7 @@
 #include <cstdio>
 #include <string>
 
-#include "ports/linux/desktop/AtSpiRole.h"
+#include "ports/linux/atspi/AtSpiRole.h"
 #include "tests/linux/bus/MethodCalls.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "ports/linux/desktop/KnownPrograms.h"
+#include "ports/linux/atspi/KnownPrograms.h"
 
 namespace stagehopper::linux_port {
 namespace {

@@ -1,0 +1,128 @@
+#include "ports/linux/atspi/AccessibilityBus.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "ports/linux/atspi/AtSpiReads.h"
+
+namespace stagehopper::linux_port {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr std::chrono::milliseconds leaveAloneFor{2000};
+
+constexpr const char* busName = "org.freedesktop.DBus";
+constexpr const char* busPath = "/org/freedesktop/DBus";
+constexpr const char* registryBus = "org.a11y.atspi.Registry";
+constexpr const char* registryRoot = "/org/a11y/atspi/accessible/root";
+
+void ignore(const CallResult& /*result*/) {}
+
+}  // namespace
+
+AccessibilityBus::AccessibilityBus()
+    : connection_([this] { connectionChanged(); }), service_([this](const std::string& address) {
+          if (connection_.address() != address) connection_.open(address);
+      }) {}
+
+AccessibilityBus::~AccessibilityBus() = default;
+
+bool AccessibilityBus::isEnabled() const {
+    return service_.isEnabled() && connection_.get() != nullptr;
+}
+
+void AccessibilityBus::connectionChanged() {
+    // The next bus gives the same unique names to other programs.
+    knownPrograms_.clear();
+    leftAloneUntil_.clear();
+    interestAnnounced_ = false;
+    hangs_ = false;
+    asker_ = std::make_shared<const int>();
+    if (connection_.get() == nullptr) return service_.findAddressLater();
+    // Starts the registry where no program has needed it yet.
+    callInBackground(connection_.get(), at_spi_call::children({registryBus, registryRoot}), asker_,
+                     &ignore);
+}
+
+void AccessibilityBus::leaveAloneUntilItAnswers() {
+    hangs_ = true;
+    callInBackground(connection_.get(), {{busName, busPath}, busName, "GetId", "(s)", nullptr},
+                     asker_, [this](const CallResult& /*result*/) { hangs_ = false; });
+}
+
+std::vector<CallResult> AccessibilityBus::call(std::vector<BusCall> calls) {
+    std::vector<CallResult> results(calls.size());
+    auto* connection = connection_.get();
+    if (connection == nullptr || hangs_) return results;
+    const auto now = Clock::now();
+    std::erase_if(leftAloneUntil_, [now](const auto& entry) { return entry.second <= now; });
+
+    std::vector<BusCall> sent;
+    std::vector<std::size_t> places;
+    for (std::size_t i = 0; i < calls.size(); ++i) {
+        if (leftAloneUntil_.contains(calls[i].object.bus)) continue;
+        places.push_back(i);
+        sent.push_back(std::move(calls[i]));
+    }
+    if (sent.empty()) return results;
+    std::vector<std::string> buses;
+    for (const auto& one : sent) buses.push_back(one.object.bus);
+
+    auto round = callTogether(connection, std::move(sent), limits);
+    if (connection_.get() != nullptr && !round.busAnswered) leaveAloneUntilItAnswers();
+    for (std::size_t i = 0; i < round.results.size(); ++i) {
+        auto& result = round.results[i];
+        if (result.failure == CallFailure::unanswered && round.busAnswered) {
+            leftAloneUntil_[buses[i]] = Clock::now() + leaveAloneFor;
+        }
+        results[places[i]] = std::move(result);
+    }
+    return results;
+}
+
+CallResult AccessibilityBus::call(BusCall call) {
+    std::vector<BusCall> calls;
+    calls.push_back(std::move(call));
+    return std::move(this->call(std::move(calls)).front());
+}
+
+std::optional<ObjectReference> AccessibilityBus::applicationOf(platform::Pid process) {
+    const auto roots = childrenOf(*this, {{registryBus, registryRoot}}).front();
+    if (!roots) return std::nullopt;
+    knownPrograms_.keepOnly(*roots);
+
+    std::vector<BusCall> calls;
+    for (const auto& root : *roots) {
+        calls.push_back(
+            {{busName, busPath},
+             busName,
+             "GetConnectionUnixProcessID",
+             "(u)",
+             VariantPointer(g_variant_ref_sink(g_variant_new("(s)", root.bus.c_str())))});
+    }
+    const auto answers = call(std::move(calls));
+    for (std::size_t i = 0; i < answers.size(); ++i) {
+        if (!answers[i].reply) continue;
+        guint32 pid = 0;
+        g_variant_get(answers[i].reply.get(), "(u)", &pid);
+        if (static_cast<platform::Pid>(pid) == process) return (*roots)[i];
+    }
+    return std::nullopt;
+}
+
+void AccessibilityBus::announceInterest() {
+    if (interestAnnounced_) return;
+    interestAnnounced_ = true;
+    // An event that nobody sends: it is the listening that counts, not what is heard.
+    call({{registryBus, "/org/a11y/atspi/registry"},
+          "org.a11y.atspi.Registry",
+          "RegisterEvent",
+          "()",
+          VariantPointer(g_variant_ref_sink(
+              g_variant_new("(s@ass)", "stagehopper:never",
+                            g_variant_new_array(G_VARIANT_TYPE_STRING, nullptr, 0), "")))});
+}
+
+}  // namespace stagehopper::linux_port

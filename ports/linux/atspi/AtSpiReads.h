@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/Accessibility.h"
+#include "ports/linux/atspi/AtSpiRole.h"
+#include "ports/linux/atspi/BusCall.h"
+
+namespace stagehopper::linux_port {
+
+class AccessibilityBus;
+
+using References = std::vector<ObjectReference>;
+
+/// The calls of each attribute, for rounds that ask for several attributes at once.
+namespace at_spi_call {
+BusCall children(const ObjectReference& object);
+BusCall name(const ObjectReference& object);
+BusCall role(const ObjectReference& object);
+BusCall states(const ObjectReference& object);
+}  // namespace at_spi_call
+
+/// What the replies say; absent, or the invalid role, where the call failed.
+namespace at_spi_reply {
+std::optional<References> children(const CallResult& result);
+std::optional<std::string> name(const CallResult& result);
+AtSpiRole role(const CallResult& result);
+std::optional<std::uint64_t> states(const CallResult& result);
+}  // namespace at_spi_reply
+
+/// The children of each object, in one round.
+std::vector<std::optional<References>> childrenOf(AccessibilityBus& bus, const References& objects);
+
+/// Does what the object does first of all; for a menu item that is choosing it. Without an answer
+/// it counts as done, see UIElement::press.
+platform::AccessibilityError doFirstAction(AccessibilityBus& bus, const ObjectReference& object);
+
+}  // namespace stagehopper::linux_port

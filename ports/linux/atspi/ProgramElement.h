@@ -1,0 +1,51 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "platform/Accessibility.h"
+#include "ports/linux/atspi/AccessibilityBus.h"
+#include "ports/linux/atspi/AtSpiReads.h"
+
+namespace stagehopper::linux_port {
+
+class X11Desktop;
+
+/// The root of a program's interface. Its windows are those on the accessibility bus; where it has
+/// none there (a program that is not on that bus, or hangs), the window manager answers for them,
+/// and there is no menu bar. Main thread only. `desktop` outlives it.
+class ProgramElement final : public platform::UIElement {
+public:
+    ProgramElement(std::shared_ptr<AccessibilityBus> bus, X11Desktop& desktop,
+                   platform::Pid process)
+        : bus_(std::move(bus)), desktop_(desktop), process_(process) {}
+
+    [[nodiscard]] std::optional<platform::AttributeValue> attributeValue(
+        platform::AccessibilityAttribute attribute) const override;
+    /// A program has nothing to press.
+    [[nodiscard]] platform::AccessibilityError press() const override;
+
+private:
+    struct BusWindow {
+        ObjectReference object;
+        std::string title;
+        bool active = false;
+    };
+
+    [[nodiscard]] std::vector<BusWindow> busWindows() const;
+    /// Role, name and states of each of its windows, behind the list of its windows itself; absent
+    /// when that list is not what it was.
+    [[nodiscard]] std::optional<std::vector<CallResult>> ask(const KnownProgram& known) const;
+    /// Looks for the program on the bus.
+    [[nodiscard]] std::optional<KnownProgram> meet() const;
+    [[nodiscard]] platform::AttributeList windows() const;
+    [[nodiscard]] platform::UIElementRef focusedWindow() const;
+    [[nodiscard]] platform::UIElementRef menuBar() const;
+    [[nodiscard]] const BusWindow* activeOne(const std::vector<BusWindow>& windows) const;
+
+    std::shared_ptr<AccessibilityBus> bus_;
+    X11Desktop& desktop_;
+    platform::Pid process_;
+};
+
+}  // namespace stagehopper::linux_port

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <gtk/gtk.h>
+
+#include "ports/linux/glib/GlibPointers.h"
+
+namespace stagehopper::linux_port {
+
+/// Keeps a window painting when the compositor owes it an answer.
+///
+/// After each frame of a window, GDK paints no other until the compositor says that the frame is
+/// on the screen, and it waits without limit. A compositor notices frames by a counter that it
+/// watches from the moment it knows the window. It learns of a window that no window manager
+/// manages only after that window is shown: a first frame that was painted meanwhile is never
+/// answered, and the window would stay as it was then, blank, until it is hidden. After a tenth of
+/// a second this answers in the compositor's place. Main thread only; does nothing on other
+/// desktops than X11.
+class FrameReplyWatch {
+public:
+    /// Of a top-level window, which outlives the watch and has no X window yet.
+    explicit FrameReplyWatch(GtkWidget* window);
+    ~FrameReplyWatch();
+    FrameReplyWatch(const FrameReplyWatch&) = delete;
+    FrameReplyWatch& operator=(const FrameReplyWatch&) = delete;
+
+private:
+    static void realized(GtkWidget* window, void* self) noexcept;
+    static void unrealized(GtkWidget* window, void* self) noexcept;
+    static void painted(GdkFrameClock* clock, void* self) noexcept;
+    static gboolean timePassed(void* self) noexcept;
+
+    void answer();
+    void forgetClock();
+
+    GtkWidget* window_;
+    /// While the window has an X window.
+    ObjectPointer<GdkFrameClock> clock_;
+    /// Runs after a frame.
+    SourcePointer patience_;
+};
+
+}  // namespace stagehopper::linux_port

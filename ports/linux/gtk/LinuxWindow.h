@@ -1,0 +1,65 @@
+#pragma once
+
+#include <gtk/gtk.h>
+
+#include <memory>
+
+#include "platform/Menu.h"
+#include "platform/Window.h"
+#include "ports/linux/glib/GlibPointers.h"
+
+namespace stagehopper::linux_port {
+
+class LinuxApplication;
+class LinuxWebView;
+
+/// A GTK window: the menu bar and, below it, the content, whose size is the window's size as the
+/// program sees it. Main thread only. After it was closed every call does nothing.
+///
+/// The window manager places it unless it is centred; it also decides about the button that
+/// miniaturizes.
+class LinuxWindow final : public platform::Window {
+public:
+    LinuxWindow(LinuxApplication& application, const platform::WindowOptions& options);
+    ~LinuxWindow() override;
+    LinuxWindow(const LinuxWindow&) = delete;
+    LinuxWindow& operator=(const LinuxWindow&) = delete;
+
+    void setTitle(std::string_view title) override;
+    void setMinimumSize(platform::Size size) override;
+    void setContentView(const std::shared_ptr<platform::WebView>& view) override;
+    void center() override;
+    void setDelegate(std::weak_ptr<platform::WindowDelegate> delegate) override;
+    void makeKeyAndOrderFront() override;
+
+    /// Replaces the menu bar; an empty menu takes it away.
+    void setMenu(const platform::MainMenu& menu);
+    /// Null when closed.
+    [[nodiscard]] GtkWindow* gtkWindow() const {
+        return window_ ? GTK_WINDOW(window_.get()) : nullptr;
+    }
+
+private:
+    static int deleteRequested(GtkWidget* window, GdkEvent* event, void* self) noexcept;
+
+    void open();
+    void close();
+    void tellDelegate();
+    void removeMenu();
+
+    LinuxApplication& application_;
+    platform::Size contentSize_;
+    ObjectPointer<GtkWidget> window_;
+    GtkWidget* layout_;
+    /// Stands for the content's size also while there is no content.
+    GtkWidget* contentFrame_;
+    GtkWidget* menuBar_ = nullptr;
+    ObjectPointer<GtkAccelGroup> menuKeys_;
+    std::shared_ptr<LinuxWebView> content_;
+    std::weak_ptr<platform::WindowDelegate> delegate_;
+    bool opened_ = false;
+    /// Tells whether the delegate has dropped us. Last: it dies first.
+    std::shared_ptr<LinuxWindow*> alive_;
+};
+
+}  // namespace stagehopper::linux_port

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <webkit2/webkit2.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/WebView.h"
+#include "ports/linux/glib/GlibPointers.h"
+
+namespace stagehopper::linux_port {
+
+/// The scripts and the message handlers of one view. Main thread only.
+///
+/// WebKitGTK offers a handler to every frame of a view, whatever its origin, and does not tell
+/// which one has posted. So a script of ours lets the main frame sign what it posts, with a word
+/// that no other frame can read; a message without it is dropped.
+class PageBridge {
+public:
+    explicit PageBridge(const platform::WebViewConfiguration& configuration);
+    ~PageBridge();
+    PageBridge(const PageBridge&) = delete;
+    PageBridge& operator=(const PageBridge&) = delete;
+
+    /// For the view that is made with it.
+    [[nodiscard]] WebKitUserContentManager* content() const { return content_.get(); }
+
+private:
+    void addMessageHandler(const std::string& name,
+                           std::shared_ptr<platform::ScriptMessageHandler> handler);
+
+    ObjectPointer<WebKitUserContentManager> content_;
+    const std::string signature_;
+    std::vector<unsigned long> connections_;
+};
+
+}  // namespace stagehopper::linux_port

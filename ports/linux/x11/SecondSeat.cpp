@@ -1,0 +1,222 @@
+#include "ports/linux/x11/SecondSeat.h"
+
+#include <X11/XKBlib.h>
+#include <X11/Xlib.h>
+#include <X11/extensions/XInput2.h>
+#include <X11/extensions/XTest.h>
+#include <X11/keysym.h>
+
+#include <algorithm>
+#include <array>
+#include <memory>
+
+#include "ports/linux/x11/XErrorTrap.h"
+
+namespace stagehopper::linux_port {
+
+using platform::Outcome;
+
+namespace {
+
+/// By then a program has worked off the key that it got, or is taken for hung.
+constexpr std::chrono::seconds workingOff{10};
+
+constexpr std::array<KeySym, 4> ourKeys{XK_Next, XK_Prior, XK_Right, XK_Left};
+
+struct XFreer {
+    void operator()(void* data) const { XFree(data); }
+};
+
+}  // namespace
+
+/// Between its ends nobody else's request is served, so that what was verified still holds when
+/// the key comes.
+class SecondSeat::ServerGrab {
+public:
+    explicit ServerGrab(X11Connection& connection) : connection_(connection) {
+        XGrabServer(connection_.display());
+    }
+    ~ServerGrab() {
+        if (!connection_.isOpen()) return;
+        XUngrabServer(connection_.display());
+        XFlush(connection_.display());
+    }
+    ServerGrab(const ServerGrab&) = delete;
+    ServerGrab& operator=(const ServerGrab&) = delete;
+
+private:
+    X11Connection& connection_;
+};
+
+SecondSeat::SecondSeat() : support_(supportsMasterDevices(connection_)) {
+    // What stands in the way now is reported with each key.
+    static_cast<void>(ensureDevices());
+}
+
+SecondSeat::~SecondSeat() {
+    if (!connection_.isOpen() || !isHeld_) return;
+    const XErrorTrap trap(connection_);
+    dropFocus();
+    if (mayBeRemoved()) removeMasterDevices(connection_, devices_);
+}
+
+bool SecondSeat::mayBeRemoved() {
+    const bool isAtRest = !lastUse_ || std::chrono::steady_clock::now() - *lastUse_ > workingOff;
+    return isOwn_ && isAtRest && devicesStand();
+}
+
+Outcome SecondSeat::press(WindowId window, unsigned long keySymbol, FocusCare care) {
+    if (auto ready = ensureDevices(); !ready) return ready;
+    lastUse_ = std::chrono::steady_clock::now();
+    XErrorTrap trap(connection_);
+    const auto code = keyCode(keySymbol);
+    if (code == 0) return Outcome::refused("the keyboard has no such key");
+    const ServerGrab grab(connection_);
+    // Where our focus stayed beside the user's and the user's then left, the program believes
+    // that it has none and drops keys; arriving anew tells it better.
+    if (care == FocusCare::leave && !usersFocusIsIn(window)) dropFocus();
+    auto placed = placeFocus(window);
+    if (placed) XTestFakeKeyEvent(connection_.display(), code, True, CurrentTime);
+    if (care == FocusCare::giveBack) {
+        dropFocus();
+        tellUsersFocus();
+    }
+    if (!placed || trap.allWentWell()) return placed;
+    return Outcome::refused("the window does not take the key: " + trap.reason());
+}
+
+Outcome SecondSeat::release(WindowId window, unsigned long keySymbol, FocusCare care) {
+    if (auto ready = ensureDevices(); !ready) return ready;
+    lastUse_ = std::chrono::steady_clock::now();
+    XErrorTrap trap(connection_);
+    const auto code = keyCode(keySymbol);
+    const ServerGrab grab(connection_);
+    const auto placed = placeFocus(window);
+    if (!placed) dropFocus();
+    XTestFakeKeyEvent(connection_.display(), code, False, CurrentTime);
+    if (care == FocusCare::giveBack) {
+        dropFocus();
+        tellUsersFocus();
+    } else if (care == FocusCare::leave && !usersFocusIsIn(window)) {
+        // Where the user's focus is, ours stays: toolkits do not tell the keyboards apart and
+        // would believe that the user's has gone.
+        dropFocus();
+    }
+    if (placed && trap.allWentWell()) return Outcome::done();
+    return Outcome::refused("the window that took the key press is gone");
+}
+
+Outcome SecondSeat::ensureDevices() {
+    if (!support_) return support_;
+    if (!connection_.isOpen()) return Outcome::refused("the connection to the X server is lost");
+    if (isHeld_ && devicesStand()) return Outcome::done();
+    return takeDevices();
+}
+
+Outcome SecondSeat::takeDevices() {
+    const XErrorTrap trap(connection_);
+    // No program sees the pair while it stands without our hold.
+    const ServerGrab grab(connection_);
+    isHeld_ = false;
+    devices_ = findMasterDevices(connection_);
+    isOwn_ = !devices_.areComplete();
+    if (isOwn_) {
+        if (auto made = makeMasterDevices(connection_); !made) return made;
+        devices_ = findMasterDevices(connection_);
+    }
+    if (auto held = holdPointer(connection_, devices_); !held) return held;
+    isHeld_ = true;
+    settle();
+    return Outcome::done();
+}
+
+bool SecondSeat::devicesStand() {
+    const XErrorTrap trap(connection_);
+    // By name: a number of ours may be another's when ours were removed by hand.
+    return findMasterDevices(connection_) == devices_;
+}
+
+void SecondSeat::settle() {
+    auto* display = connection_.display();
+    // From here on, key events that this connection makes are our own keyboard's.
+    XISetClientPointer(display, None, devices_.pointer);
+    // A crashed predecessor may have left a key down; in no window, nobody sees it come up.
+    dropFocus();
+    for (const auto key : ourKeys) {
+        XTestFakeKeyEvent(display, keyCode(key), False, CurrentTime);
+    }
+    XSync(display, False);
+}
+
+Outcome SecondSeat::placeFocus(WindowId window) {
+    XErrorTrap trap(connection_);
+    XISetFocus(connection_.display(), devices_.keyboard, window, CurrentTime);
+    const bool there = focusOf(devices_.keyboard) == window;
+    if (!trap.allWentWell()) {
+        return Outcome::refused("the window does not take the key: " + trap.reason());
+    }
+    if (!there) return Outcome::refused("the window does not take the focus of our keyboard");
+    return Outcome::done();
+}
+
+void SecondSeat::dropFocus() {
+    XISetFocus(connection_.display(), devices_.keyboard, None, CurrentTime);
+}
+
+WindowId SecondSeat::focusOf(int keyboard) {
+    Window focus = None;
+    XIGetFocus(connection_.display(), keyboard, &focus);
+    return focus;
+}
+
+void SecondSeat::tellUsersFocus() {
+    const auto line = withParents(focusOf(devices_.usersKeyboard));
+    // The window manager's frame first, as the server would.
+    for (auto window = line.rbegin(); window != line.rend(); ++window) {
+        const bool isFocus = *window == line.front();
+        sendFocusIn(*window, isFocus ? NotifyNonlinear : NotifyNonlinearVirtual);
+    }
+}
+
+void SecondSeat::sendFocusIn(WindowId window, int detail) {
+    XEvent event{};
+    event.xfocus.type = FocusIn;
+    event.xfocus.window = window;
+    event.xfocus.mode = NotifyNormal;
+    event.xfocus.detail = detail;
+    XSendEvent(connection_.display(), window, False, FocusChangeMask, &event);
+}
+
+std::vector<WindowId> SecondSeat::withParents(WindowId window) {
+    std::vector<WindowId> line;
+    while (window != None && window != PointerRoot && window != connection_.rootWindow()) {
+        line.push_back(window);
+        Window root = None;
+        Window parent = None;
+        Window* children = nullptr;
+        unsigned count = 0;
+        if (XQueryTree(connection_.display(), window, &root, &parent, &children, &count) == 0) {
+            break;
+        }
+        const std::unique_ptr<Window, XFreer> owned(children);
+        window = parent;
+    }
+    return line;
+}
+
+bool SecondSeat::usersFocusIsIn(WindowId window) {
+    const auto line = withParents(focusOf(devices_.usersKeyboard));
+    return std::ranges::find(line, window) != line.end();
+}
+
+unsigned SecondSeat::keyCode(unsigned long keySymbol) {
+    // Nobody else reads this connection's events; among them are changes of the keyboard's map.
+    while (connection_.isOpen() && XPending(connection_.display()) > 0) {
+        XEvent event;
+        XNextEvent(connection_.display(), &event);
+        if (event.type == MappingNotify) XRefreshKeyboardMapping(&event.xmapping);
+    }
+    return XKeysymToKeycode(connection_.display(), keySymbol);
+}
+
+}  // namespace stagehopper::linux_port

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <chrono>
+#include <optional>
+#include <vector>
+
+#include "platform/Outcome.h"
+#include "ports/linux/x11/KeyTarget.h"
+#include "ports/linux/x11/MasterDevices.h"
+#include "ports/linux/x11/X11Connection.h"
+
+namespace stagehopper::linux_port {
+
+/// A keyboard and a pointer of our own beside the user's, on a connection of their own. The pointer
+/// comes with the keyboard; it is held still and invisible. Main thread only.
+///
+/// The devices outlive a program that crashed; they are found again by their name. Those that this
+/// object made are removed with it. Those that it found stay: mutter crashes when a pair that it
+/// has seen without our hold is removed and another one is made. So do those that just sent a key:
+/// GTK ends a program that finds the device of an event gone.
+class SecondSeat {
+public:
+    SecondSeat();
+    ~SecondSeat();
+    SecondSeat(const SecondSeat&) = delete;
+    SecondSeat& operator=(const SecondSeat&) = delete;
+
+    /// Presses a key in this window. Refused, with nothing sent, when our focus cannot be there.
+    platform::Outcome press(WindowId window, unsigned long keySymbol, FocusCare care);
+    /// Releases a key that was pressed there. When that window is gone, the key is released all
+    /// the same, in no window, and the outcome says so.
+    platform::Outcome release(WindowId window, unsigned long keySymbol, FocusCare care);
+
+private:
+    class ServerGrab;
+
+    platform::Outcome ensureDevices();
+    platform::Outcome takeDevices();
+    void settle();
+    bool devicesStand();
+    [[nodiscard]] bool mayBeRemoved();
+    platform::Outcome placeFocus(WindowId window);
+    void dropFocus();
+    [[nodiscard]] WindowId focusOf(int keyboard);
+    void tellUsersFocus();
+    [[nodiscard]] bool usersFocusIsIn(WindowId window);
+    /// A window and the ones around it, innermost first, without the root.
+    [[nodiscard]] std::vector<WindowId> withParents(WindowId window);
+    void sendFocusIn(WindowId window, int detail);
+    [[nodiscard]] unsigned keyCode(unsigned long keySymbol);
+
+    X11Connection connection_;
+    platform::Outcome support_;
+    MasterDevices devices_;
+    bool isHeld_ = false;
+    bool isOwn_ = false;
+    std::optional<std::chrono::steady_clock::time_point> lastUse_;
+};
+
+}  // namespace stagehopper::linux_port

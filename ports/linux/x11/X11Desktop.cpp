@@ -1,0 +1,96 @@
+#include "ports/linux/x11/X11Desktop.h"
+
+#include <X11/Xlib.h>
+
+#include <algorithm>
+#include <memory>
+
+#include "ports/linux/glib/GlibPointers.h"
+#include "ports/linux/x11/WindowDescription.h"
+#include "ports/linux/x11/X11Property.h"
+#include "ports/linux/x11/XErrorTrap.h"
+
+namespace stagehopper::linux_port {
+
+namespace {
+
+struct XFreer {
+    void operator()(void* data) const { XFree(data); }
+};
+
+/// A server that runs in circles of parents does not exist, but a loop needs an end.
+constexpr int deepestWindow = 64;
+
+std::string validUtf8(const std::string& bytes) {
+    const TextPointer text(g_utf8_make_valid(bytes.data(), static_cast<gssize>(bytes.size())));
+    return text.get();
+}
+
+}  // namespace
+
+X11Desktop::X11Desktop() = default;
+
+std::vector<TopLevelWindow> X11Desktop::windows() {
+    std::vector<TopLevelWindow> windows;
+    if (!connection_.isOpen()) return windows;
+    const XErrorTrap trap(connection_);
+    const X11Property properties(connection_);
+    const auto root = connection_.rootWindow();
+    const auto stacking = properties.numbers(root, "_NET_CLIENT_LIST_STACKING");
+    auto oldestFirst = properties.numbers(root, "_NET_CLIENT_LIST");
+    if (oldestFirst.empty()) oldestFirst = stacking;
+    windows = describeWindows(connection_, oldestFirst);
+    for (auto& window : windows) {
+        const auto place = std::ranges::find(stacking, window.id);
+        window.stackingPosition = static_cast<std::size_t>(place - stacking.begin());
+    }
+    return windows;
+}
+
+std::optional<TopLevelWindow> X11Desktop::focusedWindow() {
+    if (!connection_.isOpen()) return std::nullopt;
+    const XErrorTrap trap(connection_);
+    const X11Property properties(connection_);
+    Window focus = None;
+    int revertTo = 0;
+    XGetInputFocus(connection_.display(), &focus, &revertTo);
+    // The server's word counts: _NET_ACTIVE_WINDOW lags behind it, and is all there is while the
+    // focus rests on a window that nobody manages, such as a launcher's.
+    auto window = managedWindowAbove(focus);
+    if (window == None) {
+        const auto active = properties.numbers(connection_.rootWindow(), "_NET_ACTIVE_WINDOW");
+        if (!active.empty() && properties.exists(active.front(), "WM_STATE")) {
+            window = active.front();
+        }
+    }
+    if (window == None) return std::nullopt;
+    return describeWindows(connection_, {window}).front();
+}
+
+std::string X11Desktop::windowManagerName() {
+    if (!connection_.isOpen()) return {};
+    const XErrorTrap trap(connection_);
+    const X11Property properties(connection_);
+    const auto check = properties.numbers(connection_.rootWindow(), "_NET_SUPPORTING_WM_CHECK");
+    return check.empty() ? std::string{}
+                         : validUtf8(properties.bytes(check.front(), "_NET_WM_NAME"));
+}
+
+WindowId X11Desktop::managedWindowAbove(WindowId window) {
+    const X11Property properties(connection_);
+    for (int level = 0; level < deepestWindow; ++level) {
+        if (window == None || window == PointerRoot || window == connection_.rootWindow()) break;
+        if (properties.exists(window, "WM_STATE")) return window;
+        Window root = None;
+        Window parent = None;
+        Window* children = nullptr;
+        unsigned count = 0;
+        if (XQueryTree(connection_.display(), window, &root, &parent, &children, &count) == 0)
+            break;
+        const std::unique_ptr<Window, XFreer> owned(children);
+        window = parent;
+    }
+    return None;
+}
+
+}  // namespace stagehopper::linux_port

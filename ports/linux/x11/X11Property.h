@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "ports/linux/x11/TopLevelWindow.h"
+
+namespace stagehopper::linux_port {
+
+class X11Connection;
+
+/// An X atom, by the name that stands for it on the wire.
+using Atom = unsigned long;
+
+/// Reading of window properties. Main thread only, inside an `XErrorTrap`: a window that is gone
+/// has no properties.
+class X11Property {
+public:
+    explicit X11Property(X11Connection& connection) : connection_(connection) {}
+
+    [[nodiscard]] Atom atom(const char* name) const;
+    /// A property of 32-bit numbers (windows, atoms, cardinals); empty when it is missing or of
+    /// another type.
+    [[nodiscard]] std::vector<unsigned long> numbers(WindowId window, const char* name) const;
+    /// A property of bytes, without its conversion to UTF-8; empty when it is missing.
+    [[nodiscard]] std::string bytes(WindowId window, const char* name) const;
+    [[nodiscard]] bool exists(WindowId window, const char* name) const;
+
+private:
+    X11Connection& connection_;
+};
+
+}  // namespace stagehopper::linux_port

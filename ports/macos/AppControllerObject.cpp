@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "ports/macos/MacWindow.h"
-#include "ports/macos/cocoa/RuntimeClass.h"
+#include "ports/macos/cocoa/objc/RuntimeClass.h"
 
 namespace stagehopper::macos_port {
 

@@ -6,8 +6,8 @@
 #include "platform/Application.h"
 #include "platform/Screens.h"
 #include "platform/Window.h"
-#include "ports/macos/cocoa/NSNotification.h"
-#include "ports/macos/cocoa/NSWindow.h"
+#include "ports/macos/cocoa/appkit/NSWindow.h"
+#include "ports/macos/cocoa/foundation/NSNotification.h"
 
 namespace stagehopper::macos_port {
 

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "ports/macos/MacUIElement.h"
-#include "ports/macos/cocoa/NSString.h"
+#include "ports/macos/cocoa/foundation/NSString.h"
 
 namespace stagehopper::macos_port {
 

@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "platform/Accessibility.h"
-#include "ports/macos/cocoa/CoreFoundation.h"
+#include "ports/macos/cocoa/foundation/CoreFoundation.h"
 
 namespace stagehopper::macos_port {
 

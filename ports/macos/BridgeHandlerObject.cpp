@@ -2,9 +2,9 @@
 
 #include <utility>
 
-#include "ports/macos/cocoa/RuntimeClass.h"
-#include "ports/macos/cocoa/WKScriptMessage.h"
-#include "ports/macos/cocoa/WKUserContentController.h"
+#include "ports/macos/cocoa/objc/RuntimeClass.h"
+#include "ports/macos/cocoa/webkit/WKScriptMessage.h"
+#include "ports/macos/cocoa/webkit/WKUserContentController.h"
 
 namespace stagehopper::macos_port {
 

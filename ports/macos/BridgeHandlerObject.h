@@ -3,8 +3,8 @@
 #include <memory>
 
 #include "platform/WebView.h"
-#include "ports/macos/cocoa/NSObject.h"
-#include "ports/macos/cocoa/Owned.h"
+#include "ports/macos/cocoa/objc/NSObject.h"
+#include "ports/macos/cocoa/objc/Owned.h"
 
 namespace stagehopper::cocoa {
 class WKScriptMessage;

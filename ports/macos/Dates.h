@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Clock.h"
-#include "ports/macos/cocoa/NSDate.h"
+#include "ports/macos/cocoa/foundation/NSDate.h"
 
 namespace stagehopper::macos_port {
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "ports/macos/cocoa/NSError.h"
+#include "ports/macos/cocoa/foundation/NSError.h"
 
 namespace stagehopper::macos_port {
 

@@ -3,7 +3,7 @@
 #include <functional>
 
 #include "platform/UrlSession.h"
-#include "ports/macos/cocoa/GrandCentralDispatch.h"
+#include "ports/macos/cocoa/darwin/GrandCentralDispatch.h"
 
 namespace stagehopper::macos_port {
 

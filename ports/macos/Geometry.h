@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Geometry.h"
-#include "ports/macos/cocoa/Runtime.h"
+#include "ports/macos/cocoa/objc/Runtime.h"
 
 namespace stagehopper::macos_port {
 

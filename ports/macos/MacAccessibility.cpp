@@ -1,9 +1,9 @@
 #include "ports/macos/MacAccessibility.h"
 
 #include "ports/macos/MacUIElement.h"
-#include "ports/macos/cocoa/NSDictionary.h"
-#include "ports/macos/cocoa/NSNumber.h"
-#include "ports/macos/cocoa/NSString.h"
+#include "ports/macos/cocoa/foundation/NSDictionary.h"
+#include "ports/macos/cocoa/foundation/NSNumber.h"
+#include "ports/macos/cocoa/foundation/NSString.h"
 
 namespace stagehopper::macos_port {
 

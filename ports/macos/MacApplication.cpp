@@ -6,7 +6,7 @@
 
 #include "ports/macos/AppControllerObject.h"
 #include "ports/macos/MacMainMenu.h"
-#include "ports/macos/cocoa/NSProcessInfo.h"
+#include "ports/macos/cocoa/foundation/NSProcessInfo.h"
 
 namespace stagehopper::macos_port {
 

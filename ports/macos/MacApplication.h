@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Application.h"
-#include "ports/macos/cocoa/NSApplication.h"
+#include "ports/macos/cocoa/appkit/NSApplication.h"
 
 namespace stagehopper::macos_port {
 

@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "ports/macos/ErrorText.h"
-#include "ports/macos/cocoa/GrandCentralDispatch.h"
-#include "ports/macos/cocoa/NSPipe.h"
+#include "ports/macos/cocoa/darwin/GrandCentralDispatch.h"
+#include "ports/macos/cocoa/foundation/NSPipe.h"
 
 namespace stagehopper::macos_port {
 

@@ -4,8 +4,8 @@
 #include <memory>
 
 #include "platform/ChildProcess.h"
-#include "ports/macos/cocoa/NSFileHandle.h"
-#include "ports/macos/cocoa/NSTask.h"
+#include "ports/macos/cocoa/foundation/NSFileHandle.h"
+#include "ports/macos/cocoa/foundation/NSTask.h"
 
 namespace stagehopper::macos_port {
 

@@ -3,11 +3,11 @@
 #include <utility>
 
 #include "ports/macos/Dates.h"
-#include "ports/macos/cocoa/NSBundle.h"
-#include "ports/macos/cocoa/NSDateFormatter.h"
-#include "ports/macos/cocoa/NSFileManager.h"
-#include "ports/macos/cocoa/NSProcessInfo.h"
-#include "ports/macos/cocoa/NSUUID.h"
+#include "ports/macos/cocoa/foundation/NSBundle.h"
+#include "ports/macos/cocoa/foundation/NSDateFormatter.h"
+#include "ports/macos/cocoa/foundation/NSFileManager.h"
+#include "ports/macos/cocoa/foundation/NSProcessInfo.h"
+#include "ports/macos/cocoa/foundation/NSUUID.h"
 
 namespace stagehopper::macos_port {
 

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <utility>
 
-#include "ports/macos/cocoa/CGEvent.h"
-#include "ports/macos/cocoa/CoreFoundation.h"
+#include "ports/macos/cocoa/foundation/CoreFoundation.h"
+#include "ports/macos/cocoa/graphics/CGEvent.h"
 
 namespace stagehopper::macos_port {
 

@@ -1,6 +1,6 @@
 #include "ports/macos/MacMainMenu.h"
 
-#include "ports/macos/cocoa/MessageDispatch.h"
+#include "ports/macos/cocoa/objc/MessageDispatch.h"
 
 namespace stagehopper::macos_port {
 

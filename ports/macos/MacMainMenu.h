@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Menu.h"
-#include "ports/macos/cocoa/NSMenu.h"
+#include "ports/macos/cocoa/appkit/NSMenu.h"
 
 namespace stagehopper::macos_port {
 

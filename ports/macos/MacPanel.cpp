@@ -2,7 +2,7 @@
 
 #include "ports/macos/Geometry.h"
 #include "ports/macos/MacWebView.h"
-#include "ports/macos/cocoa/CGWindowLevel.h"
+#include "ports/macos/cocoa/graphics/CGWindowLevel.h"
 
 namespace stagehopper::macos_port {
 

@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "platform/Panel.h"
-#include "ports/macos/cocoa/NSPanel.h"
+#include "ports/macos/cocoa/appkit/NSPanel.h"
 
 namespace stagehopper::macos_port {
 

@@ -4,9 +4,9 @@
 
 #include "ports/macos/AppControllerObject.h"
 #include "ports/macos/Geometry.h"
-#include "ports/macos/cocoa/NSApplication.h"
-#include "ports/macos/cocoa/NSNotificationCenter.h"
-#include "ports/macos/cocoa/NSScreen.h"
+#include "ports/macos/cocoa/appkit/NSApplication.h"
+#include "ports/macos/cocoa/appkit/NSScreen.h"
+#include "ports/macos/cocoa/foundation/NSNotificationCenter.h"
 
 namespace stagehopper::macos_port {
 

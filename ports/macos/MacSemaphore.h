@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Semaphore.h"
-#include "ports/macos/cocoa/GrandCentralDispatch.h"
+#include "ports/macos/cocoa/darwin/GrandCentralDispatch.h"
 
 namespace stagehopper::macos_port {
 

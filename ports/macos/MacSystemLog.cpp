@@ -1,7 +1,7 @@
 #include "ports/macos/MacSystemLog.h"
 
 #include "ports/macos/WellFormedText.h"
-#include "ports/macos/cocoa/NSLog.h"
+#include "ports/macos/cocoa/foundation/NSLog.h"
 
 namespace stagehopper::macos_port {
 

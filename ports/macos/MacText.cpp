@@ -1,7 +1,7 @@
 #include "ports/macos/MacText.h"
 
 #include "ports/macos/WellFormedText.h"
-#include "ports/macos/cocoa/NSLocale.h"
+#include "ports/macos/cocoa/foundation/NSLocale.h"
 
 namespace stagehopper::macos_port {
 

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "ports/macos/cocoa/NSRunLoop.h"
+#include "ports/macos/cocoa/foundation/NSRunLoop.h"
 
 namespace stagehopper::macos_port {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Dispatch.h"
-#include "ports/macos/cocoa/NSTimer.h"
+#include "ports/macos/cocoa/foundation/NSTimer.h"
 
 namespace stagehopper::macos_port {
 

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "ports/macos/AttributeConversion.h"
-#include "ports/macos/cocoa/NSProcessInfo.h"
+#include "ports/macos/cocoa/foundation/NSProcessInfo.h"
 
 namespace stagehopper::macos_port {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Accessibility.h"
-#include "ports/macos/cocoa/AXUIElement.h"
+#include "ports/macos/cocoa/graphics/AXUIElement.h"
 
 namespace stagehopper::macos_port {
 

@@ -9,8 +9,8 @@
 #include "ports/macos/MacWebSocketTask.h"
 #include "ports/macos/Once.h"
 #include "ports/macos/UnreachableWebSocketTask.h"
-#include "ports/macos/cocoa/AutoreleasePool.h"
-#include "ports/macos/cocoa/NSURLSession.h"
+#include "ports/macos/cocoa/foundation/NSURLSession.h"
+#include "ports/macos/cocoa/objc/AutoreleasePool.h"
 
 namespace stagehopper::macos_port {
 

@@ -4,7 +4,7 @@
 
 #include "ports/macos/ErrorText.h"
 #include "ports/macos/Once.h"
-#include "ports/macos/cocoa/AutoreleasePool.h"
+#include "ports/macos/cocoa/objc/AutoreleasePool.h"
 
 namespace stagehopper::macos_port {
 

@@ -3,7 +3,7 @@
 #include <atomic>
 
 #include "platform/UrlSession.h"
-#include "ports/macos/cocoa/NSURLSessionWebSocketTask.h"
+#include "ports/macos/cocoa/foundation/NSURLSessionWebSocketTask.h"
 
 namespace stagehopper::macos_port {
 

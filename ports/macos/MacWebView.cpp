@@ -5,7 +5,7 @@
 #include "ports/macos/BridgeHandlerObject.h"
 #include "ports/macos/Geometry.h"
 #include "ports/macos/PageGuard.h"
-#include "ports/macos/cocoa/NSNumber.h"
+#include "ports/macos/cocoa/foundation/NSNumber.h"
 #include "ports/webkit/FrameMark.h"
 
 namespace stagehopper::macos_port {

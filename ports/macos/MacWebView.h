@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "platform/WebView.h"
-#include "ports/macos/cocoa/WKWebView.h"
+#include "ports/macos/cocoa/webkit/WKWebView.h"
 
 namespace stagehopper::macos_port {
 

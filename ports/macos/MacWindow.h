@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "platform/Window.h"
-#include "ports/macos/cocoa/NSWindow.h"
+#include "ports/macos/cocoa/appkit/NSWindow.h"
 
 namespace stagehopper::macos_port {
 

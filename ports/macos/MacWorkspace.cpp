@@ -1,6 +1,6 @@
 #include "ports/macos/MacWorkspace.h"
 
-#include "ports/macos/cocoa/NSWorkspace.h"
+#include "ports/macos/cocoa/appkit/NSWorkspace.h"
 
 namespace stagehopper::macos_port {
 

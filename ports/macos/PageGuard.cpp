@@ -2,10 +2,10 @@
 
 #include "ports/macos/MacClock.h"
 #include "ports/macos/MacSystemLog.h"
-#include "ports/macos/cocoa/Block.h"
-#include "ports/macos/cocoa/RuntimeClass.h"
-#include "ports/macos/cocoa/WKNavigationAction.h"
-#include "ports/macos/cocoa/WKWebView.h"
+#include "ports/macos/cocoa/objc/Block.h"
+#include "ports/macos/cocoa/objc/RuntimeClass.h"
+#include "ports/macos/cocoa/webkit/WKNavigationAction.h"
+#include "ports/macos/cocoa/webkit/WKWebView.h"
 
 namespace stagehopper::macos_port {
 

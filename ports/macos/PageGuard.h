@@ -5,9 +5,9 @@
 #include <string>
 
 #include "ports/macos/MacWorkItem.h"
-#include "ports/macos/cocoa/Encoding.h"
-#include "ports/macos/cocoa/NSObject.h"
-#include "ports/macos/cocoa/Owned.h"
+#include "ports/macos/cocoa/objc/Encoding.h"
+#include "ports/macos/cocoa/objc/NSObject.h"
+#include "ports/macos/cocoa/objc/Owned.h"
 #include "ports/webkit/ReloadLimit.h"
 
 namespace stagehopper::cocoa {

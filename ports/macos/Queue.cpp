@@ -5,7 +5,7 @@
 #include <memory>
 #include <utility>
 
-#include "ports/macos/cocoa/AutoreleasePool.h"
+#include "ports/macos/cocoa/objc/AutoreleasePool.h"
 
 namespace stagehopper::macos_port {
 

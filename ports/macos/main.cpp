@@ -2,7 +2,7 @@
 
 #include "app/AppController.h"
 #include "ports/macos/Services.h"
-#include "ports/macos/cocoa/AutoreleasePool.h"
+#include "ports/macos/cocoa/objc/AutoreleasePool.h"
 
 // The entry point of the macOS program: the only place where the application meets this port.
 

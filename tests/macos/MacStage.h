@@ -7,7 +7,7 @@
 
 #include "app/AppController.h"
 #include "ports/macos/Services.h"
-#include "ports/macos/cocoa/AutoreleasePool.h"
+#include "ports/macos/cocoa/objc/AutoreleasePool.h"
 #include "ports/simulated/SimulatedFileSystem.h"
 #include "tests/macos/recording/RecordedTest.h"
 

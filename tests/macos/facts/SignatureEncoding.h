@@ -6,7 +6,7 @@
 #include <string_view>
 #include <type_traits>
 
-#include "ports/macos/cocoa/Encoding.h"
+#include "ports/macos/cocoa/objc/Encoding.h"
 
 /// The encodings of C types, of which messages need but a few: functions, and pointers to anything.
 namespace stagehopper::macos_facts {

@@ -1,6 +1,6 @@
 #include "tests/macos/gnustep/CommonModes.h"
 
-#include "ports/macos/cocoa/NSRunLoop.h"
+#include "ports/macos/cocoa/foundation/NSRunLoop.h"
 
 extern "C" {
 extern const stagehopper::cocoa::id NSDefaultRunLoopMode;

@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <cstring>
 
-#include "ports/macos/cocoa/Block.h"
-#include "ports/macos/cocoa/NSObject.h"
+#include "ports/macos/cocoa/objc/Block.h"
+#include "ports/macos/cocoa/objc/NSObject.h"
 
 extern "C" {
 /// An instance with bytes behind its variables, ready to be retained.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ports/macos/cocoa/Encoding.h"
+#include "ports/macos/cocoa/objc/Encoding.h"
 
 namespace stagehopper::cocoa::gnustep {
 

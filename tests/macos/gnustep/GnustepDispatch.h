@@ -2,9 +2,9 @@
 
 #include <type_traits>
 
-#include "ports/macos/cocoa/Encoding.h"
-#include "ports/macos/cocoa/FixedString.h"
-#include "ports/macos/cocoa/Runtime.h"
+#include "ports/macos/cocoa/objc/Encoding.h"
+#include "ports/macos/cocoa/objc/FixedString.h"
+#include "ports/macos/cocoa/objc/Runtime.h"
 
 // Messages through GCC's Objective-C runtime, on which GNUstep stands. Included by
 // cocoa/MessageDispatch.h, which says what a message is.

@@ -3,12 +3,12 @@
 #include <stdexcept>
 
 #include "ports/macos/Services.h"
-#include "ports/macos/cocoa/AutoreleasePool.h"
-#include "ports/macos/cocoa/NSApplication.h"
-#include "ports/macos/cocoa/NSArray.h"
-#include "ports/macos/cocoa/NSDate.h"
-#include "ports/macos/cocoa/NSRunLoop.h"
-#include "ports/macos/cocoa/NSWindow.h"
+#include "ports/macos/cocoa/appkit/NSApplication.h"
+#include "ports/macos/cocoa/appkit/NSWindow.h"
+#include "ports/macos/cocoa/foundation/NSArray.h"
+#include "ports/macos/cocoa/foundation/NSDate.h"
+#include "ports/macos/cocoa/foundation/NSRunLoop.h"
+#include "ports/macos/cocoa/objc/AutoreleasePool.h"
 #include "tests/contract/RealFilesHarness.h"
 #include "tests/macos/gnustep/Preparation.h"
 

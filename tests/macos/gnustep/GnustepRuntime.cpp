@@ -1,13 +1,13 @@
 // What GCC's Objective-C runtime and GNUstep have otherwise than Apple's runtime.
 
-#include "ports/macos/cocoa/Runtime.h"
+#include "ports/macos/cocoa/objc/Runtime.h"
 
 #include <cstdio>
 #include <mutex>
 #include <set>
 #include <string>
 
-#include "ports/macos/cocoa/NSObject.h"
+#include "ports/macos/cocoa/objc/NSObject.h"
 
 extern "C" {
 stagehopper::cocoa::IMP objc_msg_lookup(stagehopper::cocoa::id receiver,

@@ -1,6 +1,6 @@
 // As much of Grand Central Dispatch as the port uses, over threads and the main run loop.
 
-#include "ports/macos/cocoa/GrandCentralDispatch.h"
+#include "ports/macos/cocoa/darwin/GrandCentralDispatch.h"
 
 #include <chrono>
 #include <condition_variable>

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "ports/macos/cocoa/NSMenu.h"
-#include "ports/macos/cocoa/NSProcessInfo.h"
+#include "ports/macos/cocoa/appkit/NSMenu.h"
+#include "ports/macos/cocoa/foundation/NSProcessInfo.h"
 
 extern "C" {
 stagehopper::cocoa::IMP class_replaceMethod(stagehopper::cocoa::Class ofClass,

@@ -1,9 +1,9 @@
 // C functions of macOS that the linker asks for and GNUstep has not: nobody has trusted this
 // program, no other program has elements, and no key can be pressed.
 
-#include "ports/macos/cocoa/AXUIElement.h"
-#include "ports/macos/cocoa/CGEvent.h"
-#include "ports/macos/cocoa/CGWindowLevel.h"
+#include "ports/macos/cocoa/graphics/AXUIElement.h"
+#include "ports/macos/cocoa/graphics/CGEvent.h"
+#include "ports/macos/cocoa/graphics/CGWindowLevel.h"
 
 namespace stagehopper::cocoa {
 

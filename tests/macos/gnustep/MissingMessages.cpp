@@ -8,11 +8,11 @@
 #include <thread>
 #include <utility>
 
-#include "ports/macos/cocoa/Block.h"
-#include "ports/macos/cocoa/NSData.h"
-#include "ports/macos/cocoa/NSError.h"
-#include "ports/macos/cocoa/NSTask.h"
-#include "ports/macos/cocoa/NSURL.h"
+#include "ports/macos/cocoa/foundation/NSData.h"
+#include "ports/macos/cocoa/foundation/NSError.h"
+#include "ports/macos/cocoa/foundation/NSTask.h"
+#include "ports/macos/cocoa/foundation/NSURL.h"
+#include "ports/macos/cocoa/objc/Block.h"
 #include "tests/macos/gnustep/GnustepBlocks.h"
 #include "tests/macos/gnustep/Threads.h"
 

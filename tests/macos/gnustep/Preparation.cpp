@@ -1,6 +1,6 @@
 #include "tests/macos/gnustep/Preparation.h"
 
-#include "ports/macos/cocoa/AutoreleasePool.h"
+#include "ports/macos/cocoa/objc/AutoreleasePool.h"
 #include "tests/macos/gnustep/CommonModes.h"
 #include "tests/macos/gnustep/MenuBarTitles.h"
 #include "tests/macos/gnustep/MissingMessages.h"

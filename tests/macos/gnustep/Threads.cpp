@@ -6,7 +6,7 @@
 #include <thread>
 #include <utility>
 
-#include "ports/macos/cocoa/RuntimeClass.h"
+#include "ports/macos/cocoa/objc/RuntimeClass.h"
 
 extern "C" {
 stagehopper::cocoa::BOOL GSRegisterCurrentThread(void);

@@ -4,9 +4,9 @@
 #include <memory>
 #include <utility>
 
-#include "ports/macos/cocoa/NSData.h"
-#include "ports/macos/cocoa/NSURLSession.h"
-#include "ports/macos/cocoa/RuntimeClass.h"
+#include "ports/macos/cocoa/foundation/NSData.h"
+#include "ports/macos/cocoa/foundation/NSURLSession.h"
+#include "ports/macos/cocoa/objc/RuntimeClass.h"
 #include "tests/macos/gnustep/GnustepBlocks.h"
 #include "tests/macos/gnustep/Threads.h"
 

@@ -8,11 +8,11 @@
 #include <string_view>
 #include <utility>
 
-#include "ports/macos/cocoa/NSNumber.h"
-#include "ports/macos/cocoa/NSURL.h"
-#include "ports/macos/cocoa/RuntimeClass.h"
-#include "ports/macos/cocoa/WKScriptMessage.h"
-#include "ports/macos/cocoa/WKWebView.h"
+#include "ports/macos/cocoa/foundation/NSNumber.h"
+#include "ports/macos/cocoa/foundation/NSURL.h"
+#include "ports/macos/cocoa/objc/RuntimeClass.h"
+#include "ports/macos/cocoa/webkit/WKScriptMessage.h"
+#include "ports/macos/cocoa/webkit/WKWebView.h"
 #include "tests/macos/gnustep/Threads.h"
 
 namespace stagehopper::cocoa {

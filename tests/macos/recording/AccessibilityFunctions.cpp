@@ -3,7 +3,7 @@
 #include <string>
 
 #include "platform/Accessibility.h"
-#include "ports/macos/cocoa/AXUIElement.h"
+#include "ports/macos/cocoa/graphics/AXUIElement.h"
 #include "tests/macos/recording/AccessibilityElements.h"
 #include "tests/macos/recording/Bridged.h"
 #include "tests/macos/recording/Foundation.h"

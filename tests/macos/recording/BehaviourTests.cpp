@@ -1,4 +1,4 @@
-#include "ports/macos/cocoa/AutoreleasePool.h"
+#include "ports/macos/cocoa/objc/AutoreleasePool.h"
 #include "tests/macos/recording/Behaviours.h"
 #include "tests/macos/recording/Journal.h"
 #include "tests/macos/recording/Queues.h"

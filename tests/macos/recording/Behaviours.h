@@ -8,7 +8,7 @@
 #include <typeindex>
 #include <vector>
 
-#include "ports/macos/cocoa/MessageDispatch.h"
+#include "ports/macos/cocoa/objc/MessageDispatch.h"
 #include "tests/macos/recording/Kept.h"
 #include "tests/macos/recording/Value.h"
 

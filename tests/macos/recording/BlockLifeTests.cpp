@@ -1,4 +1,4 @@
-#include "ports/macos/cocoa/Block.h"
+#include "ports/macos/cocoa/objc/Block.h"
 #include "tests/macos/recording/Callbacks.h"
 #include "tests/macos/recording/RuntimeTest.h"
 

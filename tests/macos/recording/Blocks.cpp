@@ -6,7 +6,7 @@
 #include <map>
 #include <set>
 
-#include "ports/macos/cocoa/Block.h"
+#include "ports/macos/cocoa/objc/Block.h"
 #include "tests/macos/recording/Behaviours.h"
 
 extern "C" {

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "ports/macos/cocoa/Runtime.h"
+#include "ports/macos/cocoa/objc/Runtime.h"
 #include "tests/macos/recording/Heap.h"
 
 /// Blocks as they lie in memory, by clang's description of them. Only those that were copied to the

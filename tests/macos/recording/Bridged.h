@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ports/macos/cocoa/CoreFoundation.h"
-#include "ports/macos/cocoa/Runtime.h"
+#include "ports/macos/cocoa/foundation/CoreFoundation.h"
+#include "ports/macos/cocoa/objc/Runtime.h"
 #include "tests/macos/recording/Behaviours.h"
 
 // Between Core Foundation's references and objects. Any queue.

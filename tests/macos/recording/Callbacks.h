@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "ports/macos/cocoa/AutoreleasePool.h"
-#include "ports/macos/cocoa/Encoding.h"
+#include "ports/macos/cocoa/objc/AutoreleasePool.h"
+#include "ports/macos/cocoa/objc/Encoding.h"
 #include "tests/macos/recording/Kept.h"
 #include "tests/macos/recording/Value.h"
 

@@ -9,7 +9,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "ports/macos/cocoa/Runtime.h"
+#include "ports/macos/cocoa/objc/Runtime.h"
 #include "tests/macos/facts/Fact.h"
 
 namespace stagehopper::recording {

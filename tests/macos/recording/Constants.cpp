@@ -1,8 +1,8 @@
 #include <string>
 
-#include "ports/macos/cocoa/AXUIElement.h"
-#include "ports/macos/cocoa/NSApplication.h"
-#include "ports/macos/cocoa/NSRunLoop.h"
+#include "ports/macos/cocoa/appkit/NSApplication.h"
+#include "ports/macos/cocoa/foundation/NSRunLoop.h"
+#include "ports/macos/cocoa/graphics/AXUIElement.h"
 #include "tests/macos/recording/Behaviours.h"
 #include "tests/macos/recording/FoundationStates.h"
 

@@ -2,8 +2,8 @@
 #include <cstdint>
 #include <string>
 
-#include "ports/macos/cocoa/AXUIElement.h"
-#include "ports/macos/cocoa/CoreFoundation.h"
+#include "ports/macos/cocoa/foundation/CoreFoundation.h"
+#include "ports/macos/cocoa/graphics/AXUIElement.h"
 #include "tests/macos/recording/Bridged.h"
 #include "tests/macos/recording/Foundation.h"
 #include "tests/macos/recording/FoundationStates.h"

@@ -1,12 +1,12 @@
 #include <gmock/gmock.h>
 
-#include "ports/macos/cocoa/AutoreleasePool.h"
-#include "ports/macos/cocoa/NSApplication.h"
-#include "ports/macos/cocoa/NSNotification.h"
-#include "ports/macos/cocoa/NSNotificationCenter.h"
-#include "ports/macos/cocoa/NSPanel.h"
-#include "ports/macos/cocoa/NSScreen.h"
-#include "ports/macos/cocoa/RuntimeClass.h"
+#include "ports/macos/cocoa/appkit/NSApplication.h"
+#include "ports/macos/cocoa/appkit/NSPanel.h"
+#include "ports/macos/cocoa/appkit/NSScreen.h"
+#include "ports/macos/cocoa/foundation/NSNotification.h"
+#include "ports/macos/cocoa/foundation/NSNotificationCenter.h"
+#include "ports/macos/cocoa/objc/AutoreleasePool.h"
+#include "ports/macos/cocoa/objc/RuntimeClass.h"
 #include "tests/macos/recording/Menus.h"
 #include "tests/macos/recording/RecordedTest.h"
 

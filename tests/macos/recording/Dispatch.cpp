@@ -7,7 +7,7 @@
 #include <sstream>
 #include <string>
 
-#include "ports/macos/cocoa/GrandCentralDispatch.h"
+#include "ports/macos/cocoa/darwin/GrandCentralDispatch.h"
 #include "tests/macos/recording/Behaviours.h"
 #include "tests/macos/recording/DispatchObjects.h"
 #include "tests/macos/recording/Journal.h"

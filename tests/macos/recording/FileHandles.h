@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "ports/macos/cocoa/Runtime.h"
+#include "ports/macos/cocoa/objc/Runtime.h"
 
 namespace stagehopper::recording {
 

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "ports/macos/cocoa/Runtime.h"
+#include "ports/macos/cocoa/objc/Runtime.h"
 #include "tests/macos/recording/Behaviours.h"
 
 // The values of Foundation as the stand-ins see them: what is in an object, and objects that the

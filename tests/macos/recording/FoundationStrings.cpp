@@ -1,7 +1,7 @@
 #include <string>
 
 #include "app/Utf8.h"
-#include "ports/macos/cocoa/NSString.h"
+#include "ports/macos/cocoa/foundation/NSString.h"
 #include "ports/simulated/SimulatedText.h"
 #include "tests/macos/recording/Definitions.h"
 #include "tests/macos/recording/Foundation.h"

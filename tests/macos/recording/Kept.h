@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <utility>
 
-#include "ports/macos/cocoa/Encoding.h"
-#include "ports/macos/cocoa/Object.h"
+#include "ports/macos/cocoa/objc/Encoding.h"
+#include "ports/macos/cocoa/objc/Object.h"
 
 namespace stagehopper::recording {
 

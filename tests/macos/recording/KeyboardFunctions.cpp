@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "ports/macos/cocoa/CGEvent.h"
+#include "ports/macos/cocoa/graphics/CGEvent.h"
 #include "tests/macos/recording/Bridged.h"
 #include "tests/macos/recording/Journal.h"
 #include "tests/macos/recording/Queues.h"

@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-#include "ports/macos/cocoa/AutoreleasePool.h"
+#include "ports/macos/cocoa/objc/AutoreleasePool.h"
 #include "tests/macos/recording/Behaviours.h"
 #include "tests/macos/recording/Journal.h"
 #include "tests/macos/recording/Queues.h"

@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 
-#include "ports/macos/cocoa/AutoreleasePool.h"
-#include "ports/macos/cocoa/NSURLResponse.h"
-#include "ports/macos/cocoa/NSURLSession.h"
+#include "ports/macos/cocoa/foundation/NSURLResponse.h"
+#include "ports/macos/cocoa/foundation/NSURLSession.h"
+#include "ports/macos/cocoa/objc/AutoreleasePool.h"
 #include "tests/macos/recording/RecordedTest.h"
 
 namespace stagehopper::recording {

@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "ports/macos/cocoa/MessageDispatch.h"
+#include "ports/macos/cocoa/objc/MessageDispatch.h"
 #include "tests/macos/facts/Facts.h"
 #include "tests/macos/recording/Behaviours.h"
 #include "tests/macos/recording/Classes.h"

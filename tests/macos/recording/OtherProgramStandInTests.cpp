@@ -1,10 +1,10 @@
 #include <gmock/gmock.h>
 
 #include "platform/Accessibility.h"
-#include "ports/macos/cocoa/AXUIElement.h"
-#include "ports/macos/cocoa/AutoreleasePool.h"
-#include "ports/macos/cocoa/CGEvent.h"
-#include "ports/macos/cocoa/NSString.h"
+#include "ports/macos/cocoa/foundation/NSString.h"
+#include "ports/macos/cocoa/graphics/AXUIElement.h"
+#include "ports/macos/cocoa/graphics/CGEvent.h"
+#include "ports/macos/cocoa/objc/AutoreleasePool.h"
 #include "tests/macos/recording/AccessibilityElements.h"
 #include "tests/macos/recording/Bridged.h"
 #include "tests/macos/recording/Foundation.h"

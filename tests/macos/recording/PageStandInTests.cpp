@@ -1,10 +1,10 @@
 #include <gmock/gmock.h>
 
-#include "ports/macos/cocoa/AutoreleasePool.h"
-#include "ports/macos/cocoa/NSNumber.h"
-#include "ports/macos/cocoa/RuntimeClass.h"
-#include "ports/macos/cocoa/WKScriptMessage.h"
-#include "ports/macos/cocoa/WKWebView.h"
+#include "ports/macos/cocoa/foundation/NSNumber.h"
+#include "ports/macos/cocoa/objc/AutoreleasePool.h"
+#include "ports/macos/cocoa/objc/RuntimeClass.h"
+#include "ports/macos/cocoa/webkit/WKScriptMessage.h"
+#include "ports/macos/cocoa/webkit/WKWebView.h"
 #include "tests/macos/recording/Foundation.h"
 #include "tests/macos/recording/RecordedTest.h"
 

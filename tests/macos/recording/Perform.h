@@ -3,7 +3,7 @@
 #include <span>
 #include <string_view>
 
-#include "ports/macos/cocoa/Runtime.h"
+#include "ports/macos/cocoa/objc/Runtime.h"
 #include "tests/macos/facts/Fact.h"
 #include "tests/macos/recording/Value.h"
 

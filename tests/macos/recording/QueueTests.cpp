@@ -1,6 +1,6 @@
 #include <unistd.h>
 
-#include "ports/macos/cocoa/GrandCentralDispatch.h"
+#include "ports/macos/cocoa/darwin/GrandCentralDispatch.h"
 #include "tests/macos/recording/Behaviours.h"
 #include "tests/macos/recording/Journal.h"
 #include "tests/macos/recording/Queues.h"

@@ -1,7 +1,7 @@
 #include <csignal>
 
-#include "ports/macos/cocoa/NSNotification.h"
-#include "ports/macos/cocoa/RuntimeClass.h"
+#include "ports/macos/cocoa/foundation/NSNotification.h"
+#include "ports/macos/cocoa/objc/RuntimeClass.h"
 #include "tests/macos/recording/Behaviours.h"
 #include "tests/macos/recording/Callbacks.h"
 #include "tests/macos/recording/Journal.h"

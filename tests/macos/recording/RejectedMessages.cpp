@@ -1,4 +1,4 @@
-#include "ports/macos/cocoa/RuntimeClass.h"
+#include "ports/macos/cocoa/objc/RuntimeClass.h"
 
 // Compiled by tests, which expect the compiler to refuse one message and to take the other.
 

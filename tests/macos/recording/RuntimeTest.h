@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "ports/macos/cocoa/NSObject.h"
-#include "ports/macos/cocoa/Owned.h"
+#include "ports/macos/cocoa/objc/NSObject.h"
+#include "ports/macos/cocoa/objc/Owned.h"
 #include "tests/macos/recording/Recording.h"
 
 namespace stagehopper::recording {

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "ports/macos/cocoa/NSApplication.h"
+#include "ports/macos/cocoa/appkit/NSApplication.h"
 #include "tests/macos/recording/Behaviours.h"
 #include "tests/macos/recording/Definitions.h"
 #include "tests/macos/recording/Foundation.h"

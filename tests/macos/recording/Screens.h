@@ -4,7 +4,7 @@
 #include <optional>
 #include <vector>
 
-#include "ports/macos/cocoa/Runtime.h"
+#include "ports/macos/cocoa/objc/Runtime.h"
 
 namespace stagehopper::recording {
 

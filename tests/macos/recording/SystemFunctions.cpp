@@ -1,8 +1,8 @@
 #include <cstdarg>
 #include <string>
 
-#include "ports/macos/cocoa/CGWindowLevel.h"
-#include "ports/macos/cocoa/NSLog.h"
+#include "ports/macos/cocoa/foundation/NSLog.h"
+#include "ports/macos/cocoa/graphics/CGWindowLevel.h"
 #include "tests/macos/recording/Foundation.h"
 #include "tests/macos/recording/Journal.h"
 #include "tests/macos/recording/World.h"

@@ -1,9 +1,9 @@
 #include <gmock/gmock.h>
 
-#include "ports/macos/cocoa/AutoreleasePool.h"
-#include "ports/macos/cocoa/NSFileHandle.h"
-#include "ports/macos/cocoa/NSPipe.h"
-#include "ports/macos/cocoa/NSTask.h"
+#include "ports/macos/cocoa/foundation/NSFileHandle.h"
+#include "ports/macos/cocoa/foundation/NSPipe.h"
+#include "ports/macos/cocoa/foundation/NSTask.h"
+#include "ports/macos/cocoa/objc/AutoreleasePool.h"
 #include "tests/macos/recording/RecordedTest.h"
 
 namespace stagehopper::recording {

@@ -1,7 +1,7 @@
 #include <optional>
 #include <utility>
 
-#include "ports/macos/cocoa/NSRunLoop.h"
+#include "ports/macos/cocoa/foundation/NSRunLoop.h"
 #include "tests/macos/recording/Callbacks.h"
 #include "tests/macos/recording/Definitions.h"
 #include "tests/macos/recording/Foundation.h"

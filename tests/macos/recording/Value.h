@@ -9,8 +9,8 @@
 #include <string_view>
 #include <type_traits>
 
-#include "ports/macos/cocoa/Encoding.h"
-#include "ports/macos/cocoa/Object.h"
+#include "ports/macos/cocoa/objc/Encoding.h"
+#include "ports/macos/cocoa/objc/Object.h"
 
 namespace stagehopper::recording {
 

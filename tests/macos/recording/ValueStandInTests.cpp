@@ -1,14 +1,14 @@
 #include <gmock/gmock.h>
 
-#include "ports/macos/cocoa/AutoreleasePool.h"
-#include "ports/macos/cocoa/NSArray.h"
-#include "ports/macos/cocoa/NSDate.h"
-#include "ports/macos/cocoa/NSDateFormatter.h"
-#include "ports/macos/cocoa/NSDictionary.h"
-#include "ports/macos/cocoa/NSLocale.h"
-#include "ports/macos/cocoa/NSNumber.h"
-#include "ports/macos/cocoa/NSURL.h"
-#include "ports/macos/cocoa/NSUUID.h"
+#include "ports/macos/cocoa/foundation/NSArray.h"
+#include "ports/macos/cocoa/foundation/NSDate.h"
+#include "ports/macos/cocoa/foundation/NSDateFormatter.h"
+#include "ports/macos/cocoa/foundation/NSDictionary.h"
+#include "ports/macos/cocoa/foundation/NSLocale.h"
+#include "ports/macos/cocoa/foundation/NSNumber.h"
+#include "ports/macos/cocoa/foundation/NSURL.h"
+#include "ports/macos/cocoa/foundation/NSUUID.h"
+#include "ports/macos/cocoa/objc/AutoreleasePool.h"
 #include "tests/macos/recording/Foundation.h"
 #include "tests/macos/recording/RecordedTest.h"
 

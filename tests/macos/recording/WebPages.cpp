@@ -3,7 +3,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "ports/macos/cocoa/Block.h"
+#include "ports/macos/cocoa/objc/Block.h"
 #include "tests/macos/recording/Behaviours.h"
 #include "tests/macos/recording/Callbacks.h"
 #include "tests/macos/recording/ContentController.h"

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "ports/macos/cocoa/Runtime.h"
+#include "ports/macos/cocoa/objc/Runtime.h"
 #include "tests/macos/recording/Kept.h"
 
 namespace stagehopper::recording {

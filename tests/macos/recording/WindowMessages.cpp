@@ -1,7 +1,7 @@
 #include <string>
 #include <utility>
 
-#include "ports/macos/cocoa/MessageDispatch.h"
+#include "ports/macos/cocoa/objc/MessageDispatch.h"
 #include "tests/macos/recording/Behaviours.h"
 #include "tests/macos/recording/Callbacks.h"
 #include "tests/macos/recording/Definitions.h"

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "ports/macos/cocoa/appkit/NSRunningApplication.h"
+#include "ports/macos/cocoa/foundation/NSArray.h"
+#include "ports/macos/cocoa/foundation/NSURL.h"
+
+namespace stagehopper::cocoa {
+
+/// NSWorkspace. Any thread may ask; what it knows follows the main run loop.
+class NSWorkspace : public Handle<NSWorkspace, NSObject> {
+public:
+    static constexpr FixedString className{"NSWorkspace"};
+    using Handle::Handle;
+
+    static NSWorkspace sharedWorkspace() { return sendToClass<"sharedWorkspace", NSWorkspace()>(); }
+
+    /// Of NSRunningApplication.
+    [[nodiscard]] NSArray runningApplications() const {
+        return send<"runningApplications", NSArray()>();
+    }
+    /// Nil when no program gets the key presses.
+    [[nodiscard]] NSRunningApplication frontmostApplication() const {
+        return send<"frontmostApplication", NSRunningApplication()>();
+    }
+    [[nodiscard]] bool openURL(NSURL url) const {
+        return fromBOOL(send<"openURL:", BOOL(NSURL)>(url));
+    }
+};
+
+}  // namespace stagehopper::cocoa

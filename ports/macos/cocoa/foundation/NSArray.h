@@ -1,0 +1,43 @@
+#pragma once
+
+#include <vector>
+
+#include "ports/macos/cocoa/objc/Owned.h"
+
+namespace stagehopper::cocoa {
+
+/// NSArray. Any thread.
+class NSArray : public Handle<NSArray, NSObject> {
+public:
+    static constexpr FixedString className{"NSArray"};
+    using Handle::Handle;
+
+    /// Lives as long as the current pool.
+    template <class T>
+    static NSArray of(const std::vector<T>& elements) {
+        std::vector<id> objects;
+        objects.reserve(elements.size());
+        for (const auto& element : elements) objects.push_back(element.pointer());
+        return sendToClass<"arrayWithObjects:count:", NSArray(const id*, NSUInteger)>(
+            objects.data(), objects.size());
+    }
+
+    [[nodiscard]] NSUInteger count() const { return send<"count", NSUInteger()>(); }
+    [[nodiscard]] NSObject objectAtIndex(NSUInteger index) const {
+        return send<"objectAtIndex:", NSObject(NSUInteger)>(index);
+    }
+};
+
+/// The elements, taken for what the system says they are.
+template <class T>
+[[nodiscard]] std::vector<T> elements(NSArray array) {
+    std::vector<T> taken;
+    const auto count = array.count();
+    taken.reserve(count);
+    for (NSUInteger index = 0; index < count; ++index) {
+        taken.push_back(T(array.objectAtIndex(index).pointer()));
+    }
+    return taken;
+}
+
+}  // namespace stagehopper::cocoa

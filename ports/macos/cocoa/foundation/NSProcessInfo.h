@@ -1,0 +1,39 @@
+#pragma once
+
+#include "ports/macos/cocoa/foundation/NSArray.h"
+#include "ports/macos/cocoa/foundation/NSDictionary.h"
+#include "ports/macos/cocoa/foundation/NSString.h"
+
+namespace stagehopper::cocoa {
+
+enum NSActivityOptions : NSUInteger {
+    NSActivityUserInitiatedAllowingIdleSystemSleep = 0xEFFFFF,
+    NSActivityUserInitiated = 0xFFFFFF,
+};
+
+/// NSProcessInfo. Any thread.
+class NSProcessInfo : public Handle<NSProcessInfo, NSObject> {
+public:
+    static constexpr FixedString className{"NSProcessInfo"};
+    using Handle::Handle;
+
+    static NSProcessInfo processInfo() { return sendToClass<"processInfo", NSProcessInfo()>(); }
+
+    /// Of NSStrings.
+    [[nodiscard]] NSArray arguments() const { return send<"arguments", NSArray()>(); }
+    /// Of NSStrings.
+    [[nodiscard]] NSDictionary environment() const { return send<"environment", NSDictionary()>(); }
+    [[nodiscard]] int processIdentifier() const { return send<"processIdentifier", int()>(); }
+    /// Seconds; stands still while the machine sleeps, and is never set back.
+    [[nodiscard]] double systemUptime() const { return send<"systemUptime", double()>(); }
+
+    /// Keeps the system from slowing this process down until the activity, which the caller keeps,
+    /// is ended.
+    [[nodiscard]] NSObject beginActivityWithOptions(NSUInteger options, NSString reason) const {
+        return send<"beginActivityWithOptions:reason:", NSObject(NSUInteger, NSString)>(options,
+                                                                                        reason);
+    }
+    void endActivity(NSObject activity) const { send<"endActivity:", void(NSObject)>(activity); }
+};
+
+}  // namespace stagehopper::cocoa

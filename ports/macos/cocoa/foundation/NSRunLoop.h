@@ -1,0 +1,25 @@
+#pragma once
+
+#include "ports/macos/cocoa/foundation/NSString.h"
+#include "ports/macos/cocoa/foundation/NSTimer.h"
+
+extern "C" {
+/// An NSString: all modes in which a program waits for its user, tracked menus among them.
+extern const stagehopper::cocoa::id NSRunLoopCommonModes;
+}
+
+namespace stagehopper::cocoa {
+
+/// NSRunLoop. The thread that it belongs to.
+class NSRunLoop : public Handle<NSRunLoop, NSObject> {
+public:
+    static constexpr FixedString className{"NSRunLoop"};
+    using Handle::Handle;
+
+    static NSRunLoop mainRunLoop() { return sendToClass<"mainRunLoop", NSRunLoop()>(); }
+    void addTimer(NSTimer timer, NSString mode) const {
+        send<"addTimer:forMode:", void(NSTimer, NSString)>(timer, mode);
+    }
+};
+
+}  // namespace stagehopper::cocoa

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "ports/macos/cocoa/foundation/Utf16.h"
+#include "ports/macos/cocoa/objc/Owned.h"
+
+namespace stagehopper::cocoa {
+
+class NSLocale;
+
+inline constexpr NSUInteger NSUTF8StringEncoding = 4;
+
+enum NSStringCompareOptions : NSUInteger {
+    NSCaseInsensitiveSearch = 1,
+    NSDiacriticInsensitiveSearch = 128,
+};
+
+/// NSString. Any thread.
+class NSString : public Handle<NSString, NSObject> {
+public:
+    static constexpr FixedString className{"NSString"};
+    using Handle::Handle;
+
+    /// Nil when the bytes are not well-formed. Unlike a C string it may hold zeros.
+    static Owned<NSString> withUtf8(std::string_view bytes) {
+        return Owned<NSString>::adopt(
+            allocate().initWithBytes(bytes.data(), bytes.size(), NSUTF8StringEncoding));
+    }
+
+    /// Null when it holds an unpaired surrogate, which UTF-8 has no bytes for.
+    [[nodiscard]] const char* UTF8String() const { return send<"UTF8String", const char*()>(); }
+    [[nodiscard]] NSUInteger lengthOfBytesUsingEncoding(NSUInteger encoding) const {
+        return send<"lengthOfBytesUsingEncoding:", NSUInteger(NSUInteger)>(encoding);
+    }
+    /// In units of UTF-16, as `characterAtIndex:` counts them.
+    [[nodiscard]] NSUInteger length() const { return send<"length", NSUInteger()>(); }
+    [[nodiscard]] unsigned short characterAtIndex(NSUInteger index) const {
+        return send<"characterAtIndex:", unsigned short(NSUInteger)>(index);
+    }
+    [[nodiscard]] NSString stringByFoldingWithOptions(NSUInteger options, NSLocale locale) const;
+    /// The same in every language.
+    [[nodiscard]] NSString lowercaseString() const { return send<"lowercaseString", NSString()>(); }
+
+private:
+    [[nodiscard]] NSString initWithBytes(const void* bytes, NSUInteger length,
+                                         NSUInteger encoding) const {
+        return send<"initWithBytes:length:encoding:",
+                    NSString(const void*, NSUInteger, NSUInteger)>(bytes, length, encoding);
+    }
+};
+
+/// The UTF-8 bytes; empty for nil. An unpaired surrogate becomes bytes that are not well-formed.
+[[nodiscard]] inline std::string text(NSString string) {
+    if (const auto size = string.lengthOfBytesUsingEncoding(NSUTF8StringEncoding); size > 0) {
+        if (const char* bytes = string.UTF8String()) return {bytes, size};
+    }
+    // It is empty, or has no UTF-8.
+    std::u16string units(string.length(), u'\0');
+    for (NSUInteger index = 0; index < units.size(); ++index) {
+        units[index] = string.characterAtIndex(index);
+    }
+    return utf8Of(units);
+}
+
+/// For arguments: `window.setTitle(string(title))`. Lives as long as the current pool. Of bytes
+/// that are not well-formed UTF-8 it keeps the ASCII, so that a message is never lost as a whole.
+[[nodiscard]] inline NSString string(std::string_view bytes) {
+    auto made = NSString::withUtf8(bytes);
+    if (!made) {
+        std::string ascii(bytes);
+        for (char& character : ascii) {
+            if (static_cast<unsigned char>(character) >= 0x80) character = '?';
+        }
+        made = NSString::withUtf8(ascii);
+    }
+    return NSString(made.release().autorelease().pointer());
+}
+
+inline void NSObject::setValueForKey(NSObject value, NSString key) const {
+    send<"setValue:forKey:", void(NSObject, NSString)>(value, key);
+}
+
+}  // namespace stagehopper::cocoa

@@ -3,10 +3,10 @@
 #include <gmock/gmock.h>
 
 #include "tests/macos/MacStage.h"
-#include "tests/macos/recording/Behaviours.h"
-#include "tests/macos/recording/Callbacks.h"
-#include "tests/macos/recording/ContentController.h"
-#include "tests/macos/recording/Notifications.h"
+#include "tests/macos/recording/foundation/Notifications.h"
+#include "tests/macos/recording/runtime/Behaviours.h"
+#include "tests/macos/recording/runtime/Callbacks.h"
+#include "tests/macos/recording/webkit/ContentController.h"
 
 namespace stagehopper {
 

@@ -5,8 +5,8 @@
 #include "ports/webkit/FrameMark.h"
 #include "resources/PanelScript.h"
 #include "tests/macos/MacStage.h"
-#include "tests/macos/recording/Behaviours.h"
-#include "tests/macos/recording/Menus.h"
+#include "tests/macos/recording/appkit/Menus.h"
+#include "tests/macos/recording/runtime/Behaviours.h"
 
 namespace stagehopper {
 

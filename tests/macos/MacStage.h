@@ -9,7 +9,7 @@
 #include "ports/macos/Services.h"
 #include "ports/macos/cocoa/objc/AutoreleasePool.h"
 #include "ports/simulated/SimulatedFileSystem.h"
-#include "tests/macos/recording/RecordedTest.h"
+#include "tests/macos/recording/system/RecordedTest.h"
 
 namespace stagehopper {
 

@@ -4,7 +4,7 @@
 
 #include "network/AwdlScripts.h"
 #include "tests/macos/MacStage.h"
-#include "tests/macos/recording/Heap.h"
+#include "tests/macos/recording/runtime/Heap.h"
 
 namespace stagehopper {
 

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "tests/macos/MacStage.h"
-#include "tests/macos/recording/Behaviours.h"
+#include "tests/macos/recording/runtime/Behaviours.h"
 
 namespace stagehopper {
 

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "tests/macos/MacStage.h"
-#include "tests/macos/recording/Foundation.h"
+#include "tests/macos/recording/foundation/Foundation.h"
 #include "tests/scenario/Programs.h"
 
 namespace stagehopper {

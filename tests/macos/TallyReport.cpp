@@ -6,7 +6,7 @@
 #include <string>
 
 #include "tests/macos/facts/DeclaredFacts.h"
-#include "tests/macos/recording/MessageTally.h"
+#include "tests/macos/recording/runtime/MessageTally.h"
 
 namespace stagehopper {
 

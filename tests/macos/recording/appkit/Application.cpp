@@ -1,0 +1,85 @@
+#include "tests/macos/recording/appkit/Application.h"
+
+#include <stdexcept>
+#include <utility>
+
+#include "tests/macos/recording/appkit/Menus.h"
+#include "tests/macos/recording/foundation/Notifications.h"
+#include "tests/macos/recording/foundation/SharedInstances.h"
+#include "tests/macos/recording/runtime/Behaviours.h"
+#include "tests/macos/recording/runtime/Callbacks.h"
+#include "tests/macos/recording/runtime/Queues.h"
+#include "tests/macos/recording/system/World.h"
+
+namespace stagehopper::recording {
+
+namespace {
+
+cocoa::id delegate() {
+    return property(sharedApplication(), "delegate").object();
+}
+
+void tellDelegate(std::string_view selector, std::string_view notification) {
+    tell(delegate(), selector, makeNotification(notification, sharedApplication()).get());
+}
+
+/// As systems from macOS 14 on do, about a program that does not say how its windows are archived.
+void warnOfInsecureState() {
+    const std::string question = "applicationSupportsSecureRestorableState:";
+    if (responds(delegate(), question) && tell<bool>(delegate(), question, sharedApplication())) {
+        return;
+    }
+    World::current().systemLog.emplace_back(
+        "WARNING: Secure coding is not enabled for restorable state!");
+}
+
+}  // namespace
+
+cocoa::id sharedApplication() {
+    return sharedInstance("NSApplication");
+}
+
+void Application::finishLaunching() {
+    if (std::exchange(launched_, true)) return;
+    warnOfInsecureState();
+    tellDelegate("applicationWillFinishLaunching:", "NSApplicationWillFinishLaunchingNotification");
+    tellDelegate("applicationDidFinishLaunching:", "NSApplicationDidFinishLaunchingNotification");
+}
+
+void Application::userPresses(std::string_view title) {
+    const auto item = findMenuItem(property(sharedApplication(), "mainMenu").object(), title);
+    if (item == nullptr) throw std::logic_error("no menu item " + std::string(title));
+    queues::async("main", [item = Kept(item)] { performMenuItem(item.get()); });
+}
+
+void Application::systemQuits() {
+    queues::async("main", [this] { terminate(); });
+}
+
+void Application::run() {
+    finishLaunching();
+    queues::runUntil([this] { return terminated_; });
+}
+
+void Application::terminate() {
+    if (std::exchange(terminating_, true)) return;
+    const std::string question = "applicationShouldTerminate:";
+    constexpr unsigned long now = 1;
+    if (responds(delegate(), question) &&
+        tell<unsigned long>(delegate(), question, sharedApplication()) != now) {
+        terminating_ = false;
+        return;
+    }
+    tellDelegate("applicationWillTerminate:", "NSApplicationWillTerminateNotification");
+    terminated_ = true;
+}
+
+void Application::windowWasClosed() {
+    queues::async("main", [this] {
+        const std::string question = "applicationShouldTerminateAfterLastWindowClosed:";
+        if (World::current().windows.ordinaryWindowVisible() || terminated_) return;
+        if (tell<bool>(delegate(), question, sharedApplication())) terminate();
+    });
+}
+
+}  // namespace stagehopper::recording

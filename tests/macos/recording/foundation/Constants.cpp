@@ -1,0 +1,34 @@
+#include <string>
+
+#include "ports/macos/cocoa/appkit/NSApplication.h"
+#include "ports/macos/cocoa/foundation/NSRunLoop.h"
+#include "ports/macos/cocoa/graphics/AXUIElement.h"
+#include "tests/macos/recording/foundation/FoundationStates.h"
+#include "tests/macos/recording/runtime/Behaviours.h"
+
+// The texts that the system's libraries export. Their contents are nobody's business but the
+// system's, so they are their own names.
+
+namespace {
+
+stagehopper::cocoa::id constantText(const char* text) {
+    using namespace stagehopper::recording;
+    const auto made = makeConstant("NSString");
+    stateOf<StringState>(made).utf8 = text;
+    return made;
+}
+
+}  // namespace
+
+extern "C" {
+objc_object* const NSApplicationDidChangeScreenParametersNotification =
+    constantText("NSApplicationDidChangeScreenParametersNotification");
+const stagehopper::cocoa::id NSRunLoopCommonModes = constantText("NSRunLoopCommonModes");
+}
+
+namespace stagehopper::cocoa {
+extern "C" {
+const CFStringRef kAXTrustedCheckOptionPrompt =
+    reinterpret_cast<CFStringRef>(constantText("kAXTrustedCheckOptionPrompt"));
+}
+}  // namespace stagehopper::cocoa

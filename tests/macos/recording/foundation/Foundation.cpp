@@ -1,0 +1,148 @@
+#include "tests/macos/recording/foundation/Foundation.h"
+
+#include <utility>
+
+#include "tests/macos/recording/foundation/FoundationStates.h"
+#include "tests/macos/recording/runtime/Memory.h"
+
+namespace stagehopper::recording {
+
+namespace {
+
+template <class State>
+State stateOr(cocoa::id object, std::string_view className) {
+    return isKindOf(object, className) ? stateOf<State>(object) : State();
+}
+
+/// A new object of a class with this state.
+template <class State>
+Kept make(std::string_view className, State state) {
+    auto made = makeObject(className);
+    stateOf<State>(made.get()) = std::move(state);
+    return made;
+}
+
+template <class State>
+cocoa::id make(Call& call, std::string_view className, State state) {
+    const auto made = call.make(className);
+    stateOf<State>(made) = std::move(state);
+    return made;
+}
+
+std::vector<Kept> strings(const std::vector<std::string>& texts) {
+    std::vector<Kept> made;
+    made.reserve(texts.size());
+    for (const auto& text : texts) made.push_back(makeString(text));
+    return made;
+}
+
+}  // namespace
+
+std::string textOf(cocoa::id string) {
+    return stateOr<StringState>(string, "NSString").utf8;
+}
+
+std::string bytesOf(cocoa::id data) {
+    return stateOr<DataState>(data, "NSData").bytes;
+}
+
+std::string addressOf(cocoa::id url) {
+    return stateOr<UrlState>(url, "NSURL").address;
+}
+
+std::string pathOf(cocoa::id url) {
+    return stateOr<UrlState>(url, "NSURL").path;
+}
+
+std::vector<cocoa::id> elementsOf(cocoa::id array) {
+    std::vector<cocoa::id> elements;
+    for (const auto& element : stateOr<ArrayState>(array, "NSArray").elements) {
+        elements.push_back(element.get());
+    }
+    return elements;
+}
+
+std::vector<std::string> textsOf(cocoa::id array) {
+    std::vector<std::string> texts;
+    for (const auto element : elementsOf(array)) texts.push_back(textOf(element));
+    return texts;
+}
+
+std::map<std::string, std::string> textTableOf(cocoa::id dictionary) {
+    std::map<std::string, std::string> table;
+    for (const auto& [key, value] : stateOr<DictionaryState>(dictionary, "NSDictionary").entries) {
+        table[textOf(key.get())] = textOf(value.get());
+    }
+    return table;
+}
+
+cocoa::id valueUnder(cocoa::id dictionary, std::string_view key) {
+    for (const auto& entry : stateOr<DictionaryState>(dictionary, "NSDictionary").entries) {
+        if (textOf(entry.first.get()) == key) return entry.second.get();
+    }
+    return nullptr;
+}
+
+bool truthOf(cocoa::id number) {
+    return stateOr<NumberState>(number, "NSNumber").value != 0;
+}
+
+Kept makeString(std::string text) {
+    return make("NSString", StringState{std::move(text)});
+}
+
+Kept makeStringWithoutUtf8(std::u16string units) {
+    std::string shown(units.size(), '?');
+    return make("NSString", StringState{std::move(shown), std::move(units)});
+}
+
+Kept makeData(std::string bytes) {
+    return make("NSData", DataState{std::move(bytes)});
+}
+
+Kept makeUrl(std::string address) {
+    return make("NSURL", UrlState{std::move(address), {}});
+}
+
+Kept makeTruth(bool value) {
+    return make("NSNumber", NumberState{value ? 1.0 : 0.0, true});
+}
+
+Kept makeNumber(std::int64_t value) {
+    return make("NSNumber", NumberState{static_cast<double>(value), false});
+}
+
+Kept makeError(std::string localizedDescription) {
+    return make("NSError", ErrorState{.localizedDescription = std::move(localizedDescription)});
+}
+
+Kept makeArray(const std::vector<Kept>& elements) {
+    return make("NSArray", ArrayState{elements});
+}
+
+cocoa::id makeString(Call& call, std::string text) {
+    return make(call, "NSString", StringState{std::move(text)});
+}
+
+cocoa::id makeData(Call& call, std::string bytes) {
+    return make(call, "NSData", DataState{std::move(bytes)});
+}
+
+cocoa::id makeUrl(Call& call, std::string address) {
+    return make(call, "NSURL", UrlState{std::move(address), {}});
+}
+
+cocoa::id makeArray(Call& call, const std::vector<Kept>& elements) {
+    return make(call, "NSArray", ArrayState{elements});
+}
+
+cocoa::id makeTexts(Call& call, const std::vector<std::string>& texts) {
+    return makeArray(call, strings(texts));
+}
+
+cocoa::id leaveToPool(const Kept& object) {
+    memory::autorelease(object, true);
+    return object.get();
+}
+
+}  // namespace stagehopper::recording

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ports/macos/cocoa/objc/Runtime.h"
+#include "tests/macos/recording/runtime/Behaviours.h"
+
+// The values of Foundation as the stand-ins see them: what is in an object, and objects that the
+// system makes. Any queue.
+
+namespace stagehopper::recording {
+
+// --- what is in one; empty or zero for nil and for objects of other classes ---------------------
+[[nodiscard]] std::string textOf(cocoa::id string);
+[[nodiscard]] std::string bytesOf(cocoa::id data);
+[[nodiscard]] std::string addressOf(cocoa::id url);
+/// Of a file URL; empty for others.
+[[nodiscard]] std::string pathOf(cocoa::id url);
+[[nodiscard]] std::vector<cocoa::id> elementsOf(cocoa::id array);
+[[nodiscard]] std::vector<std::string> textsOf(cocoa::id array);
+/// A dictionary of strings.
+[[nodiscard]] std::map<std::string, std::string> textTableOf(cocoa::id dictionary);
+/// The value under a text; nil when there is none.
+[[nodiscard]] cocoa::id valueUnder(cocoa::id dictionary, std::string_view key);
+[[nodiscard]] bool truthOf(cocoa::id number);
+
+// --- new ones -----------------------------------------------------------------------------------
+[[nodiscard]] Kept makeString(std::string text);
+/// One with an unpaired surrogate among these units of UTF-16, which has no UTF-8.
+[[nodiscard]] Kept makeStringWithoutUtf8(std::u16string units);
+[[nodiscard]] Kept makeData(std::string bytes);
+[[nodiscard]] Kept makeUrl(std::string address);
+[[nodiscard]] Kept makeTruth(bool value);
+[[nodiscard]] Kept makeNumber(std::int64_t value);
+[[nodiscard]] Kept makeError(std::string localizedDescription);
+[[nodiscard]] Kept makeArray(const std::vector<Kept>& elements);
+
+// --- new ones as the answer of a message
+// ----------------------------------------------------------
+[[nodiscard]] cocoa::id makeString(Call& call, std::string text);
+[[nodiscard]] cocoa::id makeData(Call& call, std::string bytes);
+[[nodiscard]] cocoa::id makeUrl(Call& call, std::string address);
+[[nodiscard]] cocoa::id makeArray(Call& call, const std::vector<Kept>& elements);
+[[nodiscard]] cocoa::id makeTexts(Call& call, const std::vector<std::string>& texts);
+
+/// The object lives as long as the current pool, as one does that is given back through a pointer.
+cocoa::id leaveToPool(const Kept& object);
+
+}  // namespace stagehopper::recording

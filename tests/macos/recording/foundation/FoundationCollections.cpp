@@ -1,0 +1,102 @@
+#include <algorithm>
+#include <string>
+
+#include "tests/macos/recording/foundation/Foundation.h"
+#include "tests/macos/recording/foundation/FoundationStates.h"
+#include "tests/macos/recording/runtime/Definitions.h"
+
+namespace stagehopper::recording {
+
+namespace {
+
+using Objects = const cocoa::id*;
+
+/// Nil in a collection is an exception on the real system.
+Kept element(Objects objects, unsigned long index, const char* collection) {
+    if (objects[index] == nullptr) noteProblem(std::string("nil is put into an ") + collection);
+    return Kept(objects[index]);
+}
+
+Value arrayWithObjects(Call& call) {
+    const auto objects = call.argument<Objects>(0);
+    std::vector<Kept> elements;
+    for (unsigned long i = 0; i < call.argument<unsigned long>(1); ++i) {
+        elements.push_back(element(objects, i, "NSArray"));
+    }
+    return makeArray(call, elements);
+}
+
+Value arrayCount(Call& call) {
+    return static_cast<unsigned long>(call.state<ArrayState>().elements.size());
+}
+
+Value objectAtIndex(Call& call) {
+    const auto& elements = call.state<ArrayState>().elements;
+    const auto index = call.argument<unsigned long>(0);
+    if (index >= elements.size()) {
+        noteProblem("an NSArray is asked for an element behind its end");
+        return cocoa::id{};
+    }
+    return elements[index].get();
+}
+
+Value dictionaryWithObjects(Call& call) {
+    const auto values = call.argument<Objects>(0);
+    const auto keys = call.argument<Objects>(1);
+    const auto made = call.make("NSDictionary");
+    auto& entries = stateOf<DictionaryState>(made).entries;
+    for (unsigned long i = 0; i < call.argument<unsigned long>(2); ++i) {
+        entries.emplace_back(element(keys, i, "NSDictionary"), element(values, i, "NSDictionary"));
+    }
+    return made;
+}
+
+Value allKeys(Call& call) {
+    std::vector<Kept> keys;
+    for (const auto& entry : call.state<DictionaryState>().entries) keys.push_back(entry.first);
+    return makeArray(call, keys);
+}
+
+Value objectForKey(Call& call) {
+    return valueUnder(call.receiver(), textOf(call.argument<cocoa::id>(0)));
+}
+
+Value dictionaryCount(Call& call) {
+    return static_cast<unsigned long>(call.state<DictionaryState>().entries.size());
+}
+
+std::string describeArray(cocoa::id array) {
+    std::string line;
+    for (const auto element : elementsOf(array)) {
+        line += (line.empty() ? "" : ", ") + describe(element);
+    }
+    return "(" + line + ")";
+}
+
+std::string describeDictionary(cocoa::id dictionary) {
+    std::string line;
+    for (const auto& [key, value] : stateOf<DictionaryState>(dictionary).entries) {
+        line += (line.empty() ? "" : ", ") + describe(key.get()) + ": " + describe(value.get());
+    }
+    return "{" + line + "}";
+}
+
+}  // namespace
+
+void defineCollections() {
+    define("NSArray", MessageKind::classLevel, "arrayWithObjects:count:", arrayWithObjects);
+    define("NSArray", MessageKind::instance, "count", arrayCount);
+    define("NSArray", MessageKind::instance, "objectAtIndex:", objectAtIndex);
+    describeAs("NSArray", describeArray);
+    keepOutOfJournal("NSArray");
+
+    define("NSDictionary", MessageKind::classLevel,
+           "dictionaryWithObjects:forKeys:count:", dictionaryWithObjects);
+    define("NSDictionary", MessageKind::instance, "allKeys", allKeys);
+    define("NSDictionary", MessageKind::instance, "objectForKey:", objectForKey);
+    define("NSDictionary", MessageKind::instance, "count", dictionaryCount);
+    describeAs("NSDictionary", describeDictionary);
+    keepOutOfJournal("NSDictionary");
+}
+
+}  // namespace stagehopper::recording

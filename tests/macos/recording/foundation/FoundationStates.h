@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "tests/macos/recording/runtime/Kept.h"
+
+namespace stagehopper::recording {
+
+// What the stand-ins of Foundation's values carry. Plain data, any queue.
+
+struct StringState {
+    /// Of a text that is not convertible: with a question mark for each unit.
+    std::string utf8;
+    /// Only of a text that has no UTF-8, because one of its surrogates is alone.
+    std::optional<std::u16string> notConvertible = std::nullopt;
+};
+struct DataState {
+    std::string bytes;
+};
+struct UrlState {
+    /// "file:///Applications", "http://127.0.0.1:3000/health".
+    std::string address;
+    /// Of a file URL, not escaped.
+    std::string path;
+};
+struct NumberState {
+    double value = 0;
+    bool truth = false;
+};
+struct DateState {
+    /// Since 1970.
+    double seconds = 0;
+};
+struct ErrorState {
+    std::string domain = "NSCocoaErrorDomain";
+    long code = 0;
+    std::string localizedDescription;
+};
+struct ArrayState {
+    std::vector<Kept> elements;
+};
+struct DictionaryState {
+    /// Keys and values, in the order of insertion.
+    std::vector<std::pair<Kept, Kept>> entries;
+};
+
+}  // namespace stagehopper::recording

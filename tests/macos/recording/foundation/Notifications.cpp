@@ -1,0 +1,95 @@
+#include "tests/macos/recording/foundation/Notifications.h"
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "tests/macos/recording/foundation/Foundation.h"
+#include "tests/macos/recording/foundation/SharedInstances.h"
+#include "tests/macos/recording/runtime/Behaviours.h"
+#include "tests/macos/recording/runtime/Callbacks.h"
+#include "tests/macos/recording/runtime/Classes.h"
+#include "tests/macos/recording/runtime/Definitions.h"
+
+namespace stagehopper::recording {
+
+namespace {
+
+struct Observation {
+    Weak observer;
+    std::string selector;
+    /// Empty: every name.
+    std::string name;
+    /// Nil: every object.
+    cocoa::id object = nullptr;
+};
+
+struct CenterState {
+    std::vector<Observation> observations;
+};
+
+struct NotificationState {
+    Kept name;
+    Kept object;
+};
+
+/// Selectors of methods without an argument are called without the notification.
+void notify(const Observation& observation, const Kept& notification) {
+    const auto observer = observation.observer.get();
+    if (observer == nullptr) return;
+    if (!responds(observer, observation.selector)) {
+        noteProblem("an observer of " + observation.name + " has no method " +
+                    observation.selector);
+    } else if (observation.selector.ends_with(':')) {
+        tell(observer, observation.selector, notification.get());
+    } else {
+        tell(observer, observation.selector);
+    }
+}
+
+Value addObserver(Call& call) {
+    const auto selector = call.argument<cocoa::SEL>(1);
+    call.state<CenterState>().observations.push_back(
+        {Weak(call.argument<cocoa::id>(0)), selector->name, textOf(call.argument<cocoa::id>(2)),
+         call.argument<cocoa::id>(3)});
+    return {};
+}
+
+Value removeObserver(Call& call) {
+    const auto observer = call.argument<cocoa::id>(0);
+    std::erase_if(call.state<CenterState>().observations,
+                  [&](const auto& each) { return each.observer.get() == observer; });
+    return {};
+}
+
+}  // namespace
+
+Kept makeNotification(std::string_view name, cocoa::id object) {
+    auto notification = makeObject("NSNotification");
+    stateOf<NotificationState>(notification.get()) = {makeString(std::string(name)), Kept(object)};
+    return notification;
+}
+
+void postNotification(std::string_view name, cocoa::id object) {
+    const auto notification = makeNotification(name, object);
+    const auto center = sharedInstance("NSNotificationCenter");
+    // A copy: observers may come and go meanwhile.
+    const auto observations = stateOf<CenterState>(center).observations;
+    for (const auto& each : observations) {
+        const bool named = each.name.empty() || each.name == name;
+        if (named && (each.object == nullptr || each.object == object)) notify(each, notification);
+    }
+}
+
+void defineNotifications() {
+    defineShared("NSNotificationCenter", "defaultCenter");
+    define("NSNotificationCenter", MessageKind::instance,
+           "addObserver:selector:name:object:", addObserver);
+    define("NSNotificationCenter", MessageKind::instance, "removeObserver:", removeObserver);
+    define("NSNotification", MessageKind::instance, "name",
+           [](Call& call) -> Value { return call.state<NotificationState>().name.get(); });
+    define("NSNotification", MessageKind::instance, "object",
+           [](Call& call) -> Value { return call.state<NotificationState>().object.get(); });
+}
+
+}  // namespace stagehopper::recording

@@ -1,0 +1,125 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <typeindex>
+#include <vector>
+
+#include "ports/macos/cocoa/objc/MessageDispatch.h"
+#include "tests/macos/recording/runtime/Kept.h"
+#include "tests/macos/recording/runtime/Value.h"
+
+// How the stand-ins for the system's classes are told what to do.
+
+namespace stagehopper::recording {
+
+using cocoa::MessageKind;
+
+/// What an object carries, one of each type; made when first asked for, gone with the object.
+template <class T>
+[[nodiscard]] T& stateOf(cocoa::id object);
+
+/// A message while it is being answered.
+class Call {
+public:
+    Call(cocoa::id receiver, MessageKind kind, std::string_view selector,
+         std::span<const Value> arguments)
+        : receiver_(receiver), kind_(kind), selector_(selector), arguments_(arguments) {}
+
+    /// The object, or the class as an object.
+    [[nodiscard]] cocoa::id receiver() const { return receiver_; }
+    [[nodiscard]] MessageKind kind() const { return kind_; }
+    [[nodiscard]] std::string_view selector() const { return selector_; }
+    /// The class that was sent a class message (which may be a subclass of the one that defines
+    /// the behaviour), or the receiver's class.
+    [[nodiscard]] std::string className() const;
+
+    template <class T>
+    [[nodiscard]] T& state() const {
+        return stateOf<T>(receiver_);
+    }
+    template <class T>
+    [[nodiscard]] T argument(std::size_t index) const {
+        return arguments_[index].as<T>();
+    }
+    [[nodiscard]] const Value& value(std::size_t index) const { return arguments_[index]; }
+
+    /// A new object of that class, kept until the message has been answered. As an answer it is
+    /// autoreleased, or retained for the sender when the message's name says so (alloc, new, copy,
+    /// init): behaviours return plain pointers and need not count.
+    cocoa::id make(std::string_view className);
+    [[nodiscard]] bool hasMade(cocoa::id object) const;
+
+private:
+    cocoa::id receiver_;
+    MessageKind kind_;
+    std::string_view selector_;
+    std::span<const Value> arguments_;
+    std::vector<Kept> made_;
+};
+
+using Behaviour = std::function<Value(Call&)>;
+
+/// Says what a class, and whatever inherits from it, answers to a message. Once for each message
+/// and for the whole program: from a function that runs before the first test. The message has to
+/// stand in the table of facts.
+///
+/// Without a behaviour a message with a setter's name (`setTitle:`) stores its argument, where
+/// the getter's name (`title`) finds it; objects are kept, blocks copied, delegates and targets
+/// held weakly. Every other message answers zero, and one that should have answered an object is
+/// noted as a problem.
+///
+/// An initializer answers its receiver, or something else, or nil.
+void define(std::string_view className, MessageKind kind, std::string_view selector,
+            Behaviour behaviour);
+
+/// Messages to this class and its subclasses do not appear in the journal: strings, collections.
+void keepOutOfJournal(std::string_view className);
+
+/// How objects of a class appear in the journal instead of `<NSURL 1>`.
+void describeAs(std::string_view className, std::function<std::string(cocoa::id)> description);
+
+/// A new object, as the system makes one on its own.
+[[nodiscard]] Kept makeObject(std::string_view className);
+
+/// One that outlives every test: the system's exported constants.
+[[nodiscard]] cocoa::id makeConstant(std::string_view className);
+
+/// "nil" for nil, the name for a class object.
+[[nodiscard]] std::string classNameOf(cocoa::id object);
+[[nodiscard]] bool isKindOf(cocoa::id object, std::string_view className);
+/// Whether it is a class that was registered by the port.
+[[nodiscard]] bool isOurs(cocoa::id object);
+[[nodiscard]] bool isBlock(cocoa::id object);
+
+/// The class as an object that messages can be sent to; for `stateOf`: shared instances.
+[[nodiscard]] cocoa::id classObject(std::string_view className);
+
+/// What a setter without a behaviour has stored, or what `setProperty` has; empty when never set.
+[[nodiscard]] Value property(cocoa::id object, std::string_view name);
+void setProperty(cocoa::id object, std::string_view name, Value value);
+
+/// Lets an object answer a message, inside another behaviour or from a test, as the system does
+/// between its own objects: not in the journal, not checked, the answer lives as long as the
+/// current pool.
+Value answer(cocoa::id receiver, std::string_view selector, std::vector<Value> arguments = {});
+
+/// Something that the port must not do. The end of a test asks for them.
+void noteProblem(std::string problem);
+
+namespace detail {
+/// The slot for one type; created empty.
+std::shared_ptr<void>& slot(cocoa::id object, std::type_index type);
+}  // namespace detail
+
+template <class T>
+T& stateOf(cocoa::id object) {
+    auto& slot = detail::slot(object, typeid(T));
+    if (!slot) slot = std::make_shared<T>();
+    return *static_cast<T*>(slot.get());
+}
+
+}  // namespace stagehopper::recording

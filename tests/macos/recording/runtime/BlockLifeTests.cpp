@@ -1,0 +1,81 @@
+#include "ports/macos/cocoa/objc/Block.h"
+#include "tests/macos/recording/runtime/Callbacks.h"
+#include "tests/macos/recording/runtime/RuntimeTest.h"
+
+namespace stagehopper::recording {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+class BlockLife : public RuntimeTest {};
+
+TEST_F(BlockLife, ABlockKeepsWhatItHoldsUntilItsLastReferenceGoes) {
+    auto held = std::make_shared<int>(7);
+    const std::weak_ptr<int> watched = held;
+    Kept system;
+    {
+        const cocoa::Block<void()> block([held = std::move(held)] {});
+        system = Kept(block.get());
+    }
+    EXPECT_FALSE(watched.expired());
+    system = {};
+    EXPECT_TRUE(watched.expired());
+}
+
+TEST_F(BlockLife, ABlockIsCalledWithItsArguments) {
+    std::vector<long> got;
+    const cocoa::Block<void(long, long)> block([&got](long first, long second) {
+        got = {first, second};
+    });
+    callBlock(Kept(block.get()), 3L, 4L);
+    EXPECT_THAT(got, ElementsAre(3, 4));
+}
+
+TEST_F(BlockLife, ABlockMayLetGoOfItselfWhileItRuns) {
+    Kept system;
+    bool ran = false;
+    {
+        const cocoa::Block<void()> block([&] {
+            system = {};
+            ran = true;
+        });
+        system = Kept(block.get());
+    }
+    callBlock(system);
+    EXPECT_TRUE(ran);
+}
+
+TEST_F(BlockLife, CallingABlockWithOtherTypesIsAProblem) {
+    const cocoa::Block<void(long)> block([](long) {});
+    callBlock(Kept(block.get()), 1.5);
+    EXPECT_THAT(takeProblems(), ElementsAre("a block v@?q was to be called as v@?d"));
+}
+
+TEST_F(BlockLife, CopyingAFreedBlockIsAProblem) {
+    cocoa::BlockPointer stale;
+    {
+        const cocoa::Block<void()> block([] {});
+        stale = block.get();
+    }
+    EXPECT_EQ(_Block_copy(stale.pointer), nullptr);
+    EXPECT_THAT(takeProblems(), ElementsAre(HasSubstr("copied after it was freed")));
+}
+
+TEST_F(BlockLife, ReleasingABlockThatOnlyTheSystemHoldsIsAProblem) {
+    Kept system;
+    {
+        const cocoa::Block<void()> block([] {});
+        system = Kept(block.get());
+    }
+    _Block_release(system.get());
+    EXPECT_THAT(takeProblems(), ElementsAre(HasSubstr("which holds no reference")));
+}
+
+TEST_F(BlockLife, ABlockThatThePortNeverReleasesIsALeak) {
+    const cocoa::Block<void()> block([] {});
+    EXPECT_THAT(leaked(), ElementsAre(HasSubstr("^block v@?")));
+}
+
+}  // namespace
+}  // namespace stagehopper::recording

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <array>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "ports/macos/cocoa/objc/AutoreleasePool.h"
+#include "ports/macos/cocoa/objc/Encoding.h"
+#include "tests/macos/recording/runtime/Kept.h"
+#include "tests/macos/recording/runtime/Value.h"
+
+// How the stand-ins call the port, as the system does.
+
+namespace stagehopper::recording {
+
+/// Whether an object, usually of one of the port's classes, has that method. No for nil.
+[[nodiscard]] bool responds(cocoa::id object, std::string_view selector);
+
+namespace detail {
+/// Null, and a problem, when the object's method has other types or when it has none.
+[[nodiscard]] cocoa::IMP implementationFor(cocoa::id object, std::string_view selector,
+                                           std::string_view types);
+/// Null, and a problem, when it is no live block or takes something else.
+[[nodiscard]] void* invokeFunctionOf(cocoa::id block, std::string_view types);
+void journalCallback(cocoa::id object, std::string_view selector, std::span<const Value> arguments);
+
+template <Crosses T>
+[[nodiscard]] cocoa::Abi<T> abi(T argument) {
+    if constexpr (std::derived_from<T, cocoa::Object>) {
+        return argument.pointer();
+    } else {
+        return argument;
+    }
+}
+}  // namespace detail
+
+/// Sends a message to an object of the port's, with a pool around it. Optional methods that it does
+/// not have are left out and answer zero; so does nil. The receiver lives until it returns.
+template <class Result = void, Crosses... Arguments>
+Result tell(cocoa::id receiver, std::string_view selector, Arguments... arguments) {
+    if (!responds(receiver, selector)) return Result();
+    const Kept alive(receiver);
+    const auto implementation =
+        detail::implementationFor(receiver, selector, cocoa::methodEncoding<Result, Arguments...>);
+    if (implementation == nullptr) return Result();
+    const std::array<Value, sizeof...(Arguments)> boxed{Value(arguments)...};
+    detail::journalCallback(receiver, selector, boxed);
+    const cocoa::AutoreleasePool pool;
+    using Method = cocoa::Abi<Result> (*)(cocoa::id, cocoa::SEL, cocoa::Abi<Arguments>...);
+    const auto name = cocoa::sel_registerName(std::string(selector).c_str());
+    return Result(
+        reinterpret_cast<Method>(implementation)(receiver, name, detail::abi(arguments)...));
+}
+
+/// Calls a block that returns nothing. The block lives until it returns.
+template <Crosses... Arguments>
+void callBlock(const Kept& block, Arguments... arguments) {
+    if (!block) return;
+    const Kept alive(block.get());
+    void* function =
+        detail::invokeFunctionOf(block.get(), cocoa::blockEncoding<void, Arguments...>);
+    if (function == nullptr) return;
+    using Invoke = void (*)(void*, cocoa::Abi<Arguments>...);
+    reinterpret_cast<Invoke>(function)(block.get(), detail::abi(arguments)...);
+}
+
+}  // namespace stagehopper::recording

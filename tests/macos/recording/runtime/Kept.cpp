@@ -1,0 +1,37 @@
+#include "tests/macos/recording/runtime/Kept.h"
+
+#include "tests/macos/recording/runtime/Blocks.h"
+#include "tests/macos/recording/runtime/Heap.h"
+
+namespace stagehopper::recording {
+
+Kept::Kept(cocoa::id object) : object_(object) {
+    if (object == nullptr) return;
+    if (heap::find(object) != nullptr) {
+        heap::retain(object, Holder::system);
+    } else if (classes::asClass(object) == nullptr) {
+        object_ = static_cast<cocoa::id>(blocks::copy(object, Holder::system));
+    }
+}
+
+Kept::~Kept() {
+    if (object_ == nullptr) return;
+    if (heap::find(object_) != nullptr) {
+        heap::release(object_, Holder::system);
+    } else if (blocks::isLive(object_)) {
+        blocks::release(object_, Holder::system);
+    }
+}
+
+Weak::Weak(cocoa::id object) : object_(object) {
+    if (const auto* record = heap::find(object)) number_ = record->number;
+}
+
+cocoa::id Weak::get() const {
+    const auto* record = heap::find(object_);
+    // One that is being freed is gone already for whoever looks at it weakly.
+    return record != nullptr && record->number == number_ && !record->beingFreed ? object_
+                                                                                 : nullptr;
+}
+
+}  // namespace stagehopper::recording

@@ -1,0 +1,90 @@
+#include "tests/macos/recording/runtime/Memory.h"
+
+#include <string>
+#include <utility>
+
+#include "tests/macos/recording/runtime/Behaviours.h"
+#include "tests/macos/recording/runtime/Blocks.h"
+#include "tests/macos/recording/runtime/Heap.h"
+#include "tests/macos/recording/runtime/Pools.h"
+#include "tests/macos/recording/runtime/Queues.h"
+
+namespace stagehopper::recording::memory {
+
+namespace {
+
+using macos_facts::Kind;
+
+/// An initializer takes over the reference that alloc gave, and gives one to what it answers.
+void handInitializedOver(cocoa::id receiver, cocoa::id answer) {
+    if (auto* object = heap::find(answer)) object->raw = false;
+    if (answer == receiver) return;
+    if (answer != nullptr) heap::retain(answer, Holder::port);
+    heap::release(receiver, Holder::port);
+}
+
+}  // namespace
+
+bool isReferenceMessage(std::string_view selector) {
+    return selector == "retain" || selector == "release" || selector == "autorelease";
+}
+
+bool isMemoryMessage(std::string_view selector) {
+    return isReferenceMessage(selector) || selector == "alloc";
+}
+
+Value perform(std::string_view referenceMessage, cocoa::id receiver) {
+    // The references of a class are nobody's concern.
+    const auto* object = heap::find(receiver);
+    if (object == nullptr) return receiver;
+    if (referenceMessage == "retain") {
+        heap::retain(receiver, Holder::port);
+        return receiver;
+    }
+    if (referenceMessage == "release") {
+        heap::release(receiver, Holder::port);
+        return {};
+    }
+    if (object->heldByPort == 0) {
+        noteProblem(describe(receiver) + " was autoreleased by the port, which holds no reference");
+        return receiver;
+    }
+    heap::handOver(receiver, Holder::port, Holder::system);
+    autorelease(Kept::adopt(receiver), true);
+    return receiver;
+}
+
+Value performOnBlock(const Declared& message, cocoa::id block) {
+    if (message.selector == "retain" || message.selector == "copy") {
+        blocks::copy(block, Holder::port);
+        return block;
+    }
+    if (message.selector == "release") {
+        blocks::release(block, Holder::port);
+        return {};
+    }
+    noteProblem("a block got the message " + std::string(message.selector));
+    return {};
+}
+
+void handAnswerOver(const macos_facts::MethodFact& fact, cocoa::id receiver, cocoa::id answer,
+                    bool isNew) {
+    const bool isInitializer = fact.kind == Kind::instance && fact.selector.starts_with("init");
+    if (isInitializer) {
+        handInitializedOver(receiver, answer);
+    } else if (answer != nullptr && fact.returns == macos_facts::Returns::retained) {
+        heap::retain(answer, Holder::port);
+    } else if (answer != nullptr) {
+        autorelease(Kept(answer), isNew);
+    }
+}
+
+void autorelease(Kept reference, bool needsPool) {
+    if (needsPool && !pools::stands()) {
+        noteProblem(describe(reference.get()) + " was autoreleased on queue \"" +
+                    queues::current() + "\" without a pool");
+    }
+    pools::add(std::move(reference));
+}
+
+}  // namespace stagehopper::recording::memory

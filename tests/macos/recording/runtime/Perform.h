@@ -1,0 +1,26 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "ports/macos/cocoa/objc/Runtime.h"
+#include "tests/macos/facts/Fact.h"
+#include "tests/macos/recording/runtime/Value.h"
+
+namespace stagehopper::recording {
+
+/// A message as its handle declares it.
+struct Declared {
+    macos_facts::Kind kind;
+    std::string_view selector;
+    /// Of the method: "v@:q".
+    std::string_view types;
+    /// Of the answer: "v".
+    std::string_view result;
+};
+
+/// What objc_msgSend is to the real system: checks, records, counts references and lets the class's
+/// behaviour answer. Whoever has its turn.
+Value perform(const Declared& message, cocoa::id receiver, std::span<const Value> arguments);
+
+}  // namespace stagehopper::recording

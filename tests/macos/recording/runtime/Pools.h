@@ -1,0 +1,15 @@
+#pragma once
+
+#include "tests/macos/recording/runtime/Kept.h"
+
+/// The autorelease pools of each thread. Any queue.
+namespace stagehopper::recording::pools {
+
+/// Whether the current queue's work has one around it.
+[[nodiscard]] bool stands();
+/// Kept until the innermost pool ends; without any, until the test ends.
+void add(Kept reference);
+/// What was added without a pool.
+void clear();
+
+}  // namespace stagehopper::recording::pools

@@ -1,0 +1,34 @@
+#pragma once
+
+// Included by MessageDispatch.h in the place of what sends messages on the real system.
+
+#include <array>
+
+#include "tests/macos/facts/Agreement.h"
+#include "tests/macos/facts/Facts.h"
+#include "tests/macos/recording/runtime/Perform.h"
+#include "tests/macos/recording/runtime/Value.h"
+
+namespace stagehopper::cocoa {
+
+/// The message has to stand in the table of facts, for the class of the handle, with exactly these
+/// types: otherwise this does not compile.
+template <class Receiver, MessageKind kind, FixedString name, class Result, class... Arguments>
+Result dispatchMessage(id receiver, Arguments... arguments) {
+    constexpr auto factKind = kind == MessageKind::classLevel ? macos_facts::Kind::classLevel
+                                                              : macos_facts::Kind::instance;
+    constexpr const auto* fact =
+        macos_facts::factFor(Receiver::className.view(), factKind, name.view());
+    static_assert(fact != nullptr, "no such message in the table of facts");
+    constexpr std::string_view types = methodEncoding<Result, Arguments...>;
+    if constexpr (fact != nullptr) {
+        static_assert(macos_facts::agrees(types, fact->encoding),
+                      "the table of facts knows this message with other types");
+    }
+    const std::array<recording::Value, sizeof...(Arguments)> boxed{recording::Value(arguments)...};
+    const auto answer =
+        recording::perform({factKind, name.view(), types, encoding<Result>}, receiver, boxed);
+    if constexpr (!std::is_void_v<Result>) return answer.template as<Result>();
+}
+
+}  // namespace stagehopper::cocoa

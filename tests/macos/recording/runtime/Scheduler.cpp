@@ -1,0 +1,169 @@
+#include "tests/macos/recording/runtime/Scheduler.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+
+#include "ports/macos/cocoa/objc/AutoreleasePool.h"
+#include "tests/macos/recording/runtime/Behaviours.h"
+
+namespace stagehopper::recording {
+
+namespace {
+
+/// More than this at one point of virtual time, and the program goes round in a circle.
+constexpr unsigned long tooManySteps = 200'000;
+
+bool isGlobal(const std::string& queue) {
+    return queue.starts_with("global");
+}
+
+void runInPool(const std::function<void()>& work) {
+    const cocoa::AutoreleasePool pool;
+    work();
+}
+
+}  // namespace
+
+std::string Scheduler::current() const {
+    const auto* worker = Worker::current();
+    return worker != nullptr ? worker->queue() : here_;
+}
+
+queues::Token Scheduler::add(double delay, std::string queue, std::function<void()> work) {
+    const auto token = ++lastToken_;
+    items_.emplace(now_ + std::max(delay, 0.0), Item{token, std::move(queue), std::move(work)});
+    return token;
+}
+
+void Scheduler::cancel(queues::Token token) {
+    std::erase_if(items_, [token](const auto& each) { return each.second.token == token; });
+}
+
+bool Scheduler::isRunnable(const std::string& queue, bool mainMayRun) const {
+    if (queue == "main") return mainMayRun;
+    if (queue == "world" || isGlobal(queue)) return true;
+    // One thing after the other.
+    return std::ranges::none_of(blocked_,
+                                [&queue](const auto& each) { return each->queue() == queue; });
+}
+
+double Scheduler::nextTime(bool mainMayRun) const {
+    auto next = queues::forever;
+    for (const auto& [time, item] : items_) {
+        if (isRunnable(item.queue, mainMayRun)) {
+            next = time;
+            break;
+        }
+    }
+    for (const auto& each : blocked_) next = std::min(next, each->deadline());
+    return next;
+}
+
+bool Scheduler::resumeSomebody(bool timedOut) {
+    const auto found = std::ranges::find_if(blocked_, [&](const auto& each) {
+        return timedOut ? each->deadline() <= now_ : each->canGoOn();
+    });
+    if (found == blocked_.end()) return false;
+    // Not among the blocked while it runs: it may wait again, and others be looked at meanwhile.
+    std::list<std::unique_ptr<Worker>> running;
+    running.splice(running.end(), blocked_, found);
+    running.front()->resume();
+    if (!running.front()->isFinished()) blocked_.splice(blocked_.end(), running);
+    return true;
+}
+
+void Scheduler::runHere(const std::string& queue, const std::function<void()>& work) {
+    const auto before = std::exchange(here_, queue);
+    runInPool(work);
+    here_ = before;
+}
+
+void Scheduler::start(Items::iterator item) {
+    const auto queue = std::move(item->second.queue);
+    const auto work = std::move(item->second.work);
+    items_.erase(item);
+    if (queue == "main" || queue == "world") {
+        runHere(queue, work);
+        return;
+    }
+    // The system promises no pool for the work of a global queue.
+    auto body = isGlobal(queue) ? work : [work] { runInPool(work); };
+    std::list<std::unique_ptr<Worker>> running;
+    running.push_back(std::make_unique<Worker>(queue, std::move(body)));
+    running.front()->resume();
+    if (!running.front()->isFinished()) blocked_.splice(blocked_.end(), running);
+}
+
+void Scheduler::countStep() {
+    if (++stepsSinceTimeMoved_ < tooManySteps) return;
+    std::fprintf(stderr, "The program goes round in a circle at %f seconds.\n", now_);
+    std::abort();
+}
+
+bool Scheduler::step(double time, bool mainMayRun) {
+    countStep();
+    if (resumeSomebody(false)) return true;
+    const auto isDue = [&](const auto& each) {
+        return each.first <= now_ && isRunnable(each.second.queue, mainMayRun);
+    };
+    if (const auto due = std::ranges::find_if(items_, isDue); due != items_.end()) {
+        start(due);
+        return true;
+    }
+    if (resumeSomebody(true)) return true;
+    const auto next = nextTime(mainMayRun);
+    if (next > time || next >= queues::forever) return false;
+    now_ = std::max(now_, next);
+    stepsSinceTimeMoved_ = 0;
+    return true;
+}
+
+void Scheduler::runUntil(double time, const std::function<bool()>& condition, bool mainMayRun) {
+    while (!condition()) {
+        if (step(time, mainMayRun)) continue;
+        if (time < queues::forever) now_ = std::max(now_, time);
+        stepsSinceTimeMoved_ = 0;
+        return;
+    }
+}
+
+bool Scheduler::waitUntil(const std::function<bool()>& condition, double limit) {
+    if (ending_) {
+        countStep();
+        return condition();
+    }
+    const auto deadline = limit >= queues::forever ? queues::forever : now_ + limit;
+    if (auto* worker = Worker::current()) {
+        if (!condition()) worker->giveWay(condition, deadline);
+    } else {
+        runUntil(deadline, condition, false);
+        if (deadline >= queues::forever && !condition()) {
+            noteProblem("the main thread waits for something that can never come");
+        }
+    }
+    return condition();
+}
+
+void Scheduler::reset() {
+    ending_ = true;
+    for (auto& each : blocked_) {
+        while (!each->isFinished()) each->resume();
+    }
+    blocked_.clear();
+    // As at the end of a process, nobody cleans up what was still to be done: its captures stay.
+    static std::vector<std::function<void()>> neverRun;
+    for (auto& [time, item] : items_) neverRun.push_back(std::move(item.work));
+    items_.clear();
+    now_ = 0;
+    stepsSinceTimeMoved_ = 0;
+    ending_ = false;
+}
+
+Scheduler& scheduler() {
+    // Never unmade: see neverRun.
+    static auto* const only = new Scheduler;
+    return *only;
+}
+
+}  // namespace stagehopper::recording

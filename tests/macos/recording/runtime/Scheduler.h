@@ -1,0 +1,61 @@
+#pragma once
+
+#include <functional>
+#include <list>
+#include <map>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "tests/macos/recording/runtime/Queues.h"
+#include "tests/macos/recording/runtime/Worker.h"
+
+namespace stagehopper::recording {
+
+/// Chooses who has the turn, and moves the clock when nobody can go on; see Queues.h. Its loop runs
+/// on the test's thread, which is the main one.
+class Scheduler {
+public:
+    [[nodiscard]] double now() const { return now_; }
+    [[nodiscard]] std::string current() const;
+
+    queues::Token add(double delay, std::string queue, std::function<void()> work);
+    void cancel(queues::Token token);
+
+    /// Goes on until nothing is left to do up to that time, or the condition holds.
+    void runUntil(double time, const std::function<bool()>& condition, bool mainMayRun);
+    bool waitUntil(const std::function<bool()>& condition, double limit);
+
+    /// Waits end at once, work that has not begun never does; the clock stands at zero.
+    void reset();
+
+private:
+    struct Item {
+        queues::Token token;
+        std::string queue;
+        std::function<void()> work;
+    };
+    /// By time; equal times in the order of their making.
+    using Items = std::multimap<double, Item>;
+
+    bool step(double time, bool mainMayRun);
+    bool resumeSomebody(bool timedOut);
+    void start(Items::iterator item);
+    void runHere(const std::string& queue, const std::function<void()>& work);
+    [[nodiscard]] bool isRunnable(const std::string& queue, bool mainMayRun) const;
+    [[nodiscard]] double nextTime(bool mainMayRun) const;
+    void countStep();
+
+    double now_ = 0;
+    unsigned long stepsSinceTimeMoved_ = 0;
+    queues::Token lastToken_ = 0;
+    Items items_;
+    std::list<std::unique_ptr<Worker>> blocked_;
+    std::string here_ = "main";
+    bool ending_ = false;
+};
+
+[[nodiscard]] Scheduler& scheduler();
+
+}  // namespace stagehopper::recording

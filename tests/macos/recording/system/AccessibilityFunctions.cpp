@@ -1,0 +1,135 @@
+#include <algorithm>
+#include <optional>
+#include <string>
+
+#include "platform/Accessibility.h"
+#include "ports/macos/cocoa/graphics/AXUIElement.h"
+#include "tests/macos/recording/foundation/Bridged.h"
+#include "tests/macos/recording/foundation/Foundation.h"
+#include "tests/macos/recording/runtime/Journal.h"
+#include "tests/macos/recording/runtime/Queues.h"
+#include "tests/macos/recording/system/AccessibilityElements.h"
+#include "tests/macos/recording/system/World.h"
+
+// The accessibility interface. Reads do not appear in the journal, there are too many of them.
+
+namespace stagehopper::recording {
+
+namespace {
+
+using Error = platform::AccessibilityError;
+
+cocoa::AXError code(Error error) {
+    return static_cast<cocoa::AXError>(error);
+}
+
+/// Null, and a problem, for what is no element.
+ElementState* elementOf(cocoa::AXUIElementRef reference, const char* function) {
+    const auto object = objectOf(reference);
+    if (isKindOf(object, elementClass)) return &stateOf<ElementState>(object);
+    noteProblem(std::string(function) + " got " + describe(object));
+    return nullptr;
+}
+
+double timeLimitOf(const ElementState& element) {
+    return element.timeLimit.value_or(World::current().accessibility.timeLimit);
+}
+
+/// What every call comes to before the other program has its say; a program that hangs costs time.
+Error reach(const ElementState& element) {
+    const auto& world = World::current();
+    if (!world.accessibility.trusted) return Error::apiDisabled;
+    if (world.accessibility.hanging.contains(element.process)) {
+        queues::waitUntil([] { return false; }, timeLimitOf(element));
+        return Error::cannotComplete;
+    }
+    return world.programs.find(element.process) ? Error::success : Error::invalidElement;
+}
+
+/// A program that works longer than the limit on what the press asked for is cut off from
+/// answering, not from doing it.
+Error press(const ElementState& element) {
+    const auto* node = std::get_if<simulated::MenuNode>(&element.what);
+    if (node == nullptr) return Error::actionUnsupported;
+    if (node->resultOfPress != Error::success) return node->resultOfPress;
+    auto& world = World::current();
+    const auto title = node->title.value_or("");
+    world.programs.program(element.process).itemWasPressed(title);
+    const auto slow = world.accessibility.pressTakes.find(title);
+    if (slow == world.accessibility.pressTakes.end()) return Error::success;
+    const auto limit = timeLimitOf(element);
+    queues::waitUntil([] { return false; }, std::min(slow->second, limit));
+    return slow->second > limit ? Error::cannotComplete : Error::success;
+}
+
+bool asksForPrompt(cocoa::CFDictionaryRef options) {
+    return truthOf(
+        valueUnder(objectOf(options), textOf(objectOf(cocoa::kAXTrustedCheckOptionPrompt))));
+}
+
+}  // namespace
+
+}  // namespace stagehopper::recording
+
+namespace stagehopper::cocoa {
+
+using namespace recording;
+
+extern "C" {
+Boolean AXIsProcessTrusted(void) {
+    return World::current().accessibility.trusted ? 1 : 0;
+}
+
+Boolean AXIsProcessTrustedWithOptions(CFDictionaryRef options) {
+    recordFunction("AXIsProcessTrustedWithOptions", {describe(objectOf(options))});
+    auto& accessibility = World::current().accessibility;
+    if (!accessibility.trusted && asksForPrompt(options)) ++accessibility.prompts;
+    return accessibility.trusted ? 1 : 0;
+}
+
+AXUIElementRef AXUIElementCreateApplication(int process) {
+    const auto made = makeElement({process, ElementState::Program{}});
+    return static_cast<AXUIElementRef>(giveToPort(made));
+}
+
+AXUIElementRef AXUIElementCreateSystemWide(void) {
+    return static_cast<AXUIElementRef>(giveToPort(makeElement({})));
+}
+
+AXError AXUIElementCopyAttributeValue(AXUIElementRef element, CFStringRef attribute,
+                                      CFTypeRef* value) {
+    const auto* asked = elementOf(element, "AXUIElementCopyAttributeValue");
+    if (asked == nullptr) return code(Error::illegalArgument);
+    ++World::current().accessibility.reads;
+    if (const auto error = reach(*asked); error != Error::success) return code(error);
+    const auto found = attributeOf(*asked, textOf(objectOf(attribute)));
+    if (!found) return code(Error::noValue);
+    *value = giveToPort(found);
+    return kAXErrorSuccess;
+}
+
+AXError AXUIElementPerformAction(AXUIElementRef element, CFStringRef action) {
+    const auto* pressed = elementOf(element, "AXUIElementPerformAction");
+    if (pressed == nullptr) return code(Error::illegalArgument);
+    recordFunction("AXUIElementPerformAction",
+                   {std::to_string(pressed->process), textOf(objectOf(action))});
+    if (const auto error = reach(*pressed); error != Error::success) return code(error);
+    return code(textOf(objectOf(action)) == "AXPress" ? press(*pressed) : Error::actionUnsupported);
+}
+
+AXError AXUIElementSetMessagingTimeout(AXUIElementRef element, float seconds) {
+    auto* limited = elementOf(element, "AXUIElementSetMessagingTimeout");
+    if (limited == nullptr) return code(Error::illegalArgument);
+    recordFunction("AXUIElementSetMessagingTimeout", {std::to_string(seconds)});
+    const auto limit = static_cast<double>(seconds);
+    if (std::holds_alternative<ElementState::SystemWide>(limited->what)) {
+        World::current().accessibility.timeLimit =
+            limit > 0 ? limit : Accessibility::systemsTimeLimit;
+    } else {
+        limited->timeLimit = limit > 0 ? std::optional(limit) : std::nullopt;
+    }
+    return kAXErrorSuccess;
+}
+}
+
+}  // namespace stagehopper::cocoa

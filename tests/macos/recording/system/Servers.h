@@ -1,0 +1,71 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "tests/macos/recording/system/SocketConnection.h"
+
+namespace stagehopper::recording {
+
+struct ServerAnswer {
+    int status = 200;
+    std::string body{};
+    /// False: what comes back is no HTTP answer at all.
+    bool http = true;
+    /// Where a redirect leads; the system goes there by itself.
+    std::string location{};
+    /// Only the head comes; then the connection is lost.
+    bool breaksOff = false;
+};
+
+/// A server on a port of the loopback interface.
+struct Server {
+    /// By path; anything else is a 404.
+    std::map<std::string, ServerAnswer> answers{{"/health", {200, "ok"}}};
+    /// Seconds until a request is answered; absent: never.
+    std::optional<double> answersAfter = 0;
+    bool takesSockets = true;
+    /// How often the system calls the pong handler for one ping; zero when no pong ever comes.
+    int pongs = 1;
+    /// Every socket that was opened here, oldest first.
+    std::vector<std::shared_ptr<SocketConnection>> connections;
+};
+
+/// The loopback interface: which ports have a server, and what was asked. Main thread only.
+class Servers {
+public:
+    /// What the system tells for a port without a server, and for a connection whose server went.
+    static constexpr const char* refused = "Could not connect to the server.";
+    static constexpr const char* lost = "The network connection was lost.";
+    static constexpr const char* timedOut = "The request timed out.";
+    static constexpr const char* cancelled = "cancelled";
+    /// Seconds until the system gives a request up.
+    static constexpr double requestLimit = 60;
+
+    /// Puts a server on a port, or gives the one that is there.
+    Server& serve(int port) { return servers_[port]; }
+    /// The server and its connections are gone.
+    void stopServing(int port);
+    /// The last socket opened on that port; throws when there was none.
+    [[nodiscard]] SocketConnection& lastConnection(int port) const;
+    /// At the end of a test.
+    void forget();
+    /// On all ports together.
+    [[nodiscard]] std::size_t openSockets() const;
+
+    /// The server that an address leads to; null when there is none.
+    [[nodiscard]] Server* serverOf(const std::string& address);
+    /// The path of an address, without its query.
+    [[nodiscard]] static std::string pathOf(const std::string& address);
+
+    /// Addresses of all requests that were resumed, oldest first.
+    std::vector<std::string> requests;
+
+private:
+    std::map<int, Server> servers_;
+};
+
+}  // namespace stagehopper::recording

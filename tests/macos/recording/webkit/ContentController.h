@@ -1,0 +1,21 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "tests/macos/recording/runtime/Kept.h"
+
+namespace stagehopper::recording {
+
+/// What a WKUserContentController carries.
+struct ContentControllerState {
+    std::map<std::string, Kept> handlers;
+    /// Of WKUserScript.
+    std::vector<Kept> scripts;
+};
+
+/// Of a web view, by the configuration that it was made with; nil for any other object.
+[[nodiscard]] cocoa::id contentControllerOf(cocoa::id view);
+
+}  // namespace stagehopper::recording

@@ -1,0 +1,153 @@
+#include "tests/macos/recording/webkit/WebPages.h"
+
+#include <stdexcept>
+#include <utility>
+
+#include "ports/macos/cocoa/objc/Block.h"
+#include "tests/macos/recording/foundation/Foundation.h"
+#include "tests/macos/recording/runtime/Behaviours.h"
+#include "tests/macos/recording/runtime/Callbacks.h"
+#include "tests/macos/recording/runtime/Queues.h"
+#include "tests/macos/recording/webkit/ContentController.h"
+
+namespace stagehopper::recording {
+
+namespace {
+
+Kept makeFrame(bool isMain) {
+    auto frame = makeObject("WKFrameInfo");
+    setProperty(frame.get(), "isMain", isMain);
+    return frame;
+}
+
+/// As WebKit asks before each navigation. Without a frame it is for a new window. What the program
+/// has no opinion about is allowed.
+bool isAllowed(cocoa::id view, std::string_view address, const Kept& frame) {
+    constexpr auto question = "webView:decidePolicyForNavigationAction:decisionHandler:";
+    const auto delegate = property(view, "navigationDelegate").object();
+    if (!responds(delegate, question)) return true;
+    const auto request = makeObject("NSURLRequest");
+    setProperty(request.get(), "url", makeUrl(std::string(address)).get());
+    const auto action = makeObject("WKNavigationAction");
+    setProperty(action.get(), "asked", request.get());
+    setProperty(action.get(), "target", frame.get());
+    int answers = 0;
+    long policy = 0;
+    const cocoa::Block<void(long)> handler([&answers, &policy](long decided) {
+        ++answers;
+        policy = decided;
+    });
+    tell(delegate, question, view, action.get(), handler.get());
+    // The real one raises an exception.
+    if (answers != 1)
+        noteProblem("a decision handler was called " + std::to_string(answers) + " times");
+    return policy == 1;
+}
+
+void deliver(cocoa::id view, const std::string& name, const Kept& body, bool fromMainFrame) {
+    const auto controller = contentControllerOf(view);
+    if (controller == nullptr) return;
+    const auto& handlers = stateOf<ContentControllerState>(controller).handlers;
+    const auto found = handlers.find(name);
+    // The page's script gets an exception.
+    if (found == handlers.end()) return;
+    const Kept handler = found->second;
+    const auto message = makeObject("WKScriptMessage");
+    setProperty(message.get(), "posted", body.get());
+    setProperty(message.get(), "handler", makeString(name).get());
+    setProperty(message.get(), "frame", makeFrame(fromMainFrame).get());
+    tell(handler.get(), "userContentController:didReceiveScriptMessage:", controller,
+         message.get());
+}
+
+}  // namespace
+
+void WebPage::posts(std::string_view handler, std::string_view text) const {
+    posts(handler, makeString(std::string(text)));
+}
+
+void WebPage::posts(std::string_view handler, Kept body) const {
+    post(handler, std::move(body), true);
+}
+
+void WebPage::postsFromFrame(std::string_view handler, std::string_view text) const {
+    post(handler, makeString(std::string(text)), false);
+}
+
+void WebPage::post(std::string_view handler, Kept body, bool fromMainFrame) const {
+    queues::async(
+        "main", [view = view_, name = std::string(handler), body = std::move(body), fromMainFrame] {
+            const Kept shown(view.get());
+            if (shown) deliver(shown.get(), name, body, fromMainFrame);
+        });
+}
+
+void WebPage::userDrops(std::string_view address) {
+    queues::async("main", [this, view = view_, address = std::string(address)] {
+        const Kept shown(view.get());
+        if (shown && isAllowed(shown.get(), address, makeFrame(true))) file = address;
+    });
+}
+
+bool WebPage::frameMayGoTo(std::string_view address) const {
+    return isAllowed(view(), address, makeFrame(false));
+}
+
+bool WebPage::mayOpenWindow(std::string_view address) const {
+    return isAllowed(view(), address, {});
+}
+
+void WebPage::loadBegins(const std::string& address) const {
+    queues::async("main", [view = view_, address] {
+        const Kept shown(view.get());
+        if (!shown || isAllowed(shown.get(), address, makeFrame(true))) return;
+        noteProblem("the program refuses its own page " + address);
+    });
+}
+
+void WebPage::processDies() {
+    alive = false;
+    queues::async("main", [view = view_] {
+        const Kept shown(view.get());
+        if (!shown) return;
+        const auto delegate = property(shown.get(), "navigationDelegate").object();
+        tell(delegate, "webViewWebContentProcessDidTerminate:", shown.get());
+    });
+}
+
+cocoa::CGRect WebPage::frame() const {
+    return view() == nullptr ? cocoa::CGRect() : property(view(), "frame").as<cocoa::CGRect>();
+}
+
+bool WebPage::drawsBackground() const {
+    return view() == nullptr || property(view(), "drawsBackground").as<bool>();
+}
+
+std::vector<std::string> WebPage::handlers() const {
+    std::vector<std::string> names;
+    if (const auto controller = contentControllerOf(view())) {
+        for (const auto& [name, handler] : stateOf<ContentControllerState>(controller).handlers) {
+            names.push_back(name);
+        }
+    }
+    return names;
+}
+
+std::vector<InjectedScript> WebPage::injectedScripts() const {
+    std::vector<InjectedScript> scripts;
+    if (const auto controller = contentControllerOf(view())) {
+        for (const auto& script : stateOf<ContentControllerState>(controller).scripts) {
+            scripts.push_back(stateOf<InjectedScript>(script.get()));
+        }
+    }
+    return scripts;
+}
+
+WebPage& WebPages::in(cocoa::id view) const {
+    for (const auto& page : pages_) {
+        if (view != nullptr && page->view() == view) return *page;
+    }
+    throw std::logic_error("no page in " + describe(view));
+}
+
+}  // namespace stagehopper::recording

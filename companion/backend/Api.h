@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "companion/backend/Admission.h"
+#include "companion/backend/AccessDecision.h"
 #include "companion/backend/BackendLog.h"
 #include "companion/backend/Meetings.h"
 #include "companion/backend/Pages.h"

@@ -3,10 +3,10 @@
 #include <optional>
 #include <string_view>
 
-#include "companion/backend/Admission.h"
+#include "companion/backend/AccessDecision.h"
+#include "companion/backend/FailedLogins.h"
 #include "companion/backend/JoinRequest.h"
 #include "companion/backend/Meetings.h"
-#include "companion/backend/WrongSecrets.h"
 
 namespace stagehopper::companion {
 

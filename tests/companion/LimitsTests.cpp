@@ -3,10 +3,10 @@
 #include <vector>
 
 #include "companion/backend/ConnectionCounts.h"
+#include "companion/backend/FailedLogins.h"
 #include "companion/backend/LineBudget.h"
 #include "companion/backend/OutgoingQueue.h"
 #include "companion/backend/RateLimit.h"
-#include "companion/backend/WrongSecrets.h"
 
 namespace stagehopper::companion {
 namespace {

@@ -1,4 +1,4 @@
-#include "companion/backend/Admission.h"
+#include "companion/backend/AccessDecision.h"
 
 #include <array>
 

@@ -9,9 +9,9 @@ struct Rule {
     std::string_view path;
     Resource resource;
     std::string_view method;
-    Trust least;
+    Trust minimumTrust;
     /// May be loaded by a page of another origin: the panel's and the overlay's is opaque.
-    bool fromForeignPage = false;
+    bool allowsForeignPage = false;
 };
 
 constexpr std::string_view meetingPrefix = "/v1/meetings/";
@@ -44,48 +44,52 @@ const Rule* ruleFor(std::string_view path) {
     return one ? &oneMeeting : nullptr;
 }
 
-Trust trustOf(const Asker& asker) {
+Trust trustOf(const RequestContext& context) {
     // Who comes over the network's address is taken for the network, even from this machine.
-    if (!asker.fromThisMachine || !asker.host.starts_with("127.0.0.1:")) return Trust::network;
-    return asker.origin ? Trust::ownPage : Trust::localProgram;
+    if (!context.fromThisMachine || !context.host.starts_with("127.0.0.1:")) return Trust::network;
+    return context.origin ? Trust::ownPage : Trust::localProgram;
 }
 
-bool comesFromForeignPage(const Asker& asker) {
+bool comesFromForeignPage(const RequestContext& context) {
     // "same-site" is another port of the same address: another program.
-    return asker.fetchSite == "cross-site" || asker.fetchSite == "same-site";
+    return context.fetchSite == "cross-site" || context.fetchSite == "same-site";
 }
 
 }  // namespace
 
-Admission admit(const Asker& asker) {
-    const Rule* rule = ruleFor(asker.path);
+AccessDecision decideAccess(const RequestContext& context) {
+    const Rule* rule = ruleFor(context.path);
     const auto refusal = [rule](unsigned status, std::string_view reason) {
         const std::string_view route = rule == nullptr ? "unknown" : rule->path;
-        return Admission{.status = status, .reason = reason, .route = route, .allowedMethod = {}};
+        return AccessDecision{
+            .status = status, .reason = reason, .route = route, .allowedMethod = {}};
     };
     // A foreign name may resolve to this machine; as an address it is ours.
-    if (asker.host != asker.reachedAt) return refusal(421, "this is not the server of that name");
-    if (asker.origin && *asker.origin != "http://" + asker.host) {
+    if (context.host != context.reachedAt) {
+        return refusal(421, "this is not the server of that name");
+    }
+    if (context.origin && *context.origin != "http://" + context.host) {
         return refusal(403, "not from that origin");
     }
 
-    const Trust trust = trustOf(asker);
+    const Trust trust = trustOf(context);
     if (rule == nullptr) return refusal(404, "no such thing");
-    if (trust == Trust::network && rule->least != Trust::network) {
+    if (trust == Trust::network && rule->minimumTrust != Trust::network) {
         return refusal(403, "only on the computer itself");
     }
-    if (comesFromForeignPage(asker) && !rule->fromForeignPage) {
+    if (comesFromForeignPage(context) && !rule->allowsForeignPage) {
         return refusal(403, "not from another page");
     }
-    if (asker.path.starts_with(programPrefix) && asker.fetchDest && *asker.fetchDest != "empty") {
+    if (context.path.starts_with(programPrefix) && context.fetchDest &&
+        *context.fetchDest != "empty") {
         return refusal(403, "not to be shown or run");
     }
-    if (asker.method != rule->method) {
-        Admission wrong = refusal(405, "no such method here");
+    if (context.method != rule->method) {
+        AccessDecision wrong = refusal(405, "no such method here");
         wrong.allowedMethod = rule->method;
         return wrong;
     }
-    if (trust < rule->least) return refusal(403, "only from the panel");
+    if (trust < rule->minimumTrust) return refusal(403, "only from the panel");
     return {.reason = {},
             .trust = trust,
             .resource = rule->resource,

@@ -7,7 +7,7 @@
 namespace stagehopper::companion {
 
 /// What of a request decides who asks.
-struct Asker {
+struct RequestContext {
     /// The peer's address is 127.0.0.1.
     bool fromThisMachine = false;
     /// Where it reached us, as in "192.168.1.5:3000".
@@ -45,7 +45,7 @@ enum class Resource {
     file,
 };
 
-struct Admission {
+struct AccessDecision {
     /// 200, or why not.
     unsigned status = 200;
     std::string_view reason;
@@ -56,11 +56,11 @@ struct Admission {
     /// With 405: what would have been allowed.
     std::string_view allowedMethod;
 
-    bool admitted() const { return status == 200; }
+    bool isAllowed() const { return status == 200; }
 };
 
 /// Who may ask for what. The room itself asks for more: see `RoomEntry.h`.
 /// Thread: any; pure.
-Admission admit(const Asker& asker);
+AccessDecision decideAccess(const RequestContext& context);
 
 }  // namespace stagehopper::companion

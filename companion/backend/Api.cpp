@@ -9,7 +9,7 @@ namespace {
 
 constexpr const char* jsonType = "application/json";
 
-Answer jsonAnswer(unsigned status, std::string body) {
+Response jsonResponse(unsigned status, std::string body) {
     return {.status = status, .contentType = jsonType, .body = std::move(body), .headers = {}};
 }
 
@@ -25,26 +25,26 @@ std::optional<std::string> roomNameIn(const std::string& body) {
     return *name;
 }
 
-Answer health() {
-    Answer answer = jsonAnswer(200, R"({"status":"ok","program":"stagehopper-backend"})");
+Response health() {
+    Response response = jsonResponse(200, R"({"status":"ok","program":"stagehopper-backend"})");
     // The panel's page has another origin, and has to see at least that somebody answers.
-    answer.headers["Cross-Origin-Resource-Policy"] = "cross-origin";
-    return answer;
+    response.headers["Cross-Origin-Resource-Policy"] = "cross-origin";
+    return response;
 }
 
 }  // namespace
 
-Answer errorAnswer(unsigned status, std::string_view words) {
+Response errorResponse(unsigned status, std::string_view words) {
     JsonOut error = JsonOut::object();
     error["error"] = words;
-    return jsonAnswer(status, textOf(error));
+    return jsonResponse(status, textOf(error));
 }
 
-Api::Api(Meetings& meetings, const Pages& pages, BackendLog& log, Surroundings surroundings)
-    : meetings_(meetings), pages_(pages), log_(log), surroundings_(std::move(surroundings)) {}
+Api::Api(Meetings& meetings, const Pages& pages, BackendLog& log, Environment environment)
+    : meetings_(meetings), pages_(pages), log_(log), environment_(std::move(environment)) {}
 
-Answer Api::answer(const Admission& admission, const Request& request) {
-    switch (admission.resource) {
+Response Api::handle(const AccessDecision& access, const Request& request) {
+    switch (access.resource) {
         case Resource::health:
             return health();
         case Resource::activeMeetings:
@@ -54,16 +54,16 @@ Answer Api::answer(const Admission& admission, const Request& request) {
         case Resource::currentMeeting:
             return current();
         case Resource::meeting:
-            return end(request.asker.path);
+            return end(request.context.path);
         case Resource::file:
             return file(request);
         case Resource::room:
             break;
     }
-    return errorAnswer(404, "no such thing");
+    return errorResponse(404, "no such thing");
 }
 
-Answer Api::active() const {
+Response Api::active() const {
     JsonOut list = JsonOut::array();
     for (const auto& meeting : meetings_.all()) {
         const Meeting::Identity& identity = meeting->identity();
@@ -76,68 +76,69 @@ Answer Api::active() const {
     }
     JsonOut all = JsonOut::object();
     all["meetings"] = std::move(list);
-    return jsonAnswer(200, textOf(all));
+    return jsonResponse(200, textOf(all));
 }
 
-Answer Api::create(const std::string& body) {
+Response Api::create(const std::string& body) {
     const auto roomName = roomNameIn(body);
-    if (!roomName) return errorAnswer(400, "malformed body");
-    const auto meeting = meetings_.create(*roomName, surroundings_.millisecondsSince1970());
-    if (meeting == nullptr) return errorAnswer(409, "too many meetings");
+    if (!roomName) return errorResponse(400, "malformed body");
+    const auto meeting = meetings_.create(*roomName, environment_.millisecondsSince1970());
+    if (meeting == nullptr) return errorResponse(409, "too many meetings");
     log_.line("meeting_created", "room=" + meeting->identity().roomCode,
               BackendLog::Cause::participant);
-    return jsonAnswer(201, recordOf(*meeting));
+    return jsonResponse(201, recordOf(*meeting));
 }
 
-Answer Api::current() const {
+Response Api::current() const {
     const auto meeting = meetings_.newest();
-    return meeting == nullptr ? errorAnswer(404, "no meeting")
-                              : jsonAnswer(200, recordOf(*meeting));
+    return meeting == nullptr ? errorResponse(404, "no meeting")
+                              : jsonResponse(200, recordOf(*meeting));
 }
 
-Answer Api::end(std::string_view path) {
+Response Api::end(std::string_view path) {
     const std::string roomCode(path.substr(path.rfind('/') + 1));
-    if (!meetings_.end(roomCode)) return errorAnswer(404, "no such meeting");
+    if (!meetings_.end(roomCode)) return errorResponse(404, "no such meeting");
     log_.line("meeting_ended", "room=" + roomCode, BackendLog::Cause::participant);
     return {.status = 204, .contentType = {}, .body = {}, .headers = {}};
 }
 
-Answer Api::file(const Request& request) const {
-    const Pages::File* file = pages_.at(request.asker.path);
-    if (file == nullptr) return errorAnswer(404, "no such thing");
-    Answer answer{.contentType = file->contentType, .body = file->bytes, .headers = {}};
-    const std::string& host = request.asker.host;
+Response Api::file(const Request& request) const {
+    const Pages::File* file = pages_.at(request.context.path);
+    if (file == nullptr) return errorResponse(404, "no such thing");
+    Response response{.contentType = file->contentType, .body = file->bytes, .headers = {}};
+    const std::string& host = request.context.host;
     // Not every browser counts a socket to the same host and port as 'self'.
-    answer.headers["Content-Security-Policy"] =
+    response.headers["Content-Security-Policy"] =
         "default-src 'self'; connect-src 'self' ws://" + host +
         "; base-uri 'none'; form-action 'none'; object-src 'none'";
-    answer.headers["Accept-Ranges"] = "bytes";
+    response.headers["Accept-Ranges"] = "bytes";
     // The link page is made to be framed; the phone's page turns slides when it is tapped on.
-    if (request.asker.path == "/phone") answer.headers["X-Frame-Options"] = "DENY";
+    if (request.context.path == "/phone") response.headers["X-Frame-Options"] = "DENY";
 
     const std::size_t size = file->bytes.size();
     if (const auto range = parseByteRange(request.range, size)) {
         const std::string total = "/" + std::to_string(size);
         if (range->length == 0) {
-            Answer outside = errorAnswer(416, "outside the file");
+            Response outside = errorResponse(416, "outside the file");
             outside.headers["Content-Range"] = "bytes *" + total;
             return outside;
         }
-        answer.status = 206;
-        answer.body = file->bytes.substr(range->first, range->length);
-        answer.headers["Content-Range"] = "bytes " + std::to_string(range->first) + "-" +
-                                          std::to_string(range->first + range->length - 1) + total;
+        response.status = 206;
+        response.body = file->bytes.substr(range->first, range->length);
+        response.headers["Content-Range"] = "bytes " + std::to_string(range->first) + "-" +
+                                            std::to_string(range->first + range->length - 1) +
+                                            total;
     }
-    return answer;
+    return response;
 }
 
 std::string Api::recordOf(const Meeting& meeting) const {
     const Meeting::Identity& identity = meeting.identity();
     JsonOut links = JsonOut::array();
-    for (const std::string& address : surroundings_.addresses()) {
+    for (const std::string& address : environment_.addresses()) {
         JsonOut link = JsonOut::object();
         link["address"] = address;
-        link["url"] = "http://" + address + ":" + std::to_string(surroundings_.port) + "/phone#" +
+        link["url"] = "http://" + address + ":" + std::to_string(environment_.port) + "/phone#" +
                       identity.roomCode + "." + identity.secret;
         links.push_back(std::move(link));
     }

@@ -15,13 +15,13 @@
 namespace stagehopper::companion {
 
 struct Request {
-    Asker asker;
+    RequestContext context;
     /// The Range header, or empty.
     std::string range;
     std::string body;
 };
 
-struct Answer {
+struct Response {
     unsigned status = 200;
     std::string contentType;
     std::string body;
@@ -30,35 +30,35 @@ struct Answer {
 };
 
 /// Words for a person, as JSON.
-Answer errorAnswer(unsigned status, std::string_view words);
+Response errorResponse(unsigned status, std::string_view words);
 
 /// Answers every admitted request but those for the room.
 /// Thread: one at a time.
 class Api {
 public:
-    struct Surroundings {
+    struct Environment {
         std::function<std::int64_t()> millisecondsSince1970;
         /// Those of this machine in local networks, likely ones first.
         std::function<std::vector<std::string>()> addresses;
         std::uint16_t port = 0;
     };
 
-    Api(Meetings& meetings, const Pages& pages, BackendLog& log, Surroundings surroundings);
+    Api(Meetings& meetings, const Pages& pages, BackendLog& log, Environment environment);
 
-    Answer answer(const Admission& admission, const Request& request);
+    Response handle(const AccessDecision& access, const Request& request);
 
 private:
-    Answer active() const;
-    Answer create(const std::string& body);
-    Answer current() const;
-    Answer end(std::string_view path);
-    Answer file(const Request& request) const;
+    Response active() const;
+    Response create(const std::string& body);
+    Response current() const;
+    Response end(std::string_view path);
+    Response file(const Request& request) const;
     std::string recordOf(const Meeting& meeting) const;
 
     Meetings& meetings_;
     const Pages& pages_;
     BackendLog& log_;
-    Surroundings surroundings_;
+    Environment environment_;
 };
 
 }  // namespace stagehopper::companion

@@ -41,10 +41,10 @@ std::string escaped(std::string_view text) {
     return safe;
 }
 
-BackendLog::BackendLog(std::string path, Surroundings surroundings)
-    : file_(std::move(path), surroundings.maxBytes),
-      errorOutput_(surroundings.errorOutput),
-      now_(std::move(surroundings.now)) {}
+BackendLog::BackendLog(std::string path, Settings settings)
+    : file_(std::move(path), settings.maxBytes),
+      errorOutput_(settings.errorOutput),
+      now_(std::move(settings.now)) {}
 
 BackendLog::~BackendLog() {
     for (const auto& [cause, budget] :

@@ -27,7 +27,7 @@ public:
         stranger,
     };
 
-    struct Surroundings {
+    struct Settings {
         std::size_t maxBytes = 1024 * 1024;
         /// Where standard error is.
         int errorOutput = 2;
@@ -35,8 +35,8 @@ public:
     };
 
     /// Without a path, or when it cannot be written, standard error alone has to do.
-    BackendLog(std::string path, Surroundings surroundings);
-    explicit BackendLog(std::string path) : BackendLog(std::move(path), Surroundings()) {}
+    BackendLog(std::string path, Settings settings);
+    explicit BackendLog(std::string path) : BackendLog(std::move(path), Settings()) {}
     /// Tells how many lines were left out and not yet told.
     ~BackendLog();
     BackendLog(const BackendLog&) = delete;

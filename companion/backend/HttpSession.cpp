@@ -24,7 +24,7 @@ constexpr auto requestTime = 10s;
 constexpr auto lingerTime = 2s;
 
 using HttpRequest = http::request<http::string_body>;
-using HttpAnswer = http::response<http::string_body>;
+using HttpResponse = http::response<http::string_body>;
 
 std::optional<std::string> header(const HttpRequest& request, std::string_view name) {
     const auto found = request.find(name);
@@ -40,7 +40,8 @@ bool decidesOnce(const HttpRequest& request) {
     return true;
 }
 
-Asker askerOf(const HttpRequest& request, const std::string& peer, const std::string& reachedAt) {
+RequestContext contextOf(const HttpRequest& request, const std::string& peer,
+                         const std::string& reachedAt) {
     const std::string_view target(request.target());
     return {.fromThisMachine = peer == "127.0.0.1",
             .reachedAt = reachedAt,
@@ -87,7 +88,7 @@ void HttpSession::serve() {
 void HttpSession::refuse() {
     stream_.expires_after(requestTime);
     logRefusal(503, "-", "too many connections");
-    reply(errorAnswer(503, "too many connections"), false);
+    respond(errorResponse(503, "too many connections"), false);
 }
 
 void HttpSession::onRequest(beast::error_code error) {
@@ -95,34 +96,34 @@ void HttpSession::onRequest(beast::error_code error) {
     const HttpRequest& request = parser_->get();
     if (!decidesOnce(request)) {
         logRefusal(400, "-", "a header twice");
-        return reply(errorAnswer(400, "malformed request"), false);
+        return respond(errorResponse(400, "malformed request"), false);
     }
-    const Asker asker = askerOf(request, peer_, reachedAt_);
-    const Admission admission = admit(asker);
-    if (!admission.admitted()) {
-        logRefusal(admission.status, admission.route, admission.reason);
-        Answer refused = errorAnswer(admission.status, admission.reason);
-        if (!admission.allowedMethod.empty()) refused.headers["Allow"] = admission.allowedMethod;
-        return reply(std::move(refused), request.keep_alive());
+    const RequestContext context = contextOf(request, peer_, reachedAt_);
+    const AccessDecision access = decideAccess(context);
+    if (!access.isAllowed()) {
+        logRefusal(access.status, access.route, access.reason);
+        Response refused = errorResponse(access.status, access.reason);
+        if (!access.allowedMethod.empty()) refused.headers["Allow"] = access.allowedMethod;
+        return respond(std::move(refused), request.keep_alive());
     }
-    if (admission.resource == Resource::room) {
-        return enter(queryOf(request), admission.trust, beast::websocket::is_upgrade(request));
+    if (access.resource == Resource::room) {
+        return enter(queryOf(request), access.trust, beast::websocket::is_upgrade(request));
     }
-    Answer answer = service_.api.answer(
-        admission, {asker, header(request, "Range").value_or(""), request.body()});
-    if (answer.status >= 400) logRefusal(answer.status, admission.route, "see answer");
-    reply(std::move(answer), request.keep_alive());
+    Response response = service_.api.handle(
+        access, {context, header(request, "Range").value_or(""), request.body()});
+    if (response.status >= 400) logRefusal(response.status, access.route, "see answer");
+    respond(std::move(response), request.keep_alive());
 }
 
 void HttpSession::onBroken(beast::error_code error) {
     const bool begun = parser_->got_some();
     if (error == http::error::header_limit || error == http::error::buffer_overflow) {
         logRefusal(431, "-", "header too large");
-        return reply(errorAnswer(431, "header too large"), false);
+        return respond(errorResponse(431, "header too large"), false);
     }
     if (error == http::error::body_limit) {
         logRefusal(413, "-", "body too large");
-        return reply(errorAnswer(413, "body too large"), false);
+        return respond(errorResponse(413, "body too large"), false);
     }
     if (error == beast::error::timeout || error == http::error::partial_message) {
         if (begun)
@@ -133,7 +134,7 @@ void HttpSession::onBroken(beast::error_code error) {
     if (error != http::error::end_of_stream &&
         error.category() == http::make_error_code(http::error::bad_method).category()) {
         logRefusal(400, "-", error.message());
-        return reply(errorAnswer(400, "malformed request"), false);
+        return respond(errorResponse(400, "malformed request"), false);
     }
 }
 
@@ -150,35 +151,37 @@ void HttpSession::enter(std::string_view query, Trust trust, bool upgrade) {
     }
     if (entry.status != 101) {
         logRefusal(entry.status, "/ws", entry.reason);
-        Answer refused = errorAnswer(entry.status, entry.reason);
+        Response refused = errorResponse(entry.status, entry.reason);
         if (entry.status == 426) refused.headers["Upgrade"] = "websocket";
-        return reply(std::move(refused), false);
+        return respond(std::move(refused), false);
     }
     stream_.expires_never();
     startRoomSession(std::move(stream_), service_, std::move(permit_), entry, peer_,
                      parser_->release());
 }
 
-void HttpSession::reply(Answer answer, bool keepAlive) {
-    auto reply = std::make_shared<HttpAnswer>();
-    reply->version(11);
-    reply->result(answer.status);
-    reply->set("Cache-Control", "no-store");
-    reply->set("X-Content-Type-Options", "nosniff");
-    reply->set("Referrer-Policy", "no-referrer");
-    reply->set("Cross-Origin-Resource-Policy", "same-origin");
-    for (const auto& [name, value] : answer.headers) reply->set(name, value);
-    if (!answer.contentType.empty()) reply->set(http::field::content_type, answer.contentType);
-    reply->body() = std::move(answer.body);
-    reply->keep_alive(keepAlive);
-    reply->prepare_payload();
+void HttpSession::respond(Response response, bool keepAlive) {
+    auto message = std::make_shared<HttpResponse>();
+    message->version(11);
+    message->result(response.status);
+    message->set("Cache-Control", "no-store");
+    message->set("X-Content-Type-Options", "nosniff");
+    message->set("Referrer-Policy", "no-referrer");
+    message->set("Cross-Origin-Resource-Policy", "same-origin");
+    for (const auto& [name, value] : response.headers) message->set(name, value);
+    if (!response.contentType.empty()) {
+        message->set(http::field::content_type, response.contentType);
+    }
+    message->body() = std::move(response.body);
+    message->keep_alive(keepAlive);
+    message->prepare_payload();
     // The length stays: it is what a GET would be answered with.
-    if (parser_ && parser_->get().method() == http::verb::head) reply->body().clear();
+    if (parser_ && parser_->get().method() == http::verb::head) message->body().clear();
     stream_.expires_after(requestTime);
-    http::async_write(stream_, *reply,
-                      [self = shared_from_this(), reply](beast::error_code error, std::size_t) {
+    http::async_write(stream_, *message,
+                      [self = shared_from_this(), message](beast::error_code error, std::size_t) {
                           if (error) return;
-                          reply->keep_alive() ? self->serve() : self->linger();
+                          message->keep_alive() ? self->serve() : self->linger();
                       });
 }
 

@@ -68,8 +68,8 @@ public:
         : parent_(options.parent), log_(log) {
         const std::uint16_t port = listen(options);
         service_.emplace(log, pages,
-                         Api::Surroundings{millisecondsSince1970,
-                                           [] { return likelyFirst(localAddresses()); }, port});
+                         Api::Environment{millisecondsSince1970,
+                                          [] { return likelyFirst(localAddresses()); }, port});
         if (port != 0) {
             log.line("listening",
                      "port=" + std::to_string(port) + " pid=" + std::to_string(::getpid()));

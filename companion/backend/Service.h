@@ -16,8 +16,8 @@ namespace stagehopper::companion {
 /// What all connections of the server share.
 /// Thread: the server's.
 struct Service {
-    Service(BackendLog& theLog, const Pages& pages, Api::Surroundings surroundings)
-        : log(theLog), api(meetings, pages, theLog, std::move(surroundings)) {}
+    Service(BackendLog& theLog, const Pages& pages, Api::Environment environment)
+        : log(theLog), api(meetings, pages, theLog, std::move(environment)) {}
 
     BackendLog& log;
     ConnectionCounts counts;

@@ -26,19 +26,21 @@ protected:
         pages_.emplace(folder_.path());
         api_.emplace(
             meetings_, *pages_, log_,
-            Api::Surroundings{[this] { return now_; }, [this] { return addresses_; }, 3007});
+            Api::Environment{[this] { return now_; }, [this] { return addresses_; }, 3007});
     }
 
-    Answer ask(Resource resource, const std::string& path, const std::string& body = {},
-               const std::string& range = {}) {
+    Response ask(Resource resource, const std::string& path, const std::string& body = {},
+                 const std::string& range = {}) {
         Request request;
-        request.asker.path = path;
-        request.asker.host = "192.168.1.5:3007";
+        request.context.path = path;
+        request.context.host = "192.168.1.5:3007";
         request.body = body;
         request.range = range;
-        return api_->answer({.reason = {}, .resource = resource, .allowedMethod = {}}, request);
+        return api_->handle({.reason = {}, .resource = resource, .allowedMethod = {}}, request);
     }
-    Answer create(const std::string& body) { return ask(Resource::meetings, "/v1/meetings", body); }
+    Response create(const std::string& body) {
+        return ask(Resource::meetings, "/v1/meetings", body);
+    }
 
     std::int64_t now_ = 1790000000000;
     std::vector<std::string> addresses_{"192.168.1.5", "10.0.0.5"};
@@ -50,17 +52,17 @@ protected:
 };
 
 TEST_F(ApiTest, HealthMayBeAskedForByThePanel) {
-    const Answer answer = ask(Resource::health, "/health");
-    EXPECT_EQ(answer.status, 200U);
-    EXPECT_EQ(json::parse(answer.body),
+    const Response response = ask(Resource::health, "/health");
+    EXPECT_EQ(response.status, 200U);
+    EXPECT_EQ(json::parse(response.body),
               json({{"status", "ok"}, {"program", "stagehopper-backend"}}));
-    EXPECT_EQ(answer.headers.at("Cross-Origin-Resource-Policy"), "cross-origin");
+    EXPECT_EQ(response.headers.at("Cross-Origin-Resource-Policy"), "cross-origin");
 }
 
 TEST_F(ApiTest, ANewMeetingsRecordLeadsPhonesToIt) {
-    const Answer answer = create(R"({"roomName":"Physics"})");
-    EXPECT_EQ(answer.status, 201U);
-    const json record = json::parse(answer.body);
+    const Response response = create(R"({"roomName":"Physics"})");
+    EXPECT_EQ(response.status, 201U);
+    const json record = json::parse(response.body);
     const std::string code = record["roomCode"];
     const std::string secret = record["secret"];
     EXPECT_TRUE(std::regex_match(code, std::regex("[A-HJKMNP-Z2-9]{6}"))) << code;
@@ -154,7 +156,7 @@ TEST_F(ApiTest, AFileIsReadOnceAtTheStart) {
 }
 
 TEST_F(ApiTest, SafariGetsAPartOfTheVideo) {
-    const Answer part = ask(Resource::file, "/awake.mp4", {}, "bytes=0-1");
+    const Response part = ask(Resource::file, "/awake.mp4", {}, "bytes=0-1");
     EXPECT_EQ(part.status, 206U);
     EXPECT_EQ(part.body, "01");
     EXPECT_EQ(part.headers.at("Content-Range"), "bytes 0-1/10");

@@ -26,10 +26,10 @@ std::string timestamp() {
 }  // namespace
 
 std::string escaped(std::string_view text) {
-    constexpr std::size_t longest = 300;
+    constexpr std::size_t maxLength = 300;
     static constexpr std::string_view digits = "0123456789abcdef";
     std::string safe;
-    for (const char c : text.substr(0, longest)) {
+    for (const char c : text.substr(0, maxLength)) {
         const auto byte = static_cast<unsigned char>(c);
         if (byte >= 0x20 && byte < 0x7F && c != '\\') {
             safe += c;
@@ -37,7 +37,7 @@ std::string escaped(std::string_view text) {
             safe += {'\\', 'x', digits[byte >> 4], digits[byte & 15]};
         }
     }
-    if (text.size() > longest) safe += "...";
+    if (text.size() > maxLength) safe += "...";
     return safe;
 }
 

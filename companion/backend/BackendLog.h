@@ -31,7 +31,7 @@ public:
         std::size_t maxBytes = 1024 * 1024;
         /// Where standard error is.
         int errorOutput = 2;
-        std::function<Moment()> now = std::chrono::steady_clock::now;
+        std::function<TimePoint()> now = std::chrono::steady_clock::now;
     };
 
     /// Without a path, or when it cannot be written, standard error alone has to do.
@@ -52,7 +52,7 @@ private:
 
     LogFile file_;
     ErrorOutput errorOutput_;
-    std::function<Moment()> now_;
+    std::function<TimePoint()> now_;
     LineBudget participants_{1200, 1200};
     LineBudget strangers_{1, 60};
 };

@@ -7,7 +7,7 @@ namespace {
 
 using Json = nlohmann::json;
 
-constexpr std::size_t longestId = 64;
+constexpr std::size_t maxIdLength = 64;
 
 const std::string* textAt(const Json& object, const char* key) {
     const auto found = object.find(key);
@@ -31,7 +31,7 @@ std::optional<Direction> directionNamed(const std::string& name) {
 std::optional<ClientMessage> step(const Json& object) {
     const std::string* name = textAt(object, "direction");
     const std::string* id = textAt(object, "id");
-    if (name == nullptr || id == nullptr || id->empty() || id->size() > longestId) {
+    if (name == nullptr || id == nullptr || id->empty() || id->size() > maxIdLength) {
         return std::nullopt;
     }
     const auto direction = directionNamed(*name);

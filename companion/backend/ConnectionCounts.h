@@ -27,7 +27,7 @@ public:
     static constexpr std::size_t maxFromOneAddress = 64;
     static constexpr std::size_t maxThisMachine = 256;
     static constexpr std::size_t maxOtherUsers = 64;
-    static constexpr std::size_t max = maxNetwork + maxThisMachine;
+    static constexpr std::size_t maxConnections = maxNetwork + maxThisMachine;
 
     /// None when there are too many.
     std::optional<Shares::Permit> take(const Peer& peer) {

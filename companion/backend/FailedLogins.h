@@ -9,22 +9,22 @@ namespace stagehopper::companion {
 
 /// Who has given too many wrong secrets, by address.
 /// Thread: one at a time.
-class WrongSecrets {
+class FailedLogins {
 public:
     /// Nothing that this address says is to be looked at for now.
-    bool mustWait(const std::string& address, Moment now) {
+    bool isBlocked(const std::string& address, TimePoint now) const {
         const auto found = byAddress_.find(address);
         return found != byAddress_.end() && found->second.isFull(now);
     }
 
-    void count(const std::string& address, Moment now) {
+    void record(const std::string& address, TimePoint now) {
         std::erase_if(byAddress_, [now](const auto& entry) { return entry.second.isEmpty(now); });
-        byAddress_.try_emplace(address, mostInAMinute, std::chrono::minutes(1))
+        byAddress_.try_emplace(address, maxPerMinute, std::chrono::minutes(1))
             .first->second.allow(now);
     }
 
 private:
-    static constexpr std::size_t mostInAMinute = 10;
+    static constexpr std::size_t maxPerMinute = 10;
 
     std::map<std::string, RateLimit> byAddress_;
 };

@@ -18,10 +18,10 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr std::uint32_t mostHeaderBytes = 8 * 1024;
-constexpr std::size_t mostBodyBytes = 4 * 1024;
-constexpr auto requestTime = 10s;
-constexpr auto lingerTime = 2s;
+constexpr std::uint32_t maxHeaderBytes = 8 * 1024;
+constexpr std::size_t maxBodyBytes = 4 * 1024;
+constexpr auto requestTimeout = 10s;
+constexpr auto lingerTimeout = 2s;
 
 using HttpRequest = http::request<http::string_body>;
 using HttpResponse = http::response<http::string_body>;
@@ -65,7 +65,7 @@ HttpSession::HttpSession(asio::ip::tcp::socket socket, Service& service, Shares:
     : stream_(std::move(socket)),
       service_(service),
       permit_(std::move(permit)),
-      buffer_(mostHeaderBytes + mostBodyBytes) {
+      buffer_(maxHeaderBytes + maxBodyBytes) {
     beast::error_code error;
     const auto remote = stream_.socket().remote_endpoint(error);
     const auto local = stream_.socket().local_endpoint(error);
@@ -75,10 +75,10 @@ HttpSession::HttpSession(asio::ip::tcp::socket socket, Service& service, Shares:
 
 void HttpSession::serve() {
     parser_.emplace();
-    parser_->header_limit(mostHeaderBytes);
-    parser_->body_limit(mostBodyBytes);
+    parser_->header_limit(maxHeaderBytes);
+    parser_->body_limit(maxBodyBytes);
     // For the whole request: one that comes byte by byte gains nothing.
-    stream_.expires_after(requestTime);
+    stream_.expires_after(requestTimeout);
     http::async_read(stream_, buffer_, *parser_,
                      [self = shared_from_this()](beast::error_code error, std::size_t) {
                          self->onRequest(error);
@@ -86,7 +86,7 @@ void HttpSession::serve() {
 }
 
 void HttpSession::refuse() {
-    stream_.expires_after(requestTime);
+    stream_.expires_after(requestTimeout);
     logRefusal(503, "-", "too many connections");
     respond(errorResponse(503, "too many connections"), false);
 }
@@ -139,7 +139,7 @@ void HttpSession::onBroken(beast::error_code error) {
 }
 
 void HttpSession::enter(std::string_view query, Trust trust, bool upgrade) {
-    RoomEntry entry = enterRoom(query, trust, peer_, service_.meetings, service_.wrongSecrets,
+    RoomEntry entry = enterRoom(query, trust, peer_, service_.meetings, service_.failedLogins,
                                 std::chrono::steady_clock::now());
     if (entry.status == 101 && !upgrade) {
         entry.status = 426;
@@ -177,7 +177,7 @@ void HttpSession::respond(Response response, bool keepAlive) {
     message->prepare_payload();
     // The length stays: it is what a GET would be answered with.
     if (parser_ && parser_->get().method() == http::verb::head) message->body().clear();
-    stream_.expires_after(requestTime);
+    stream_.expires_after(requestTimeout);
     http::async_write(stream_, *message,
                       [self = shared_from_this(), message](beast::error_code error, std::size_t) {
                           if (error) return;
@@ -195,13 +195,13 @@ void HttpSession::logRefusal(unsigned status, std::string_view route, std::strin
 void HttpSession::linger() {
     beast::error_code ignored;
     stream_.socket().shutdown(asio::ip::tcp::socket::shutdown_send, ignored);
-    stream_.expires_after(lingerTime);
+    stream_.expires_after(lingerTimeout);
     discard();
 }
 
 void HttpSession::discard() {
     buffer_.clear();
-    stream_.async_read_some(buffer_.prepare(mostHeaderBytes),
+    stream_.async_read_some(buffer_.prepare(maxHeaderBytes),
                             [self = shared_from_this()](beast::error_code error, std::size_t) {
                                 if (!error) self->discard();
                             });

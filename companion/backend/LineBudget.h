@@ -12,12 +12,12 @@ namespace stagehopper::companion {
 /// Thread: one at a time.
 class LineBudget {
 public:
-    LineBudget(std::size_t maxInASecond, std::size_t maxInAnHour)
-        : second_(maxInASecond, std::chrono::seconds(1)),
-          hour_(maxInAnHour, std::chrono::hours(1)) {}
+    LineBudget(std::size_t maxPerSecond, std::size_t maxPerHour)
+        : second_(maxPerSecond, std::chrono::seconds(1)),
+          hour_(maxPerHour, std::chrono::hours(1)) {}
 
     /// Counts one more, written or left out.
-    bool allow(Moment now) {
+    bool allow(TimePoint now) {
         if (second_.isFull(now) || hour_.isFull(now)) {
             ++leftOut_;
             return false;

@@ -8,7 +8,7 @@
 namespace stagehopper::companion {
 namespace {
 
-constexpr std::size_t tapsRemembered = 4096;
+constexpr std::size_t maxRememberedTaps = 4096;
 constexpr std::string_view everyOneMatters;
 
 SharedText shared(std::string text) {
@@ -27,7 +27,7 @@ std::vector<Participant> Meeting::participants() const {
 }
 
 bool Meeting::hasRoomFor(const std::string& joinId) const {
-    return seats_.size() < mostParticipants ||
+    return seats_.size() < maxParticipants ||
            std::ranges::find(seats_, joinId, &Seat::joinId) != seats_.end();
 }
 
@@ -122,7 +122,7 @@ void Meeting::tellParticipants(const Connection* except) {
 void Meeting::remember(const TapId& tap, Step step) {
     taps_.emplace(tap, step);
     tapsInOrder_.push_back(tap);
-    if (tapsInOrder_.size() <= tapsRemembered) return;
+    if (tapsInOrder_.size() <= maxRememberedTaps) return;
     taps_.erase(tapsInOrder_.front());
     tapsInOrder_.pop_front();
 }

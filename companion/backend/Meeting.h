@@ -35,7 +35,7 @@ public:
 /// Thread: one at a time.
 class Meeting {
 public:
-    static constexpr std::size_t mostParticipants = 200;
+    static constexpr std::size_t maxParticipants = 200;
 
     struct Identity {
         std::string roomCode;

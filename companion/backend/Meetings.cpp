@@ -7,7 +7,7 @@
 namespace stagehopper::companion {
 
 std::shared_ptr<Meeting> Meetings::create(std::string roomName, std::int64_t nowInMilliseconds) {
-    if (meetings_.size() >= most) return nullptr;
+    if (meetings_.size() >= maxMeetings) return nullptr;
     std::string code;
     do {
         code = randomRoomCode();

@@ -13,7 +13,7 @@ namespace stagehopper::companion {
 /// Thread: one at a time.
 class Meetings {
 public:
-    static constexpr std::size_t most = 16;
+    static constexpr std::size_t maxMeetings = 16;
 
     /// None when there are too many. Without a name the code is the name.
     std::shared_ptr<Meeting> create(std::string roomName, std::int64_t nowInMilliseconds);

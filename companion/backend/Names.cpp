@@ -7,8 +7,8 @@
 namespace stagehopper::companion {
 namespace {
 
-constexpr std::size_t longestUserId = 64;
-constexpr std::size_t longestDisplayText = 64;
+constexpr std::size_t maxUserIdLength = 64;
+constexpr std::size_t maxDisplayTextLength = 64;
 
 bool isUserIdCharacter(char c) {
     return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '_' ||
@@ -20,7 +20,7 @@ std::optional<char32_t> takeCharacter(std::string_view& text) {
     struct Form {
         unsigned char mask, lead;
         std::size_t length;
-        char32_t least;
+        char32_t minimum;
     };
     static constexpr std::array forms{Form{0x80, 0x00, 1, 0}, Form{0xE0, 0xC0, 2, 0x80},
                                       Form{0xF0, 0xE0, 3, 0x800}, Form{0xF8, 0xF0, 4, 0x10000}};
@@ -35,7 +35,7 @@ std::optional<char32_t> takeCharacter(std::string_view& text) {
         character = character << 6 | (byte & 0x3F);
     }
     const bool surrogate = character >= 0xD800 && character <= 0xDFFF;
-    if (character < form->least || character > 0x10FFFF || surrogate) return std::nullopt;
+    if (character < form->minimum || character > 0x10FFFF || surrogate) return std::nullopt;
     text.remove_prefix(form->length);
     return character;
 }
@@ -54,14 +54,14 @@ bool isRoomCode(std::string_view text) {
 }
 
 bool isUserId(std::string_view text) {
-    return !text.empty() && text.size() <= longestUserId &&
+    return !text.empty() && text.size() <= maxUserIdLength &&
            std::ranges::all_of(text, isUserIdCharacter);
 }
 
 bool isDisplayText(std::string_view text) {
     for (std::size_t characters = 0; !text.empty(); ++characters) {
         const auto character = takeCharacter(text);
-        if (!character || isControl(*character) || characters == longestDisplayText) return false;
+        if (!character || isControl(*character) || characters == maxDisplayTextLength) return false;
     }
     return true;
 }

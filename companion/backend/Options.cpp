@@ -7,12 +7,11 @@ namespace stagehopper::companion {
 namespace {
 
 /// The whole text as a decimal number between the two bounds.
-std::optional<std::int64_t> numberIn(std::string_view text, std::int64_t least,
-                                     std::int64_t greatest) {
+std::optional<std::int64_t> numberIn(std::string_view text, std::int64_t min, std::int64_t max) {
     std::int64_t value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
-    if (value < least || value > greatest) return std::nullopt;
+    if (value < min || value > max) return std::nullopt;
     return value;
 }
 

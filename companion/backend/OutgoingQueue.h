@@ -14,7 +14,7 @@ using SharedText = std::shared_ptr<const std::string>;
 /// Thread: one at a time.
 class OutgoingQueue {
 public:
-    static constexpr std::size_t most = 256;
+    static constexpr std::size_t maxMessages = 256;
 
     /// False when it is full: its reader is too slow. Of those with the same topic only the newest
     /// is kept, at the place of the oldest; no topic means that each one matters.
@@ -26,7 +26,7 @@ public:
                 return true;
             }
         }
-        if (entries_.size() == most) return false;
+        if (entries_.size() == maxMessages) return false;
         entries_.push_back({std::move(text), std::string(topic)});
         return true;
     }

@@ -13,7 +13,7 @@ RoomEntry refused(unsigned status, std::string_view reason) {
 }  // namespace
 
 RoomEntry enterRoom(std::string_view query, Trust trust, const std::string& address,
-                    const Meetings& meetings, WrongSecrets& wrongSecrets, Moment now) {
+                    const Meetings& meetings, FailedLogins& failedLogins, TimePoint now) {
     const auto request = parseJoinRequest(query);
     if (!request) return refused(400, "malformed query");
     const bool guest = request->role == Role::guest;
@@ -21,7 +21,7 @@ RoomEntry enterRoom(std::string_view query, Trust trust, const std::string& addr
     // The phone's page is an own page, too, when it is opened on this machine.
     const bool needsSecret = trust == Trust::network;
     if (needsSecret) {
-        if (wrongSecrets.mustWait(address, now)) return refused(429, "too many wrong secrets");
+        if (failedLogins.isBlocked(address, now)) return refused(429, "too many wrong secrets");
         if (!guest || isReserved(request->joinId)) return refused(403, "guests only");
     }
     const auto meeting = meetings.find(request->roomCode);
@@ -31,11 +31,11 @@ RoomEntry enterRoom(std::string_view query, Trust trust, const std::string& addr
     }
     if (meeting == nullptr) {
         // Codes are guessed as secrets are.
-        if (needsSecret) wrongSecrets.count(address, now);
+        if (needsSecret) failedLogins.record(address, now);
         return refused(404, "no such meeting");
     }
     if (needsSecret && !secretsEqual(request->secret.value_or(""), meeting->identity().secret)) {
-        wrongSecrets.count(address, now);
+        failedLogins.record(address, now);
         return refused(403, "wrong secret");
     }
     if (!meeting->hasRoomFor(request->joinId)) return refused(503, "the room is full");

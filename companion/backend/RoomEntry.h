@@ -22,6 +22,6 @@ struct RoomEntry {
 /// Who may join with this query. Wrong secrets and codes are counted under the peer's address.
 /// Thread: one at a time.
 RoomEntry enterRoom(std::string_view query, Trust trust, const std::string& address,
-                    const Meetings& meetings, WrongSecrets& wrongSecrets, Moment now);
+                    const Meetings& meetings, FailedLogins& failedLogins, TimePoint now);
 
 }  // namespace stagehopper::companion

@@ -19,15 +19,15 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr std::size_t mostMessageBytes = 4 * 1024;
-constexpr auto handshakeTime = 10s;
+constexpr std::size_t maxMessageBytes = 4 * 1024;
+constexpr auto handshakeTimeout = 10s;
 // The WebSocket layer pings after half of it.
-constexpr auto longestSilence = 30s;
+constexpr auto idleTimeout = 30s;
 // For what is still to be sent, and for the other side's good-bye.
-constexpr auto closingTime = 5s;
+constexpr auto closeTimeout = 5s;
 // One for each Stagehopper of this machine.
 constexpr std::size_t maxWaitingHosts = 8;
-constexpr std::size_t mostMessages = 240;
+constexpr std::size_t maxMessages = 240;
 constexpr auto messageWindow = 2s;
 
 using HttpRequest = http::request<http::string_body>;
@@ -37,7 +37,7 @@ public:
     RoomSession(beast::tcp_stream stream, Service& service, Shares::Permit permit,
                 const RoomEntry& entry, std::string peer)
         : ws_(std::move(stream)),
-          closingTimer_(ws_.get_executor()),
+          closeTimer_(ws_.get_executor()),
           service_(service),
           permit_(std::move(permit)),
           meeting_(entry.meeting),
@@ -54,8 +54,8 @@ public:
             publicId_ = kindOf(entry.request.joinId);
             wait();
         }
-        ws_.set_option(websocket::stream_base::timeout{handshakeTime, longestSilence, true});
-        ws_.read_message_max(mostMessageBytes);
+        ws_.set_option(websocket::stream_base::timeout{handshakeTimeout, idleTimeout, true});
+        ws_.read_message_max(maxMessageBytes);
         ws_.control_callback([weak = weak_from_this()](websocket::frame_type, beast::string_view) {
             // Not at once: the WebSocket layer is calling.
             const auto self = weak.lock();
@@ -82,8 +82,8 @@ public:
         if (farewell_) return;
         farewell_ = farewell;
         log("closing", farewell.reason);
-        closingTimer_.expires_after(closingTime);
-        closingTimer_.async_wait([weak = weak_from_this()](beast::error_code error) {
+        closeTimer_.expires_after(closeTimeout);
+        closeTimer_.async_wait([weak = weak_from_this()](beast::error_code error) {
             if (const auto self = weak.lock(); self != nullptr && !error) self->drop();
         });
         // Not at once: the meeting may be calling.
@@ -177,7 +177,7 @@ private:
 
     void drop() {
         beast::error_code ignored;
-        closingTimer_.cancel();
+        closeTimer_.cancel();
         beast::get_lowest_layer(ws_).socket().close(ignored);
     }
 
@@ -189,7 +189,7 @@ private:
     }
 
     websocket::stream<beast::tcp_stream> ws_;
-    asio::steady_timer closingTimer_;
+    asio::steady_timer closeTimer_;
     Service& service_;
     Shares::Permit permit_;
     std::optional<Shares::Permit> waiting_;
@@ -200,7 +200,7 @@ private:
     std::string peer_;
     beast::flat_buffer buffer_;
     OutgoingQueue queue_;
-    RateLimit messages_{mostMessages, messageWindow};
+    RateLimit messages_{maxMessages, messageWindow};
     bool open_ = false;
     /// What the WebSocket layer is sending.
     SharedText writing_;

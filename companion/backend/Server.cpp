@@ -24,11 +24,11 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr auto parentInterval = 250ms;
+constexpr auto parentPollInterval = 250ms;
 // A good-bye to everybody has to fit into the second that the program has for its end.
-constexpr auto farewellTime = 600ms;
-constexpr auto farewellInterval = 20ms;
-constexpr auto acceptPause = 100ms;
+constexpr auto shutdownTimeout = 600ms;
+constexpr auto shutdownPollInterval = 20ms;
+constexpr auto acceptRetryDelay = 100ms;
 constexpr int sendBufferBytes = 16 * 1024;
 
 std::int64_t millisecondsSince1970() {
@@ -120,7 +120,7 @@ private:
             if (ending_) return;
             if (error) {
                 // No descriptors, most likely: trying again at once would only heat the machine.
-                acceptTimer_.expires_after(acceptPause);
+                acceptTimer_.expires_after(acceptRetryDelay);
                 acceptTimer_.async_wait([this](error_code cancelled) {
                     if (!cancelled) accept();
                 });
@@ -150,7 +150,7 @@ private:
     }
 
     void watchParent() {
-        parentTimer_.expires_after(parentInterval);
+        parentTimer_.expires_after(parentPollInterval);
         parentTimer_.async_wait([this](error_code error) {
             if (error) return;
             parent_.isGone() ? end("parent gone") : watchParent();
@@ -166,15 +166,15 @@ private:
         for (const auto& held : service_->inRooms) {
             if (const auto connection = held.lock()) connection->close({1001, "shutting down"});
         }
-        stopWhenEmpty(std::chrono::steady_clock::now() + farewellTime);
+        stopWhenEmpty(std::chrono::steady_clock::now() + shutdownTimeout);
     }
 
-    void stopWhenEmpty(Moment latest) {
+    void stopWhenEmpty(TimePoint latest) {
         std::erase_if(service_->inRooms, [](const auto& one) { return one.expired(); });
         if (service_->inRooms.empty() || std::chrono::steady_clock::now() >= latest) {
             return loop_.stop();
         }
-        parentTimer_.expires_after(farewellInterval);
+        parentTimer_.expires_after(shutdownPollInterval);
         parentTimer_.async_wait([this, latest](error_code) { stopWhenEmpty(latest); });
     }
 

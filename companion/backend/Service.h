@@ -25,7 +25,7 @@ struct Service {
     ConnectionCounts refused;
     /// The sockets of hosts whose meeting is over; see `RoomSession`.
     Shares waitingHosts;
-    WrongSecrets wrongSecrets;
+    FailedLogins failedLogins;
     Meetings meetings;
     Api api;
     /// Those in a room or on their way out of it, to say good-bye to at the end.

@@ -143,7 +143,7 @@ TEST(BackendLog, APipeInItsPlaceHoldsNobodyUp) {
 TEST(BackendLog, AFloodOfStrangersCostsOneLineASecondAndIsCounted) {
     const TemporaryFolder folder;
     const std::string path = folder.path() + "/backend.log";
-    Moment now;
+    TimePoint now;
     {
         BackendLog log(path, {.now = [&] { return now; }});
         for (int i = 0; i < 1000; ++i) log.line("refused", "", BackendLog::Cause::stranger);

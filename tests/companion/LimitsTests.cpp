@@ -25,7 +25,7 @@ std::vector<std::string> drained(OutgoingQueue& queue) {
 
 TEST(RateLimit, OneTooManyWithinTheWindowIsRefused) {
     RateLimit limit(3, 2s);
-    const Moment start;
+    const TimePoint start;
     EXPECT_TRUE(limit.allow(start));
     EXPECT_TRUE(limit.allow(start + 1s));
     EXPECT_TRUE(limit.allow(start + 1900ms));
@@ -35,16 +35,16 @@ TEST(RateLimit, OneTooManyWithinTheWindowIsRefused) {
     EXPECT_TRUE(limit.allow(start + 3s));
 }
 
-TEST(WrongSecrets, AfterTenAnAddressWaitsUntilTheMinuteIsOver) {
-    WrongSecrets secrets;
-    const Moment start;
+TEST(FailedLogins, AfterTenAnAddressWaitsUntilTheMinuteIsOver) {
+    FailedLogins logins;
+    const TimePoint start;
     for (int i = 0; i < 10; ++i) {
-        EXPECT_FALSE(secrets.mustWait("10.0.0.1", start + i * 1s));
-        secrets.count("10.0.0.1", start + i * 1s);
+        EXPECT_FALSE(logins.isBlocked("10.0.0.1", start + i * 1s));
+        logins.record("10.0.0.1", start + i * 1s);
     }
-    EXPECT_TRUE(secrets.mustWait("10.0.0.1", start + 59s));
-    EXPECT_FALSE(secrets.mustWait("10.0.0.2", start + 59s)) << "another address";
-    EXPECT_FALSE(secrets.mustWait("10.0.0.1", start + 60s));
+    EXPECT_TRUE(logins.isBlocked("10.0.0.1", start + 59s));
+    EXPECT_FALSE(logins.isBlocked("10.0.0.2", start + 59s)) << "another address";
+    EXPECT_FALSE(logins.isBlocked("10.0.0.1", start + 60s));
 }
 
 TEST(OutgoingQueue, KeepsTheOrder) {
@@ -119,7 +119,7 @@ TEST(ConnectionCounts, OtherUsersOfTheMachineHaveSixtyFourTogether) {
 
 TEST(LineBudget, AFloodCostsOneLineASecondAndSixtyAnHour) {
     LineBudget budget(1, 60);
-    const Moment start;
+    const TimePoint start;
     std::size_t written = 0;
     // Ten a second for an hour.
     for (int i = 0; i < 36000; ++i) written += budget.allow(start + i * 100ms) ? 1U : 0U;

@@ -19,13 +19,13 @@ protected:
         return query + "&secret=" + meeting_->identity().secret;
     }
     unsigned enter(const std::string& query, Trust trust) {
-        return enterRoom(query, trust, "10.0.0.1", meetings_, wrongSecrets_, now_).status;
+        return enterRoom(query, trust, "10.0.0.1", meetings_, failedLogins_, now_).status;
     }
 
     Meetings meetings_;
     std::shared_ptr<Meeting> meeting_ = meetings_.create("Physics", 1790000000000);
-    WrongSecrets wrongSecrets_;
-    Moment now_;
+    FailedLogins failedLogins_;
+    TimePoint now_;
 };
 
 TEST_F(RoomEntryTest, ThisMachinesClientsNeedNoSecret) {

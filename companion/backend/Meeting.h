@@ -15,7 +15,7 @@
 namespace stagehopper::companion {
 
 /// Why a connection is closed: a WebSocket close code and its words.
-struct Farewell {
+struct CloseReason {
     std::uint16_t code = 1000;
     std::string_view reason;
 };
@@ -26,9 +26,9 @@ public:
     virtual ~Connection() = default;
     virtual void send(SharedText text, std::string_view topic) = 0;
     /// What was sent before is still delivered.
-    virtual void close(Farewell farewell) = 0;
+    virtual void close(CloseReason reason) = 0;
     /// Stays open without a meeting, and silent.
-    virtual void wait() = 0;
+    virtual void keepOpen() = 0;
 };
 
 /// One room: who is in it, and what they say to each other.
@@ -57,11 +57,11 @@ public:
     std::string join(const JoinRequest& request, std::shared_ptr<Connection> connection);
     /// Nothing when it has been replaced, or never was here.
     void leave(const Connection& connection);
-    void say(const Connection& from, const ClientMessage& message);
+    void handle(const Connection& from, const ClientMessage& message);
     void end();
 
 private:
-    struct Seat {
+    struct Member {
         /// Only its client knows it.
         std::string joinId;
         Participant participant;
@@ -74,17 +74,17 @@ private:
     /// The join id, and the tap's own.
     using TapId = std::pair<std::string, std::string>;
 
-    const Seat* seatOf(const Connection& connection) const;
-    void step(const Seat& from, const StepMessage& message);
-    void point(const Seat& from, const PointerMessage& message);
-    void tellParticipants(const Connection* except);
+    const Member* findMember(const Connection& connection) const;
+    void step(const Member& from, const StepMessage& message);
+    void point(const Member& from, const PointerMessage& message);
+    void broadcastParticipants(const Connection* except);
     void remember(const TapId& tap, Step step);
 
     Identity identity_;
     std::int64_t nextSeq_;
     std::uint64_t publicIds_ = 0;
     /// In the order in which they came.
-    std::vector<Seat> seats_;
+    std::vector<Member> members_;
     /// The latest taps, to know those that are sent again.
     std::map<TapId, Step> taps_;
     std::deque<TapId> tapsInOrder_;

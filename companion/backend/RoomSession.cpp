@@ -46,13 +46,13 @@ public:
 
     /// The seat is taken before the handshake, so that nobody else gets it meanwhile.
     void start(const RoomEntry& entry, HttpRequest request) {
-        service_.inRooms.push_back(weak_from_this());
+        service_.roomConnections.push_back(weak_from_this());
         if (entry.meeting != nullptr) {
             publicId_ = entry.meeting->join(entry.request, shared_from_this());
             log("joined", {});
         } else {
             publicId_ = kindOf(entry.request.joinId);
-            wait();
+            keepOpen();
         }
         ws_.set_option(websocket::stream_base::timeout{handshakeTimeout, idleTimeout, true});
         ws_.read_message_max(maxMessageBytes);
@@ -69,7 +69,7 @@ public:
     }
 
     void send(SharedText text, std::string_view topic) override {
-        if (farewell_) return;
+        if (closing_) return;
         if (!queue_.push(std::move(text), topic)) {
             // It would not get at all of this before its time is over.
             queue_.clear();
@@ -78,10 +78,10 @@ public:
         if (open_ && writing_ == nullptr) writeNext();
     }
 
-    void close(Farewell farewell) override {
-        if (farewell_) return;
-        farewell_ = farewell;
-        log("closing", farewell.reason);
+    void close(CloseReason reason) override {
+        if (closing_) return;
+        closing_ = reason;
+        log("closing", reason.reason);
         closeTimer_.expires_after(closeTimeout);
         closeTimer_.async_wait([weak = weak_from_this()](beast::error_code error) {
             if (const auto self = weak.lock(); self != nullptr && !error) self->drop();
@@ -91,11 +91,11 @@ public:
         if (open_ && writing_ == nullptr) writeNext();
     }
 
-    void wait() override {
-        if (farewell_) return;
-        auto place = service_.waitingHosts.take({{"host", maxWaitingHosts}});
-        if (!place) return close({1000, "ended"});
-        waiting_.emplace(std::move(*place));
+    void keepOpen() override {
+        if (closing_) return;
+        auto permit = service_.waitingHosts.take({{"host", maxWaitingHosts}});
+        if (!permit) return close({1000, "ended"});
+        waitingPermit_.emplace(std::move(*permit));
         log("waiting", {});
     }
 
@@ -117,14 +117,14 @@ private:
     void onRead(beast::error_code error) {
         if (error) return onEnd(error);
         // Once closing, the WebSocket layer reads by itself until the other's good-bye.
-        if (farewell_) return;
+        if (closing_) return;
         if (ws_.got_binary()) return close({1003, "text only"});
         if (!countMessage()) return;
         const auto bytes = buffer_.cdata();
         const auto message =
             parseClientMessage({static_cast<const char*>(bytes.data()), bytes.size()});
         if (!message) return close({1008, "bad message"});
-        if (const auto meeting = meeting_.lock()) meeting->say(*this, *message);
+        if (const auto meeting = meeting_.lock()) meeting->handle(*this, *message);
         buffer_.consume(buffer_.size());
         read();
     }
@@ -145,11 +145,11 @@ private:
                                 if (error) return self->onEnd(error);
                                 self->writeNext();
                             });
-        } else if (farewell_ && !saidFarewell_) {
-            saidFarewell_ = true;
+        } else if (closing_ && !closeSent_) {
+            closeSent_ = true;
             const websocket::close_reason reason(
-                websocket::close_code(farewell_->code),
-                beast::string_view(farewell_->reason.data(), farewell_->reason.size()));
+                websocket::close_code(closing_->code),
+                beast::string_view(closing_->reason.data(), closing_->reason.size()));
             ws_.async_close(reason, [self = shared_from_this()](beast::error_code error) {
                 self->onEnd(error);
             });
@@ -160,12 +160,12 @@ private:
     void onEnd(beast::error_code error) {
         if (ended_) return;
         // The read ends a moment before the closing that it is part of.
-        if (saidFarewell_ && error == websocket::error::closed) return;
+        if (closeSent_ && error == websocket::error::closed) return;
         ended_ = true;
-        if (!farewell_) log("left", error.message());
-        farewell_.emplace();
+        if (!closing_) log("left", error.message());
+        closing_.emplace();
         leave();
-        std::erase_if(service_.inRooms, [this](const std::weak_ptr<Connection>& one) {
+        std::erase_if(service_.roomConnections, [this](const std::weak_ptr<Connection>& one) {
             return one.lock().get() == this;
         });
         drop();
@@ -192,7 +192,7 @@ private:
     asio::steady_timer closeTimer_;
     Service& service_;
     Shares::Permit permit_;
-    std::optional<Shares::Permit> waiting_;
+    std::optional<Shares::Permit> waitingPermit_;
     /// The meeting holds us.
     std::weak_ptr<Meeting> meeting_;
     std::string roomCode_;
@@ -204,8 +204,8 @@ private:
     bool open_ = false;
     /// What the WebSocket layer is sending.
     SharedText writing_;
-    std::optional<Farewell> farewell_;
-    bool saidFarewell_ = false;
+    std::optional<CloseReason> closing_;
+    bool closeSent_ = false;
     bool ended_ = false;
 };
 

@@ -163,15 +163,15 @@ private:
         log_.line("ending", reason);
         error_code ignored;
         acceptor_.close(ignored);
-        for (const auto& held : service_->inRooms) {
+        for (const auto& held : service_->roomConnections) {
             if (const auto connection = held.lock()) connection->close({1001, "shutting down"});
         }
         stopWhenEmpty(std::chrono::steady_clock::now() + shutdownTimeout);
     }
 
     void stopWhenEmpty(TimePoint latest) {
-        std::erase_if(service_->inRooms, [](const auto& one) { return one.expired(); });
-        if (service_->inRooms.empty() || std::chrono::steady_clock::now() >= latest) {
+        std::erase_if(service_->roomConnections, [](const auto& one) { return one.expired(); });
+        if (service_->roomConnections.empty() || std::chrono::steady_clock::now() >= latest) {
             return loop_.stop();
         }
         parentTimer_.expires_after(shutdownPollInterval);

@@ -29,7 +29,7 @@ struct Service {
     Meetings meetings;
     Api api;
     /// Those in a room or on their way out of it, to say good-bye to at the end.
-    std::vector<std::weak_ptr<Connection>> inRooms;
+    std::vector<std::weak_ptr<Connection>> roomConnections;
 };
 
 }  // namespace stagehopper::companion

@@ -21,7 +21,7 @@ TEST_F(RoomTest, AReaderThatReadsNothingIsDroppedAndTwoHundredOthersMissNothing)
     joinByHand(slow, "slow");
     ASSERT_TRUE(backend_.logs("user=guest-200", 5s));
     // It begins to read when it is dropped, while the others go on.
-    auto farewell = std::async(std::launch::async, [&] {
+    auto closed = std::async(std::launch::async, [&] {
         if (!backend_.logs("user=guest-200 peer=127.0.0.1 reason=too slow", 40s))
             return std::string();
         return slow.readUntil("too slow", 10s);
@@ -51,9 +51,9 @@ TEST_F(RoomTest, AReaderThatReadsNothingIsDroppedAndTwoHundredOthersMissNothing)
         }
         seq += static_cast<std::int64_t>(sendersEachRound);
         longest = std::max(longest, std::chrono::steady_clock::now() - begin);
-        if (farewell.wait_for(0s) == std::future_status::ready) break;
+        if (closed.wait_for(0s) == std::future_status::ready) break;
     }
-    EXPECT_THAT(farewell.get(), testing::HasSubstr("\x03\xf0too slow"));
+    EXPECT_THAT(closed.get(), testing::HasSubstr("\x03\xf0too slow"));
     const auto milliseconds = std::chrono::ceil<std::chrono::milliseconds>(longest);
     RecordProperty("longest_round_ms", static_cast<int>(milliseconds.count()));
     EXPECT_LT(milliseconds, 10s) << "fifty steps to each of 199 readers, one reader after another";

@@ -17,8 +17,8 @@ public:
         texts_.push_back(std::move(text));
         topics.emplace_back(topic);
     }
-    void close(Farewell farewell) override { closed = farewell; }
-    void wait() override { waits = true; }
+    void close(CloseReason reason) override { closed = reason; }
+    void keepOpen() override { keptOpen = true; }
 
     std::vector<nlohmann::json> sent() const {
         std::vector<nlohmann::json> all;
@@ -35,8 +35,8 @@ public:
     }
 
     std::vector<std::string> topics;
-    std::optional<Farewell> closed;
-    bool waits = false;
+    std::optional<CloseReason> closed;
+    bool keptOpen = false;
 
 private:
     /// Read only when asked for: a full room sends very many.

@@ -30,7 +30,7 @@ protected:
 
     void tap(const FakeConnection& from, const std::string& id,
              Direction direction = Direction::next) {
-        meeting_.say(from, StepMessage{direction, id});
+        meeting_.handle(from, StepMessage{direction, id});
     }
 
     Meeting meeting_{{"K7M2QX", "Physics", createdAt, "secret"}};
@@ -121,7 +121,7 @@ TEST_F(MeetingTest, PointersGoToOverlaysOnly) {
     const auto native = join("overlay-native-1");
     const auto panel = join("panel-1", Role::host);
     const auto phone = join("phone-1");
-    meeting_.say(*phone, PointerMessage{0.5, 0.25, true});
+    meeting_.handle(*phone, PointerMessage{0.5, 0.25, true});
     ASSERT_THAT(overlay->ofType("pointer"), SizeIs(1));
     EXPECT_EQ(overlay->ofType("pointer")[0], json({{"type", "pointer"},
                                                    {"userId", "guest-4"},
@@ -139,9 +139,9 @@ TEST_F(MeetingTest, PointersOfEachUserMayReplaceEachOtherAndStepsMayNot) {
     const auto ann = join("phone-ann");
     const auto bob = join("phone-bob");
     overlay->topics.clear();
-    meeting_.say(*ann, PointerMessage{});
-    meeting_.say(*bob, PointerMessage{});
-    meeting_.say(*ann, PointerMessage{});
+    meeting_.handle(*ann, PointerMessage{});
+    meeting_.handle(*bob, PointerMessage{});
+    meeting_.handle(*ann, PointerMessage{});
     tap(*ann, "a");
     ASSERT_THAT(overlay->topics, SizeIs(4));
     EXPECT_EQ(overlay->topics[0], overlay->topics[2]);
@@ -167,7 +167,7 @@ TEST_F(MeetingTest, TheHostsSocketWaitsWhenTheMeetingIsOver) {
     const auto native = join("overlay-native-3F2A9C1B");
     meeting_.end();
     EXPECT_EQ(native->sent().back(), json({{"type", "ended"}}));
-    EXPECT_TRUE(native->waits);
+    EXPECT_TRUE(native->keptOpen);
     EXPECT_FALSE(native->closed);
 }
 
@@ -177,7 +177,7 @@ TEST_F(MeetingTest, NobodyIsToldTheIdThatTakesASeat) {
     const auto native = join("overlay-native-3F2A9C1B");
     const auto phone = join("phone-secret");
     tap(*phone, "a");
-    meeting_.say(*phone, PointerMessage{});
+    meeting_.handle(*phone, PointerMessage{});
     for (const auto& connection : {panel, overlay, native, phone}) {
         for (const json& message : connection->sent()) {
             for (const char* joinId : {"0a1b2c3d", "4e5f6071", "3F2A9C1B", "phone-secret"}) {

@@ -62,8 +62,7 @@ void Meeting::leave(const Connection& connection) {
 void Meeting::handle(const Connection& from, const ClientMessage& message) {
     const Member* member = findMember(from);
     if (member == nullptr) return;
-    if (const auto* stepped = std::get_if<StepMessage>(&message)) step(*member, *stepped);
-    if (const auto* pointed = std::get_if<PointerMessage>(&message)) point(*member, *pointed);
+    std::visit([&](const auto& content) { handleFrom(*member, content); }, message);
 }
 
 void Meeting::end() {
@@ -86,7 +85,7 @@ const Meeting::Member* Meeting::findMember(const Connection& connection) const {
     return found == members_.end() ? nullptr : &*found;
 }
 
-void Meeting::step(const Member& from, const StepMessage& message) {
+void Meeting::handleFrom(const Member& from, const StepMessage& message) {
     const std::string& userId = from.participant.userId;
     const TapId tap(from.joinId, message.id);
     if (const auto known = taps_.find(tap); known != taps_.end()) {
@@ -100,7 +99,7 @@ void Meeting::step(const Member& from, const StepMessage& message) {
     for (const Member& member : members_) member.connection->send(text, noTopic);
 }
 
-void Meeting::point(const Member& from, const PointerMessage& message) {
+void Meeting::handleFrom(const Member& from, const PointerMessage& message) {
     const Participant& who = from.participant;
     const SharedText text = shared(pointerMessage(who.userId, who.cursorColor, message));
     for (const Member& member : members_) {

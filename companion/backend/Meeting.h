@@ -75,8 +75,8 @@ private:
     using TapId = std::pair<std::string, std::string>;
 
     const Member* findMember(const Connection& connection) const;
-    void step(const Member& from, const StepMessage& message);
-    void point(const Member& from, const PointerMessage& message);
+    void handleFrom(const Member& from, const StepMessage& message);
+    void handleFrom(const Member& from, const PointerMessage& message);
     void broadcastParticipants(const Connection* except);
     void remember(const TapId& tap, Step step);
 

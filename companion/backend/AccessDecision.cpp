@@ -1,6 +1,9 @@
 #include "companion/backend/AccessDecision.h"
 
+#include <algorithm>
 #include <array>
+
+#include "companion/backend/PageTable.h"
 
 namespace stagehopper::companion {
 namespace {
@@ -10,7 +13,7 @@ struct Rule {
     Resource resource;
     std::string_view method;
     Trust minimumTrust;
-    /// May be loaded by a page of another origin: the panel's and the overlay's is opaque.
+    /// A page of another origin may ask for it: the panel and the overlay have an opaque origin.
     bool allowsForeignPage = false;
 };
 
@@ -23,25 +26,20 @@ constexpr std::array rules{
     Rule{"/v1/meetings", Resource::meetings, "POST", Trust::ownPage},
     Rule{"/v1/meetings/current", Resource::currentMeeting, "POST", Trust::ownPage},
     Rule{"/ws", Resource::room, "GET", Trust::network},
-    Rule{"/link", Resource::file, "GET", Trust::localProgram, true},
-    Rule{"/link.js", Resource::file, "GET", Trust::localProgram},
-    Rule{"/phone", Resource::file, "GET", Trust::network, true},
-    Rule{"/phone.js", Resource::file, "GET", Trust::network},
-    Rule{"/phone.css", Resource::file, "GET", Trust::network},
-    Rule{"/phone-texts.js", Resource::file, "GET", Trust::network},
-    Rule{"/awake.mp4", Resource::file, "GET", Trust::network},
-    Rule{"/awake.webm", Resource::file, "GET", Trust::network},
-    Rule{"/stagehopper.svg", Resource::file, "GET", Trust::network},
 };
-constexpr Rule oneMeeting{meetingPrefix, Resource::meeting, "DELETE", Trust::ownPage};
+constexpr Rule meetingRule{meetingPrefix, Resource::meeting, "DELETE", Trust::ownPage};
 
-const Rule* ruleFor(std::string_view path) {
-    for (const Rule& rule : rules) {
-        if (rule.path == path) return &rule;
+std::optional<Rule> ruleFor(std::string_view path) {
+    if (const auto rule = std::ranges::find(rules, path, &Rule::path); rule != rules.end()) {
+        return *rule;
     }
-    const bool one = path.starts_with(meetingPrefix) && path.size() > meetingPrefix.size() &&
-                     path.find('/', meetingPrefix.size()) == std::string_view::npos;
-    return one ? &oneMeeting : nullptr;
+    if (const auto page = std::ranges::find(pageTable, path, &PageEntry::path);
+        page != pageTable.end()) {
+        return Rule{page->path, Resource::file, "GET", page->minimumTrust, page->allowsForeignPage};
+    }
+    const bool oneMeeting = path.starts_with(meetingPrefix) && path.size() > meetingPrefix.size() &&
+                            path.find('/', meetingPrefix.size()) == std::string_view::npos;
+    return oneMeeting ? std::optional(meetingRule) : std::nullopt;
 }
 
 Trust trustOf(const RequestContext& context) {
@@ -58,9 +56,9 @@ bool comesFromForeignPage(const RequestContext& context) {
 }  // namespace
 
 AccessDecision decideAccess(const RequestContext& context) {
-    const Rule* rule = ruleFor(context.path);
-    const auto refusal = [rule](unsigned status, std::string_view reason) {
-        const std::string_view route = rule == nullptr ? "unknown" : rule->path;
+    const std::optional<Rule> rule = ruleFor(context.path);
+    const auto refusal = [&rule](unsigned status, std::string_view reason) {
+        const std::string_view route = rule ? rule->path : "unknown";
         return AccessDecision{
             .status = status, .reason = reason, .route = route, .allowedMethod = {}};
     };
@@ -73,7 +71,7 @@ AccessDecision decideAccess(const RequestContext& context) {
     }
 
     const Trust trust = trustOf(context);
-    if (rule == nullptr) return refusal(404, "no such thing");
+    if (!rule) return refusal(404, "no such thing");
     if (trust == Trust::network && rule->minimumTrust != Trust::network) {
         return refusal(403, "only on the computer itself");
     }

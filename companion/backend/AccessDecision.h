@@ -41,7 +41,7 @@ enum class Resource {
     /// One meeting; its code is the path's last part.
     meeting,
     room,
-    /// One of the pages' files; see `Pages`.
+    /// A page or one of its files; see `pageTable`.
     file,
 };
 

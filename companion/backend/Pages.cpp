@@ -1,41 +1,21 @@
 #include "companion/backend/Pages.h"
 
-#include <array>
 #include <fstream>
 #include <iterator>
 
+#include "companion/backend/PageTable.h"
+
 namespace stagehopper::companion {
-namespace {
-
-struct Listed {
-    std::string_view path;
-    std::string_view name;
-    std::string_view contentType;
-};
-
-constexpr std::array listed{
-    Listed{"/link", "link.html", "text/html; charset=utf-8"},
-    Listed{"/link.js", "link.js", "text/javascript; charset=utf-8"},
-    Listed{"/phone", "phone.html", "text/html; charset=utf-8"},
-    Listed{"/phone.js", "phone.js", "text/javascript; charset=utf-8"},
-    Listed{"/phone.css", "phone.css", "text/css; charset=utf-8"},
-    Listed{"/phone-texts.js", "phone-texts.js", "text/javascript; charset=utf-8"},
-    Listed{"/awake.mp4", "awake.mp4", "video/mp4"},
-    Listed{"/awake.webm", "awake.webm", "video/webm"},
-    Listed{"/stagehopper.svg", "stagehopper.svg", "image/svg+xml"},
-};
-
-}  // namespace
 
 Pages::Pages(const std::string& directory) {
-    for (const Listed& one : listed) {
-        std::ifstream file(directory + "/" + std::string(one.name), std::ios::binary);
+    for (const PageEntry& page : pageTable) {
+        std::ifstream file(directory + "/" + std::string(page.fileName), std::ios::binary);
         if (!file) {
-            missing_.emplace_back(one.name);
+            missing_.emplace_back(page.fileName);
             continue;
         }
         std::string bytes(std::istreambuf_iterator<char>(file), {});
-        files_.emplace(one.path, File{std::string(one.contentType), std::move(bytes)});
+        files_.emplace(page.path, File{std::string(page.contentType), std::move(bytes)});
     }
 }
 

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <array>
+#include <string_view>
+
+#include "companion/backend/AccessDecision.h"
+
+namespace stagehopper::companion {
+
+/// A file that browsers may load.
+struct PageEntry {
+    std::string_view path;
+    std::string_view fileName;
+    std::string_view contentType;
+    Trust minimumTrust = Trust::network;
+    /// A page of another origin may load it: the panel and the overlay have an opaque origin.
+    bool allowsForeignPage = false;
+};
+
+/// All of them: no other path leads to a file.
+inline constexpr std::array pageTable{
+    PageEntry{"/link", "link.html", "text/html; charset=utf-8", Trust::localProgram, true},
+    PageEntry{"/link.js", "link.js", "text/javascript; charset=utf-8", Trust::localProgram},
+    PageEntry{"/phone", "phone.html", "text/html; charset=utf-8", Trust::network, true},
+    PageEntry{"/phone.js", "phone.js", "text/javascript; charset=utf-8"},
+    PageEntry{"/phone.css", "phone.css", "text/css; charset=utf-8"},
+    PageEntry{"/phone-texts.js", "phone-texts.js", "text/javascript; charset=utf-8"},
+    PageEntry{"/awake.mp4", "awake.mp4", "video/mp4"},
+    PageEntry{"/awake.webm", "awake.webm", "video/webm"},
+    PageEntry{"/stagehopper.svg", "stagehopper.svg", "image/svg+xml"},
+};
+
+}  // namespace stagehopper::companion

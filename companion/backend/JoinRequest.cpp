@@ -1,6 +1,7 @@
 #include "companion/backend/JoinRequest.h"
 
 #include <algorithm>
+#include <charconv>
 #include <map>
 
 #include "companion/backend/Names.h"
@@ -10,15 +11,27 @@ namespace {
 
 using Values = std::map<std::string, std::string, std::less<>>;
 
-std::optional<int> hexDigit(char character) {
-    if (character >= '0' && character <= '9') return character - '0';
-    if (character >= 'a' && character <= 'f') return character - 'a' + 10;
-    if (character >= 'A' && character <= 'F') return character - 'A' + 10;
-    return std::nullopt;
+/// Decodes %XX; a plus sign stays a plus sign. Null if an escape is malformed.
+std::optional<std::string> percentDecoded(std::string_view text) {
+    std::string decoded;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (text[at] != '%') {
+            decoded += text[at];
+            continue;
+        }
+        const std::string_view digits = text.substr(at + 1, 2);
+        const char* end = digits.data() + digits.size();
+        unsigned char byte = 0;
+        const auto parsed = std::from_chars(digits.data(), end, byte, 16);
+        if (digits.size() != 2 || parsed.ptr != end) return std::nullopt;
+        decoded += static_cast<char>(byte);
+        at += 2;
+    }
+    return decoded;
 }
 
-/// None when a name occurs twice: two readers could choose differently.
-std::optional<Values> valuesOf(std::string_view query) {
+/// Null if a name occurs twice: two readers could choose differently.
+std::optional<Values> parseQuery(std::string_view query) {
     Values values;
     while (!query.empty()) {
         const std::string_view item = query.substr(0, query.find('&'));
@@ -35,10 +48,10 @@ std::optional<Values> valuesOf(std::string_view query) {
 
 bool isColor(std::string_view text) {
     return text.size() == 7 && text.front() == '#' &&
-           std::ranges::all_of(text.substr(1), [](char c) { return hexDigit(c).has_value(); });
+           text.find_first_not_of("0123456789abcdefABCDEF", 1) == std::string_view::npos;
 }
 
-std::optional<Role> roleNamed(std::string_view name) {
+std::optional<Role> roleFromName(std::string_view name) {
     for (const Role role : {Role::host, Role::guest}) {
         if (name == nameOf(role)) return role;
     }
@@ -51,25 +64,8 @@ std::string_view nameOf(Role role) {
     return role == Role::host ? "host" : "guest";
 }
 
-std::optional<std::string> percentDecoded(std::string_view text) {
-    std::string decoded;
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        if (text[at] != '%') {
-            decoded += text[at];
-            continue;
-        }
-        if (at + 2 >= text.size()) return std::nullopt;
-        const auto high = hexDigit(text[at + 1]);
-        const auto low = hexDigit(text[at + 2]);
-        if (!high || !low) return std::nullopt;
-        decoded += static_cast<char>(*high * 16 + *low);
-        at += 2;
-    }
-    return decoded;
-}
-
 std::optional<JoinRequest> parseJoinRequest(std::string_view query) {
-    const auto values = valuesOf(query);
+    const auto values = parseQuery(query);
     if (!values) return std::nullopt;
     const auto find = [&](std::string_view name) -> std::optional<std::string> {
         const auto found = values->find(name);
@@ -78,7 +74,7 @@ std::optional<JoinRequest> parseJoinRequest(std::string_view query) {
 
     const auto roomCode = find("roomCode");
     const auto userId = find("userId");
-    const auto role = roleNamed(find("role").value_or(""));
+    const auto role = roleFromName(find("role").value_or(""));
     const auto displayName = find("displayName");
     const auto cursorColor = find("cursorColor");
     if (!roomCode || !userId || !role || !displayName || !cursorColor) return std::nullopt;

@@ -37,7 +37,4 @@ struct JoinRequest {
 /// Thread: any; pure.
 std::optional<JoinRequest> parseJoinRequest(std::string_view query);
 
-/// Decodes %XX; a plus sign stays one. None when a percent sign stands for nothing.
-std::optional<std::string> percentDecoded(std::string_view text);
-
 }  // namespace stagehopper::companion

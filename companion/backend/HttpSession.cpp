@@ -6,7 +6,6 @@
 #include <boost/beast/websocket/rfc6455.hpp>
 #include <chrono>
 
-#include "companion/backend/RoomEntry.h"
 #include "companion/backend/RoomSession.h"
 
 namespace stagehopper::companion {
@@ -139,25 +138,23 @@ void HttpSession::onBroken(beast::error_code error) {
 }
 
 void HttpSession::enter(std::string_view query, Trust trust, bool upgrade) {
-    RoomEntry entry = enterRoom(query, trust, peer_, service_.meetings, service_.failedLogins,
-                                std::chrono::steady_clock::now());
-    if (entry.status == 101 && !upgrade) {
-        entry.status = 426;
-        entry.reason = "the room is a WebSocket";
-    } else if (entry.status == 101 && buffer_.size() > 0) {
-        // Nothing may be said before the handshake is over.
-        entry.status = 400;
-        entry.reason = "too early";
-    }
-    if (entry.status != 101) {
-        logRefusal(entry.status, "/ws", entry.reason);
-        Response refused = errorResponse(entry.status, entry.reason);
-        if (entry.status == 426) refused.headers["Upgrade"] = "websocket";
-        return respond(std::move(refused), false);
-    }
+    const auto result = enterRoom(
+        {.query = query, .trust = trust, .address = peer_, .now = std::chrono::steady_clock::now()},
+        service_.meetings, service_.failedLogins);
+    if (const auto* refusal = std::get_if<EntryRefusal>(&result)) return refuseEntry(*refusal);
+    if (!upgrade) return refuseEntry({426, "the room is a WebSocket"});
+    // A client must not send before the handshake is complete.
+    if (buffer_.size() > 0) return refuseEntry({400, "too early"});
     stream_.expires_never();
-    startRoomSession(std::move(stream_), service_, std::move(permit_), entry, peer_,
-                     parser_->release());
+    startRoomSession(std::move(stream_), service_, std::move(permit_), std::get<RoomEntry>(result),
+                     peer_, parser_->release());
+}
+
+void HttpSession::refuseEntry(const EntryRefusal& refusal) {
+    logRefusal(refusal.status, "/ws", refusal.reason);
+    Response response = errorResponse(refusal.status, refusal.reason);
+    if (refusal.status == 426) response.headers["Upgrade"] = "websocket";
+    respond(std::move(response), false);
 }
 
 void HttpSession::respond(Response response, bool keepAlive) {

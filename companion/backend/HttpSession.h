@@ -8,6 +8,7 @@
 #include <memory>
 #include <optional>
 
+#include "companion/backend/RoomEntry.h"
 #include "companion/backend/Service.h"
 
 namespace stagehopper::companion {
@@ -29,6 +30,7 @@ private:
     void onBroken(boost::beast::error_code error);
     /// Without an upgrade it is a question: a page cannot see why its handshake was refused.
     void enter(std::string_view query, Trust trust, bool upgrade);
+    void refuseEntry(const EntryRefusal& refusal);
     void respond(Response response, bool keepAlive);
     void logRefusal(unsigned status, std::string_view route, std::string_view reason);
     /// Closes without losing the answer: what the other side still sends is read and thrown away.

@@ -6,40 +6,45 @@
 namespace stagehopper::companion {
 namespace {
 
-RoomEntry refused(unsigned status, std::string_view reason) {
-    return {.status = status, .reason = reason, .meeting = nullptr, .request = {}};
-}
+constexpr EntryRefusal malformedQuery{400, "malformed query"};
+constexpr EntryRefusal hostRole{403, "guests only"};
+// The same text: reserved ids belong to the host, the panel and the overlay, not to guests.
+constexpr EntryRefusal reservedName{403, "guests only"};
+constexpr EntryRefusal wrongSecret{403, "wrong secret"};
+constexpr EntryRefusal noSuchMeeting{404, "no such meeting"};
+constexpr EntryRefusal blocked{429, "too many wrong secrets"};
+constexpr EntryRefusal roomIsFull{503, "the room is full"};
 
 }  // namespace
 
-RoomEntry enterRoom(std::string_view query, Trust trust, const std::string& address,
-                    const Meetings& meetings, FailedLogins& failedLogins, TimePoint now) {
-    const auto request = parseJoinRequest(query);
-    if (!request) return refused(400, "malformed query");
-    const bool guest = request->role == Role::guest;
-    if (trust == Trust::localProgram && !guest) return refused(403, "guests only");
-    // The phone's page is an own page, too, when it is opened on this machine.
-    const bool needsSecret = trust == Trust::network;
+std::variant<EntryRefusal, RoomEntry> enterRoom(const EntryRequest& entry, const Meetings& meetings,
+                                                FailedLogins& failedLogins) {
+    const auto request = parseJoinRequest(entry.query);
+    if (!request) return malformedQuery;
+    const bool isGuest = request->role == Role::guest;
+    const bool isLocalProgram = entry.trust == Trust::localProgram;
+    if (isLocalProgram && !isGuest) return hostRole;
+    // On this machine the phone's page is trusted like the panel and needs no secret.
+    const bool needsSecret = entry.trust == Trust::network;
     if (needsSecret) {
-        if (failedLogins.isBlocked(address, now)) return refused(429, "too many wrong secrets");
-        if (!guest || isReserved(request->joinId)) return refused(403, "guests only");
+        if (failedLogins.isBlocked(entry.address, entry.now)) return blocked;
+        if (!isGuest) return hostRole;
+        if (isReserved(request->joinId)) return reservedName;
     }
     const auto meeting = meetings.find(request->roomCode);
-    if (meeting == nullptr && trust == Trust::localProgram && isHostSocket(request->joinId)) {
-        // It would ask again every second for as long as it is refused.
-        return {.reason = {}, .meeting = nullptr, .request = *request};
-    }
     if (meeting == nullptr) {
-        // Codes are guessed as secrets are.
-        if (needsSecret) failedLogins.record(address, now);
-        return refused(404, "no such meeting");
+        // A refused host would retry every second.
+        if (isLocalProgram && isHostSocket(request->joinId)) return RoomEntry{*request, nullptr};
+        // A wrong code counts like a wrong secret: both are guesses.
+        if (needsSecret) failedLogins.record(entry.address, entry.now);
+        return noSuchMeeting;
     }
     if (needsSecret && !secretsEqual(request->secret.value_or(""), meeting->identity().secret)) {
-        failedLogins.record(address, now);
-        return refused(403, "wrong secret");
+        failedLogins.record(entry.address, entry.now);
+        return wrongSecret;
     }
-    if (!meeting->hasRoomFor(request->joinId)) return refused(503, "the room is full");
-    return {.reason = {}, .meeting = meeting, .request = *request};
+    if (!meeting->hasRoomFor(request->joinId)) return roomIsFull;
+    return RoomEntry{*request, meeting};
 }
 
 }  // namespace stagehopper::companion

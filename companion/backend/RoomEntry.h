@@ -1,7 +1,9 @@
 #pragma once
 
-#include <optional>
+#include <memory>
+#include <string>
 #include <string_view>
+#include <variant>
 
 #include "companion/backend/AccessDecision.h"
 #include "companion/backend/FailedLogins.h"
@@ -10,18 +12,30 @@
 
 namespace stagehopper::companion {
 
-struct RoomEntry {
-    /// 101, or why not.
-    unsigned status = 101;
-    std::string_view reason;
-    /// Absent for a host's socket whose meeting is over: it waits.
-    std::shared_ptr<Meeting> meeting;
-    JoinRequest request;
+/// A client that asks to join a room.
+struct EntryRequest {
+    std::string_view query;
+    Trust trust = Trust::network;
+    /// The peer's address. Failed attempts are counted for it.
+    std::string address;
+    TimePoint now;
 };
 
-/// Who may join with this query. Wrong secrets and codes are counted under the peer's address.
-/// Thread: one at a time.
-RoomEntry enterRoom(std::string_view query, Trust trust, const std::string& address,
-                    const Meetings& meetings, FailedLogins& failedLogins, TimePoint now);
+/// The HTTP status and the reason for not joining.
+struct EntryRefusal {
+    unsigned status = 403;
+    std::string_view reason;
+};
+
+struct RoomEntry {
+    JoinRequest request;
+    /// Null if the meeting is over: the host's connection then stays open without one.
+    std::shared_ptr<Meeting> meeting;
+};
+
+/// Decides who may join a room. One thread at a time.
+[[nodiscard]] std::variant<EntryRefusal, RoomEntry> enterRoom(const EntryRequest& entry,
+                                                              const Meetings& meetings,
+                                                              FailedLogins& failedLogins);
 
 }  // namespace stagehopper::companion

@@ -9,6 +9,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
+constexpr unsigned joined = 101;
+
 class RoomEntryTest : public testing::Test {
 protected:
     std::string query(const std::string& userId, const std::string& role = "guest") const {
@@ -19,7 +21,11 @@ protected:
         return query + "&secret=" + meeting_->identity().secret;
     }
     unsigned enter(const std::string& query, Trust trust) {
-        return enterRoom(query, trust, "10.0.0.1", meetings_, failedLogins_, now_).status;
+        const auto result =
+            enterRoom({.query = query, .trust = trust, .address = "10.0.0.1", .now = now_},
+                      meetings_, failedLogins_);
+        const auto* refusal = std::get_if<EntryRefusal>(&result);
+        return refusal == nullptr ? joined : refusal->status;
     }
 
     Meetings meetings_;
@@ -29,9 +35,9 @@ protected:
 };
 
 TEST_F(RoomEntryTest, ThisMachinesClientsNeedNoSecret) {
-    EXPECT_EQ(enter(query("overlay-native-1"), Trust::localProgram), 101U);
-    EXPECT_EQ(enter(query("panel-1", "host"), Trust::ownPage), 101U);
-    EXPECT_EQ(enter(query("overlay-1"), Trust::ownPage), 101U);
+    EXPECT_EQ(enter(query("overlay-native-1"), Trust::localProgram), joined);
+    EXPECT_EQ(enter(query("panel-1", "host"), Trust::ownPage), joined);
+    EXPECT_EQ(enter(query("overlay-1"), Trust::ownPage), joined);
 }
 
 TEST_F(RoomEntryTest, AProgramIsAGuest) {
@@ -39,7 +45,7 @@ TEST_F(RoomEntryTest, AProgramIsAGuest) {
 }
 
 TEST_F(RoomEntryTest, ThePhoneNeedsTheSecret) {
-    EXPECT_EQ(enter(withSecret(query("phone-1")), Trust::network), 101U);
+    EXPECT_EQ(enter(withSecret(query("phone-1")), Trust::network), joined);
     EXPECT_EQ(enter(query("phone-1"), Trust::network), 403U);
     EXPECT_EQ(enter(query("phone-1") + "&secret=", Trust::network), 403U);
     EXPECT_EQ(enter(withSecret(query("phone-1")) + "x", Trust::network), 403U);
@@ -73,7 +79,7 @@ TEST_F(RoomEntryTest, MalformedUnknownAndFull) {
 TEST_F(RoomEntryTest, AHostComesBackToAMeetingThatIsOver) {
     const std::string host = query("overlay-native-1");
     meetings_.end(meeting_->identity().roomCode);
-    EXPECT_EQ(enter(host, Trust::localProgram), 101U);
+    EXPECT_EQ(enter(host, Trust::localProgram), joined);
     EXPECT_EQ(enter(host, Trust::ownPage), 404U) << "pages hear of the end and stop";
     EXPECT_EQ(enter(query("other"), Trust::localProgram), 404U);
 }
@@ -85,7 +91,7 @@ TEST_F(RoomEntryTest, WhoGuessesCodesWaitsAsWell) {
     EXPECT_EQ(enter(unknown, Trust::network), 429U);
     EXPECT_EQ(enter(withSecret(query("phone-1")), Trust::network), 429U);
     now_ += 60s;
-    EXPECT_EQ(enter(withSecret(query("phone-1")), Trust::network), 101U);
+    EXPECT_EQ(enter(withSecret(query("phone-1")), Trust::network), joined);
 }
 
 TEST_F(RoomEntryTest, WhoGuessesWaitsEvenWithTheRightSecretAtLast) {
@@ -93,9 +99,10 @@ TEST_F(RoomEntryTest, WhoGuessesWaitsEvenWithTheRightSecretAtLast) {
         EXPECT_EQ(enter(query("phone-1") + "&secret=guess", Trust::network), 403U);
     }
     EXPECT_EQ(enter(withSecret(query("phone-1")), Trust::network), 429U);
-    EXPECT_EQ(enter(query("overlay-native-1"), Trust::localProgram), 101U) << "others do not wait";
+    EXPECT_EQ(enter(query("overlay-native-1"), Trust::localProgram), joined)
+        << "others do not wait";
     now_ += 60s;
-    EXPECT_EQ(enter(withSecret(query("phone-1")), Trust::network), 101U);
+    EXPECT_EQ(enter(withSecret(query("phone-1")), Trust::network), joined);
 }
 
 }  // namespace

@@ -5,11 +5,11 @@
 
 #include "companion/backend/Api.h"
 #include "companion/backend/BackendLog.h"
-#include "companion/backend/ConnectionCounts.h"
+#include "companion/backend/ConnectionLimits.h"
 #include "companion/backend/FailedLogins.h"
 #include "companion/backend/Meetings.h"
 #include "companion/backend/Pages.h"
-#include "companion/backend/Shares.h"
+#include "companion/backend/Quotas.h"
 
 namespace stagehopper::companion {
 

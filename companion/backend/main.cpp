@@ -8,7 +8,7 @@
 #include <exception>
 #include <filesystem>
 
-#include "companion/backend/ConnectionCounts.h"
+#include "companion/backend/ConnectionLimits.h"
 #include "companion/backend/Server.h"
 
 namespace {

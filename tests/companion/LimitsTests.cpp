@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "companion/backend/ConnectionCounts.h"
+#include "companion/backend/ConnectionLimits.h"
 #include "companion/backend/FailedLogins.h"
 #include "companion/backend/LineBudget.h"
 #include "companion/backend/OutgoingQueue.h"

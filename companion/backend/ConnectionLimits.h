@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "companion/backend/Shares.h"
+#include "companion/backend/Quotas.h"
 
 namespace stagehopper::companion {
 

@@ -14,12 +14,12 @@ const std::string* textAt(const Json& object, const char* key) {
     return found == object.end() ? nullptr : found->get_ptr<const std::string*>();
 }
 
-std::optional<double> shareAt(const Json& object, const char* key) {
+std::optional<double> fractionAt(const Json& object, const char* key) {
     const auto found = object.find(key);
     if (found == object.end() || !found->is_number()) return std::nullopt;
-    const auto share = found->get<double>();
-    if (!(share >= 0 && share <= 1)) return std::nullopt;
-    return share;
+    const auto fraction = found->get<double>();
+    if (!(fraction >= 0 && fraction <= 1)) return std::nullopt;
+    return fraction;
 }
 
 std::optional<Direction> directionNamed(const std::string& name) {
@@ -40,8 +40,8 @@ std::optional<ClientMessage> step(const Json& object) {
 }
 
 std::optional<ClientMessage> pointer(const Json& object) {
-    const auto x = shareAt(object, "x");
-    const auto y = shareAt(object, "y");
+    const auto x = fractionAt(object, "x");
+    const auto y = fractionAt(object, "y");
     const auto visible = object.find("visible");
     if (!x || !y || visible == object.end() || !visible->is_boolean()) return std::nullopt;
     return PointerMessage{*x, *y, visible->get<bool>()};

@@ -21,7 +21,7 @@ struct Peer {
 /// that neither can lock out the other; other users of the machine leave most of its share to the
 /// presenter's programs.
 /// Thread: one at a time. Outlives its permits.
-class ConnectionCounts {
+class ConnectionLimits {
 public:
     static constexpr std::size_t maxNetwork = 960;
     static constexpr std::size_t maxFromOneAddress = 64;
@@ -30,16 +30,16 @@ public:
     static constexpr std::size_t maxConnections = maxNetwork + maxThisMachine;
 
     /// None when there are too many.
-    std::optional<Shares::Permit> take(const Peer& peer) {
+    std::optional<Quotas::Permit> take(const Peer& peer) {
         if (!peer.isLoopback) {
-            return shares_.take({{"network", maxNetwork}, {peer.address, maxFromOneAddress}});
+            return quotas_.take({{"network", maxNetwork}, {peer.address, maxFromOneAddress}});
         }
-        if (!peer.isOtherUser) return shares_.take({{"this machine", maxThisMachine}});
-        return shares_.take({{"this machine", maxThisMachine}, {"other users", maxOtherUsers}});
+        if (!peer.isOtherUser) return quotas_.take({{"this machine", maxThisMachine}});
+        return quotas_.take({{"this machine", maxThisMachine}, {"other users", maxOtherUsers}});
     }
 
 private:
-    Shares shares_;
+    Quotas quotas_;
 };
 
 }  // namespace stagehopper::companion

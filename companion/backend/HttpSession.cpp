@@ -60,7 +60,7 @@ std::string_view queryOf(const HttpRequest& request) {
 
 }  // namespace
 
-HttpSession::HttpSession(asio::ip::tcp::socket socket, Service& service, Shares::Permit permit)
+HttpSession::HttpSession(asio::ip::tcp::socket socket, Service& service, Quotas::Permit permit)
     : stream_(std::move(socket)),
       service_(service),
       permit_(std::move(permit)),
@@ -91,7 +91,7 @@ void HttpSession::refuse() {
 }
 
 void HttpSession::onRequest(beast::error_code error) {
-    if (error) return onBroken(error);
+    if (error) return onReadError(error);
     const HttpRequest& request = parser_->get();
     if (!decidesOnce(request)) {
         logRefusal(400, "-", "a header twice");
@@ -114,7 +114,7 @@ void HttpSession::onRequest(beast::error_code error) {
     respond(std::move(response), request.keep_alive());
 }
 
-void HttpSession::onBroken(beast::error_code error) {
+void HttpSession::onReadError(beast::error_code error) {
     const bool begun = parser_->got_some();
     if (error == http::error::header_limit || error == http::error::buffer_overflow) {
         logRefusal(431, "-", "header too large");

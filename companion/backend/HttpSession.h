@@ -17,7 +17,7 @@ namespace stagehopper::companion {
 /// Thread: the server's. Lives as long as something is under way.
 class HttpSession : public std::enable_shared_from_this<HttpSession> {
 public:
-    HttpSession(boost::asio::ip::tcp::socket socket, Service& service, Shares::Permit permit);
+    HttpSession(boost::asio::ip::tcp::socket socket, Service& service, Quotas::Permit permit);
 
     void serve();
     /// Says that there are too many connections, and ends.
@@ -27,7 +27,7 @@ private:
     using Parser = boost::beast::http::request_parser<boost::beast::http::string_body>;
 
     void onRequest(boost::beast::error_code error);
-    void onBroken(boost::beast::error_code error);
+    void onReadError(boost::beast::error_code error);
     /// Without an upgrade it is a question: a page cannot see why its handshake was refused.
     void enter(std::string_view query, Trust trust, bool upgrade);
     void refuseEntry(const EntryRefusal& refusal);
@@ -39,7 +39,7 @@ private:
 
     boost::beast::tcp_stream stream_;
     Service& service_;
-    Shares::Permit permit_;
+    Quotas::Permit permit_;
     std::string peer_;
     std::string reachedAt_;
     boost::beast::flat_buffer buffer_;

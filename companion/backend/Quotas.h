@@ -12,9 +12,9 @@ namespace stagehopper::companion {
 
 /// Counts what is in use of named shares.
 /// Thread: one at a time. Outlives its permits.
-class Shares {
+class Quotas {
 public:
-    struct Share {
+    struct Quota {
         std::string name;
         std::size_t max;
     };
@@ -22,35 +22,35 @@ public:
     /// One of each of its shares, held as long as it lives.
     class Permit {
     public:
-        Permit(Shares& shares, std::vector<Share> held)
-            : shares_(&shares), held_(std::move(held)) {}
+        Permit(Quotas& quotas, std::vector<Quota> held)
+            : quotas_(&quotas), held_(std::move(held)) {}
         Permit(Permit&& other) noexcept
-            : shares_(std::exchange(other.shares_, nullptr)), held_(std::move(other.held_)) {}
+            : quotas_(std::exchange(other.quotas_, nullptr)), held_(std::move(other.held_)) {}
         Permit& operator=(Permit&&) = delete;
         ~Permit() {
-            if (shares_ != nullptr) shares_->giveBack(held_);
+            if (quotas_ != nullptr) quotas_->release(held_);
         }
 
     private:
-        Shares* shares_;
-        std::vector<Share> held_;
+        Quotas* quotas_;
+        std::vector<Quota> held_;
     };
 
     /// None when one of the shares is used up.
-    std::optional<Permit> take(std::vector<Share> wanted) {
-        const bool free = std::ranges::all_of(wanted, [this](const Share& share) {
-            const auto used = used_.find(share.name);
-            return used == used_.end() || used->second < share.max;
+    std::optional<Permit> take(std::vector<Quota> wanted) {
+        const bool free = std::ranges::all_of(wanted, [this](const Quota& quota) {
+            const auto used = used_.find(quota.name);
+            return used == used_.end() || used->second < quota.max;
         });
         if (!free) return std::nullopt;
-        for (const Share& share : wanted) ++used_[share.name];
+        for (const Quota& quota : wanted) ++used_[quota.name];
         return Permit(*this, std::move(wanted));
     }
 
 private:
-    void giveBack(const std::vector<Share>& held) {
-        for (const Share& share : held) {
-            const auto used = used_.find(share.name);
+    void release(const std::vector<Quota>& held) {
+        for (const Quota& quota : held) {
+            const auto used = used_.find(quota.name);
             if (--used->second == 0) used_.erase(used);
         }
     }

@@ -34,7 +34,7 @@ using HttpRequest = http::request<http::string_body>;
 
 class RoomSession : public Connection, public std::enable_shared_from_this<RoomSession> {
 public:
-    RoomSession(beast::tcp_stream stream, Service& service, Shares::Permit permit,
+    RoomSession(beast::tcp_stream stream, Service& service, Quotas::Permit permit,
                 const RoomEntry& entry, std::string peer)
         : ws_(std::move(stream)),
           closeTimer_(ws_.get_executor()),
@@ -191,8 +191,8 @@ private:
     websocket::stream<beast::tcp_stream> ws_;
     asio::steady_timer closeTimer_;
     Service& service_;
-    Shares::Permit permit_;
-    std::optional<Shares::Permit> waitingPermit_;
+    Quotas::Permit permit_;
+    std::optional<Quotas::Permit> waitingPermit_;
     /// The meeting holds us.
     std::weak_ptr<Meeting> meeting_;
     std::string roomCode_;
@@ -211,7 +211,7 @@ private:
 
 }  // namespace
 
-void startRoomSession(beast::tcp_stream stream, Service& service, Shares::Permit permit,
+void startRoomSession(beast::tcp_stream stream, Service& service, Quotas::Permit permit,
                       const RoomEntry& entry, std::string peer, HttpRequest request) {
     std::make_shared<RoomSession>(std::move(stream), service, std::move(permit), entry,
                                   std::move(peer))

@@ -12,7 +12,7 @@ namespace stagehopper::companion {
 
 /// Joins the room and makes the connection a WebSocket, which then lives on its own.
 /// Thread: the server's.
-void startRoomSession(boost::beast::tcp_stream stream, Service& service, Shares::Permit permit,
+void startRoomSession(boost::beast::tcp_stream stream, Service& service, Quotas::Permit permit,
                       const RoomEntry& entry, std::string peer,
                       boost::beast::http::request<boost::beast::http::string_body> request);
 

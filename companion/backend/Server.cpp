@@ -90,7 +90,7 @@ public:
             return 1;
         }
         signals_.async_wait([this](error_code error, int) {
-            if (!error) end("told to");
+            if (!error) shutDown("told to");
         });
         watchParent();
         accept();
@@ -117,7 +117,7 @@ private:
 
     void accept() {
         acceptor_.async_accept([this](error_code error, tcp::socket socket) {
-            if (ending_) return;
+            if (shuttingDown_) return;
             if (error) {
                 // No descriptors, most likely: trying again at once would only heat the machine.
                 acceptTimer_.expires_after(acceptRetryDelay);
@@ -126,12 +126,12 @@ private:
                 });
                 return;
             }
-            take(std::move(socket));
+            startSession(std::move(socket));
             accept();
         });
     }
 
-    void take(tcp::socket socket) {
+    void startSession(tcp::socket socket) {
         error_code error;
         const auto peer = socket.remote_endpoint(error);
         // Gone already.
@@ -140,10 +140,10 @@ private:
         // What a slow reader leaves lying waits in our queue, where old pointers are replaced.
         socket.set_option(tcp::socket::send_buffer_size(sendBufferBytes), error);
         const Peer who = peerOf(peer, socket.local_endpoint(error));
-        if (auto permit = service_->counts.take(who)) {
+        if (auto permit = service_->connectionLimits.take(who)) {
             std::make_shared<HttpSession>(std::move(socket), *service_, std::move(*permit))
                 ->serve();
-        } else if (auto refusal = service_->refused.take(who)) {
+        } else if (auto refusal = service_->refusalLimits.take(who)) {
             std::make_shared<HttpSession>(std::move(socket), *service_, std::move(*refusal))
                 ->refuse();
         }
@@ -153,13 +153,13 @@ private:
         parentTimer_.expires_after(parentPollInterval);
         parentTimer_.async_wait([this](error_code error) {
             if (error) return;
-            parent_.isGone() ? end("parent gone") : watchParent();
+            parent_.isGone() ? shutDown("parent gone") : watchParent();
         });
     }
 
-    void end(std::string_view reason) {
-        if (ending_) return;
-        ending_ = true;
+    void shutDown(std::string_view reason) {
+        if (shuttingDown_) return;
+        shuttingDown_ = true;
         log_.line("ending", reason);
         error_code ignored;
         acceptor_.close(ignored);
@@ -187,7 +187,7 @@ private:
     asio::signal_set signals_{loop_, SIGTERM, SIGINT};
     asio::steady_timer acceptTimer_{loop_};
     asio::steady_timer parentTimer_{loop_};
-    bool ending_ = false;
+    bool shuttingDown_ = false;
 };
 
 }  // namespace

@@ -20,11 +20,11 @@ struct Service {
         : log(theLog), api(meetings, pages, theLog, std::move(environment)) {}
 
     BackendLog& log;
-    ConnectionCounts counts;
-    /// More than `counts` allows: they get an answer, but not all at once.
-    ConnectionCounts refused;
+    ConnectionLimits connectionLimits;
+    /// More than `connectionLimits` allows: they get an answer, but not all at once.
+    ConnectionLimits refusalLimits;
     /// The sockets of hosts whose meeting is over; see `RoomSession`.
-    Shares waitingHosts;
+    Quotas waitingHosts;
     FailedLogins failedLogins;
     Meetings meetings;
     Api api;

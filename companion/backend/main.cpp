@@ -23,7 +23,7 @@ std::optional<std::string> environment(const std::string& name) {
 /// Systems start programs with fewer files than there may be connections.
 void allowEnoughFiles() {
     // Twice: those that get an answer that there are too many need one, too.
-    constexpr rlim_t needed = 2 * ConnectionCounts::maxConnections + 64;
+    constexpr rlim_t needed = 2 * ConnectionLimits::maxConnections + 64;
     rlimit limit{};
     if (::getrlimit(RLIMIT_NOFILE, &limit) != 0 || limit.rlim_cur >= needed) return;
     limit.rlim_cur = std::min(needed, limit.rlim_max);

@@ -78,43 +78,43 @@ Peer fromNetwork(const std::string& address) {
 const Peer ownProgram{.address = "127.0.0.1", .isLoopback = true};
 const Peer otherUser{.address = "127.0.0.2", .isLoopback = true, .isOtherUser = true};
 
-std::size_t taken(ConnectionCounts& counts, const Peer& peer, std::vector<Shares::Permit>& held) {
+std::size_t taken(ConnectionLimits& limits, const Peer& peer, std::vector<Quotas::Permit>& held) {
     std::size_t count = 0;
-    while (auto permit = counts.take(peer)) {
+    while (auto permit = limits.take(peer)) {
         held.push_back(std::move(*permit));
         ++count;
     }
     return count;
 }
 
-TEST(ConnectionCounts, AnAddressOfTheNetworkHasSixtyFour) {
-    ConnectionCounts counts;
-    std::vector<Shares::Permit> held;
-    EXPECT_EQ(taken(counts, fromNetwork("10.0.0.1"), held), 64U);
-    EXPECT_TRUE(counts.take(fromNetwork("10.0.0.2")));
-    EXPECT_TRUE(counts.take(ownProgram));
+TEST(ConnectionLimits, AnAddressOfTheNetworkHasSixtyFour) {
+    ConnectionLimits limits;
+    std::vector<Quotas::Permit> held;
+    EXPECT_EQ(taken(limits, fromNetwork("10.0.0.1"), held), 64U);
+    EXPECT_TRUE(limits.take(fromNetwork("10.0.0.2")));
+    EXPECT_TRUE(limits.take(ownProgram));
     held.pop_back();
-    EXPECT_TRUE(counts.take(fromNetwork("10.0.0.1"))) << "one has been given back";
+    EXPECT_TRUE(limits.take(fromNetwork("10.0.0.1"))) << "one has been given back";
 }
 
-TEST(ConnectionCounts, TheNetworkCannotLockOutThisMachineNorThisMachineTheNetwork) {
-    ConnectionCounts counts;
-    std::vector<Shares::Permit> held;
+TEST(ConnectionLimits, TheNetworkCannotLockOutThisMachineNorThisMachineTheNetwork) {
+    ConnectionLimits limits;
+    std::vector<Quotas::Permit> held;
     for (int i = 0; i < 15; ++i) {
-        EXPECT_EQ(taken(counts, fromNetwork("10.0.0." + std::to_string(i)), held), 64U);
+        EXPECT_EQ(taken(limits, fromNetwork("10.0.0." + std::to_string(i)), held), 64U);
     }
-    EXPECT_FALSE(counts.take(fromNetwork("10.0.1.1")));
-    EXPECT_EQ(taken(counts, ownProgram, held), 256U);
+    EXPECT_FALSE(limits.take(fromNetwork("10.0.1.1")));
+    EXPECT_EQ(taken(limits, ownProgram, held), 256U);
     held.clear();
-    EXPECT_EQ(taken(counts, ownProgram, held), 256U);
-    EXPECT_TRUE(counts.take(fromNetwork("10.0.1.1")));
+    EXPECT_EQ(taken(limits, ownProgram, held), 256U);
+    EXPECT_TRUE(limits.take(fromNetwork("10.0.1.1")));
 }
 
-TEST(ConnectionCounts, OtherUsersOfTheMachineHaveSixtyFourTogether) {
-    ConnectionCounts counts;
-    std::vector<Shares::Permit> held;
-    EXPECT_EQ(taken(counts, otherUser, held), 64U);
-    EXPECT_EQ(taken(counts, ownProgram, held), 192U);
+TEST(ConnectionLimits, OtherUsersOfTheMachineHaveSixtyFourTogether) {
+    ConnectionLimits limits;
+    std::vector<Quotas::Permit> held;
+    EXPECT_EQ(taken(limits, otherUser, held), 64U);
+    EXPECT_EQ(taken(limits, ownProgram, held), 192U);
 }
 
 TEST(LineBudget, AFloodCostsOneLineASecondAndSixtyAnHour) {

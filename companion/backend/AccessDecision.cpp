@@ -6,6 +6,7 @@
 #include "companion/backend/PageTable.h"
 
 namespace stagehopper::companion {
+
 namespace {
 
 struct Rule {

@@ -5,6 +5,7 @@
 #include "companion/backend/Names.h"
 
 namespace stagehopper::companion {
+
 namespace {
 
 constexpr const char* jsonType = "application/json";

@@ -6,6 +6,7 @@
 #include <utility>
 
 namespace stagehopper::companion {
+
 namespace {
 
 std::string timestamp() {

@@ -4,6 +4,7 @@
 #include <charconv>
 
 namespace stagehopper::companion {
+
 namespace {
 
 std::optional<std::size_t> number(std::string_view text) {

@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 
 namespace stagehopper::companion {
+
 namespace {
 
 using Json = nlohmann::json;

@@ -7,6 +7,7 @@
 #include "companion/backend/Names.h"
 
 namespace stagehopper::companion {
+
 namespace {
 
 using Values = std::map<std::string, std::string, std::less<>>;

@@ -13,6 +13,7 @@
 #include <string_view>
 
 namespace stagehopper::companion {
+
 namespace {
 
 bool isVirtual(const LocalAddress& local) {

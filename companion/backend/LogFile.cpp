@@ -10,6 +10,7 @@
 #include <utility>
 
 namespace stagehopper::companion {
+
 namespace {
 
 constexpr mode_t ownerOnly = S_IRUSR | S_IWUSR;

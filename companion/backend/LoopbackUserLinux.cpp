@@ -12,6 +12,7 @@
 #include "companion/backend/LoopbackUser.h"
 
 namespace stagehopper::companion {
+
 namespace {
 
 struct Question {

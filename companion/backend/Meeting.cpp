@@ -6,6 +6,7 @@
 #include "companion/backend/ServerMessages.h"
 
 namespace stagehopper::companion {
+
 namespace {
 
 constexpr std::size_t maxRememberedTaps = 4096;

@@ -5,6 +5,7 @@
 #include <optional>
 
 namespace stagehopper::companion {
+
 namespace {
 
 constexpr std::size_t maxUserIdLength = 64;

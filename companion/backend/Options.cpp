@@ -4,6 +4,7 @@
 #include <string_view>
 
 namespace stagehopper::companion {
+
 namespace {
 
 /// The whole text as a decimal number between the two bounds.

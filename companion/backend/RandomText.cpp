@@ -10,6 +10,7 @@
 #include "companion/backend/Names.h"
 
 namespace stagehopper::companion {
+
 namespace {
 
 void fillWithRandom(std::span<unsigned char> bytes) {

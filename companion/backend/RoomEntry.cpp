@@ -4,6 +4,7 @@
 #include "companion/backend/RandomText.h"
 
 namespace stagehopper::companion {
+
 namespace {
 
 constexpr EntryRefusal malformedQuery{400, "malformed query"};

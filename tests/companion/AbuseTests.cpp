@@ -1,4 +1,4 @@
-// What strangers send to do harm: to the log, to the parser, to the number of connections.
+// Hostile input: against the log, the parsers and the limit of connections.
 #include <arpa/inet.h>
 #include <gmock/gmock.h>
 #include <netinet/in.h>
@@ -29,7 +29,7 @@ protected:
     std::string host_ = "127.0.0.1:" + std::to_string(port_);
 };
 
-TEST_F(AbuseTest, AHeadRequestIsAnsweredWithoutABody) {
+TEST_F(AbuseTest, AHeadRequestGetsNoBody) {
     RawClient client(port_);
     for (const char* path : {"/health", "/phone", "/nothing"}) {
         client.send("HEAD " + std::string(path) + " HTTP/1.1\r\nHost: " + host_ + "\r\n\r\n");
@@ -52,7 +52,7 @@ TEST_F(AbuseTest, ASecretInAPathIsNotLogged) {
     EXPECT_THAT(backend_.log(), Not(HasSubstr(secret_)));
 }
 
-TEST_F(AbuseTest, AThousandRefusedRequestsCostALineASecondAndAreCounted) {
+TEST_F(AbuseTest, AThousandRefusedRequestsCauseOneLogLineASecondAndAreCounted) {
     const auto begin = std::chrono::steady_clock::now();
     RawClient client(port_);
     for (int i = 0; i < 1000; ++i) {
@@ -80,7 +80,7 @@ std::string nested(std::size_t bytes) {
     return std::string(bytes / 2, '[') + std::string(bytes / 2, ']');
 }
 
-TEST_F(AbuseTest, DeepNestingIsReadLikeAnythingElse) {
+TEST_F(AbuseTest, DeepNestingIsParsedLikeOtherJson) {
     const std::string deep = nested(4000);
     EXPECT_EQ(ownPageRequest(port_, "POST", "/v1/meetings", R"({"roomName":)" + deep + "}").status,
               400);
@@ -93,21 +93,21 @@ TEST_F(AbuseTest, DeepNestingIsReadLikeAnythingElse) {
     }
     RoomClient phone = join("phone-2");
     phone.send(R"({"type":"slide_nav","direction":"next","id":"a","more":)" + deep + "}");
-    EXPECT_TRUE(phone.next("slide_nav", 5s)) << "what is not known is passed over";
+    EXPECT_TRUE(phone.next("slide_nav", 5s)) << "unknown members are ignored";
 }
 
-TEST_F(AbuseTest, DeeperNestingIsTooLarge) {
+TEST_F(AbuseTest, DeeperNestingExceedsTheSizeLimit) {
     const std::string deep = nested(200 * 1024);
     EXPECT_EQ(ownPageRequest(port_, "POST", "/v1/meetings", R"({"roomName":)" + deep + "}").status,
               413);
     RoomClient phone = join("phone-1");
     phone.send(R"({"type":)" + deep + "}");
-    // Which code is not seen: the message is still being sent when the connection ends.
+    // The close code is not checked: the connection ends while the message is still being sent.
     EXPECT_TRUE(phone.closed(5s));
     expectServing();
 }
 
-/// A process of another user of this machine, which takes as many connections as it gets.
+/// A process of another user of this machine, which opens as many connections as it can.
 class Crowder {
 public:
     explicit Crowder(std::uint16_t port) {
@@ -119,7 +119,7 @@ public:
             const rlimit files{4096, 4096};
             if (::setrlimit(RLIMIT_NOFILE, &files) != 0 || ::setuid(12345) != 0) ::_exit(1);
             takeAll(port);
-            [[maybe_unused]] const ssize_t told = ::write(done[1], "x", 1);
+            [[maybe_unused]] const ssize_t written = ::write(done[1], "x", 1);
             while (true) ::pause();
         }
         ::close(done[1]);
@@ -137,7 +137,7 @@ public:
     bool ready() const { return ready_; }
 
 private:
-    /// From many addresses of 127.0.0.0/8, all of them this machine's.
+    /// Connects from many addresses in 127.0.0.0/8.
     static void takeAll(std::uint16_t port) {
         for (std::uint32_t address = 1; address <= 20; ++address) {
             for (int i = 0; i < 70; ++i) {
@@ -160,20 +160,20 @@ private:
     bool ready_ = false;
 };
 
-TEST_F(AbuseTest, AnotherUserOfTheMachineLocksOutNeitherItsProgramsNorPhones) {
+TEST_F(AbuseTest, AnotherUserOfThisMachineCannotLockOutItsProgramsOrPhones) {
     if (::geteuid() != 0) GTEST_SKIP() << "needs to become another user";
     const Crowder crowder(port_);
     ASSERT_TRUE(crowder.ready());
     expectServing();
     EXPECT_EQ(join("overlay-native-3F2A9C1B").status(), 101);
     const auto addresses = likelyFirst(localAddresses());
-    if (addresses.empty()) GTEST_SKIP() << "this machine has no address in a network";
+    if (addresses.empty()) GTEST_SKIP() << "this machine has no network address";
     EXPECT_EQ(request(port_, "GET", "/phone", {}, {}, addresses.front()).status, 200);
 }
 
-TEST_F(AbuseTest, CodesCannotBeTriedOutFromTheNetwork) {
+TEST_F(AbuseTest, RoomCodesCannotBeGuessedFromTheNetwork) {
     const auto addresses = likelyFirst(localAddresses());
-    if (addresses.empty()) GTEST_SKIP() << "this machine has no address in a network";
+    if (addresses.empty()) GTEST_SKIP() << "this machine has no network address";
     std::string unknown = query("phone-1") + "&secret=guess";
     unknown.replace(unknown.find('=') + 1, 6, "ZZZZZZ");
     const auto status = [&] {

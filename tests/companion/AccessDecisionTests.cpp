@@ -5,7 +5,7 @@
 namespace stagehopper::companion {
 namespace {
 
-/// As the host asks: a program on this machine, no browser.
+/// A request of the host: a program on this machine, not a browser.
 RequestContext program(std::string path) {
     return {.fromThisMachine = true,
             .reachedAt = "127.0.0.1:3000",
@@ -33,7 +33,7 @@ RequestContext phone(std::string path) {
     return context;
 }
 
-TEST(AccessDecision, TheHostMaySeeTheHealthAndTheMeetings) {
+TEST(AccessDecision, TheHostMayReadHealthAndMeetings) {
     EXPECT_EQ(decideAccess(program("/health")).resource, Resource::health);
     EXPECT_TRUE(decideAccess(program("/health")).isAllowed());
     EXPECT_EQ(decideAccess(program("/v1/meetings/active")).resource, Resource::activeMeetings);
@@ -52,7 +52,7 @@ TEST(AccessDecision, AnOwnPageMayDoEverything) {
     EXPECT_EQ(decideAccess(ownPage("GET", "/ws")).trust, Trust::ownPage);
 }
 
-TEST(AccessDecision, AProgramWithoutAnOriginChangesNothing) {
+TEST(AccessDecision, AProgramWithoutAnOriginMayChangeNothing) {
     for (const auto& [method, path] :
          {std::pair{"POST", "/v1/meetings"}, std::pair{"POST", "/v1/meetings/current"},
           std::pair{"DELETE", "/v1/meetings/K7M2QX"}}) {
@@ -62,7 +62,7 @@ TEST(AccessDecision, AProgramWithoutAnOriginChangesNothing) {
     }
 }
 
-TEST(AccessDecision, ANameThatResolvesToThisMachineIsNotServed) {
+TEST(AccessDecision, AHostNameThatResolvesToThisMachineIsRefused) {
     for (const char* host : {"evil.example:3000", "localhost:3000", "127.0.0.1", "127.0.0.1:3001",
                              "127.0.0.1:3000.evil.example", "127.1:3000", "", "192.168.1.5:3000"}) {
         RequestContext context = program("/health");
@@ -71,7 +71,7 @@ TEST(AccessDecision, ANameThatResolvesToThisMachineIsNotServed) {
     }
 }
 
-TEST(AccessDecision, AForeignOriginIsServedNothing) {
+TEST(AccessDecision, AForeignOriginIsRefused) {
     for (const char* origin :
          {"null", "http://evil.example", "https://127.0.0.1:3000", "http://127.0.0.1:3001",
           "http://127.0.0.1", "http://localhost:3000", "file://", ""}) {
@@ -83,7 +83,7 @@ TEST(AccessDecision, AForeignOriginIsServedNothing) {
     }
 }
 
-TEST(AccessDecision, APageOfTheWebMayOnlyFrameThePagesAndAskForHealth) {
+TEST(AccessDecision, AWebPageMayOnlyFrameThePagesAndRequestHealth) {
     for (const char* site : {"cross-site", "same-site"}) {
         for (const char* path : {"/health", "/link", "/phone"}) {
             RequestContext context = program(path);
@@ -98,7 +98,7 @@ TEST(AccessDecision, APageOfTheWebMayOnlyFrameThePagesAndAskForHealth) {
     }
 }
 
-TEST(AccessDecision, WhatTheHostReadsCannotBeShownInATagOrFrame) {
+TEST(AccessDecision, TheHostsResourcesCannotBeLoadedByATagOrFrame) {
     for (const char* dest : {"script", "image", "iframe", "document", "style"}) {
         RequestContext context = program("/v1/meetings/active");
         context.fetchSite = "none";
@@ -107,7 +107,7 @@ TEST(AccessDecision, WhatTheHostReadsCannotBeShownInATagOrFrame) {
     }
 }
 
-TEST(AccessDecision, APhoneGetsItsPageAndTheRoom) {
+TEST(AccessDecision, APhoneMayLoadItsPageAndJoinTheRoom) {
     for (const char* path : {"/phone", "/phone.js", "/phone.css", "/phone-texts.js", "/awake.mp4",
                              "/awake.webm", "/stagehopper.svg", "/ws"}) {
         const AccessDecision access = decideAccess(phone(path));
@@ -129,13 +129,13 @@ TEST(AccessDecision, APhoneMayNeitherListNorCreate) {
     }
 }
 
-TEST(AccessDecision, AnAddressOfTheNetworkIsTheNetworkEvenOnThisMachine) {
+TEST(AccessDecision, ANetworkAddressCountsAsTheNetworkEvenFromThisMachine) {
     RequestContext context = phone("/v1/meetings/active");
     context.fromThisMachine = true;
     EXPECT_EQ(decideAccess(context).status, 403U);
 }
 
-TEST(AccessDecision, ThePeersAddressIsBelievedAndNotItsHostHeader) {
+TEST(AccessDecision, ThePeerAddressDecidesAndNotTheHostHeader) {
     RequestContext context = phone("/v1/meetings/active");
     context.host = "127.0.0.1:3000";
     EXPECT_EQ(decideAccess(context).status, 421U);
@@ -143,7 +143,7 @@ TEST(AccessDecision, ThePeersAddressIsBelievedAndNotItsHostHeader) {
     EXPECT_EQ(decideAccess(context).status, 403U);
 }
 
-TEST(AccessDecision, AnotherMethodIsToldTheRightOne) {
+TEST(AccessDecision, AWrongMethodGetsTheAllowedOne) {
     for (const char* method : {"POST", "HEAD", "OPTIONS", "PUT", "get", ""}) {
         RequestContext context = program("/health");
         context.method = method;
@@ -154,14 +154,14 @@ TEST(AccessDecision, AnotherMethodIsToldTheRightOne) {
     EXPECT_EQ(decideAccess(ownPage("POST", "/v1/meetings/K7M2QX")).allowedMethod, "DELETE");
 }
 
-TEST(AccessDecision, NothingOfARequestIsNamedInTheLog) {
+TEST(AccessDecision, TheLoggedRouteContainsNoTextOfTheRequest) {
     EXPECT_EQ(decideAccess(program("/phone%23K7M2QX.SECRET")).route, "unknown");
     EXPECT_EQ(decideAccess(program("/K7M2QX.SECRET")).route, "unknown");
     EXPECT_EQ(decideAccess(ownPage("DELETE", "/v1/meetings/SECRET")).route, "/v1/meetings/");
-    EXPECT_EQ(decideAccess(phone("/health")).route, "/health") << "refused, and known";
+    EXPECT_EQ(decideAccess(phone("/health")).route, "/health") << "refused, but a known path";
 }
 
-TEST(AccessDecision, NoOtherPathExists) {
+TEST(AccessDecision, OtherPathsAreNotFound) {
     for (const char* path :
          {"", "/", "*", "/link.html", "/phone/", "//phone", "/phone/../link", "/%70hone",
           "/../../etc/passwd", "/v1/meetings/", "/v1/meetings/K7M2QX/x", "/v1", "/HEALTH",

@@ -51,7 +51,7 @@ protected:
     std::optional<Api> api_;
 };
 
-TEST_F(ApiTest, HealthMayBeAskedForByThePanel) {
+TEST_F(ApiTest, ThePanelMayRequestHealth) {
     const Response response = ask(Resource::health, "/health");
     EXPECT_EQ(response.status, 200U);
     EXPECT_EQ(json::parse(response.body),
@@ -59,7 +59,7 @@ TEST_F(ApiTest, HealthMayBeAskedForByThePanel) {
     EXPECT_EQ(response.headers.at("Cross-Origin-Resource-Policy"), "cross-origin");
 }
 
-TEST_F(ApiTest, ANewMeetingsRecordLeadsPhonesToIt) {
+TEST_F(ApiTest, TheRecordOfANewMeetingContainsLinksForPhones) {
     const Response response = create(R"({"roomName":"Physics"})");
     EXPECT_EQ(response.status, 201U);
     const json record = json::parse(response.body);
@@ -74,17 +74,17 @@ TEST_F(ApiTest, ANewMeetingsRecordLeadsPhonesToIt) {
     EXPECT_EQ(record["links"][0]["url"], "http://192.168.1.5:3007/phone#" + code + "." + secret);
 }
 
-TEST_F(ApiTest, WithoutANetworkThereAreNoLinks) {
+TEST_F(ApiTest, WithoutANetworkTheRecordHasNoLinks) {
     addresses_.clear();
     EXPECT_EQ(json::parse(create("").body)["links"], json::array());
 }
 
-TEST_F(ApiTest, AMeetingWithoutANameIsCalledByItsCode) {
+TEST_F(ApiTest, AMeetingWithoutANameIsNamedAfterItsCode) {
     const json record = json::parse(create("{}").body);
     EXPECT_EQ(record["roomName"], record["roomCode"]);
 }
 
-TEST_F(ApiTest, ABodyThatIsNoneIsRefused) {
+TEST_F(ApiTest, AnInvalidBodyIsRefused) {
     for (const char* body : {"x", "[]", "null", R"({"roomName":1})", "{\"roomName\":\"a\\nb\"}"}) {
         EXPECT_EQ(create(body).status, 400U) << body;
     }
@@ -92,7 +92,7 @@ TEST_F(ApiTest, ABodyThatIsNoneIsRefused) {
     EXPECT_TRUE(meetings_.all().empty());
 }
 
-TEST_F(ApiTest, SixteenMeetingsAreEnough) {
+TEST_F(ApiTest, ASeventeenthMeetingIsRefused) {
     for (int i = 0; i < 16; ++i) EXPECT_EQ(create("").status, 201U);
     EXPECT_EQ(create("").status, 409U);
     meetings_.end(meetings_.all().front()->identity().roomCode);
@@ -105,7 +105,7 @@ TEST_F(ApiTest, TheCurrentMeetingIsTheNewest) {
     create(R"({"roomName":"second"})");
     const json record = json::parse(ask(Resource::currentMeeting, "/v1/meetings/current").body);
     EXPECT_EQ(record["roomName"], "second");
-    EXPECT_EQ(record["createdAt"], 1790000000001) << "never the same as another's";
+    EXPECT_EQ(record["createdAt"], 1790000000001) << "unique, although the clock stands still";
 }
 
 TEST_F(ApiTest, ActiveMeetingsAreListedWithTheirParticipants) {
@@ -126,26 +126,26 @@ TEST_F(ApiTest, ActiveMeetingsAreListedWithTheirParticipants) {
                                   {"cursorColor", "#aabbcc"}}}}}}}}));
 }
 
-TEST_F(ApiTest, AMeetingIsEndedOnce) {
+TEST_F(ApiTest, AMeetingCanBeEndedOnlyOnce) {
     create("");
     const std::string path = "/v1/meetings/" + meetings_.newest()->identity().roomCode;
     EXPECT_EQ(ask(Resource::meeting, path).status, 204U);
     EXPECT_EQ(ask(Resource::meeting, path).status, 404U);
 }
 
-TEST_F(ApiTest, ThePhonesPageCannotBeFramedAndTheLinkCan) {
+TEST_F(ApiTest, TheLinkPageCanBeFramedAndThePhonePageCannot) {
     EXPECT_EQ(ask(Resource::file, "/phone").headers.at("X-Frame-Options"), "DENY");
     EXPECT_FALSE(ask(Resource::file, "/link").headers.contains("X-Frame-Options"));
     EXPECT_EQ(ask(Resource::file, "/link").contentType, "text/html; charset=utf-8");
 }
 
-TEST_F(ApiTest, APageMayConnectToItsOwnSocketOnly) {
+TEST_F(ApiTest, APageMayConnectOnlyToItsOwnServer) {
     EXPECT_THAT(
         ask(Resource::file, "/phone").headers.at("Content-Security-Policy"),
         testing::StartsWith("default-src 'self'; connect-src 'self' ws://192.168.1.5:3007; "));
 }
 
-TEST_F(ApiTest, AFileThatIsNotThereIsNotFound) {
+TEST_F(ApiTest, AnAbsentFileIsNotFound) {
     EXPECT_EQ(ask(Resource::file, "/phone.js").status, 404U);
     EXPECT_THAT(pages_->missing(), testing::Contains("phone.js"));
 }
@@ -155,7 +155,7 @@ TEST_F(ApiTest, AFileIsReadOnceAtTheStart) {
     EXPECT_EQ(ask(Resource::file, "/phone").body, "<p>phone</p>");
 }
 
-TEST_F(ApiTest, SafariGetsAPartOfTheVideo) {
+TEST_F(ApiTest, ARangeRequestGetsAPartOfTheVideo) {
     const Response part = ask(Resource::file, "/awake.mp4", {}, "bytes=0-1");
     EXPECT_EQ(part.status, 206U);
     EXPECT_EQ(part.body, "01");
@@ -171,7 +171,7 @@ TEST_F(ApiTest, SafariGetsAPartOfTheVideo) {
     }
 }
 
-TEST_F(ApiTest, ErrorsAreWordsInJson) {
+TEST_F(ApiTest, ErrorsAreJson) {
     EXPECT_EQ(json::parse(ask(Resource::file, "/x").body), json({{"error", "no such thing"}}));
 }
 

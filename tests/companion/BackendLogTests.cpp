@@ -27,13 +27,13 @@ std::string contentOf(const std::string& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-TEST(BackendLog, WhatComesFromOutsideCannotBreakALine) {
+TEST(BackendLog, InputCannotBreakALine) {
     EXPECT_EQ(escaped("a\nb\x1b[1m\\\x7f\xc3"), "a\\x0ab\\x1b[1m\\x5c\\x7f\\xc3");
     EXPECT_EQ(escaped(std::string(301, 'a')), std::string(300, 'a') + "...");
     EXPECT_EQ(escaped(std::string("\0", 1)), "\\x00");
 }
 
-TEST(BackendLog, WritesOneLineForEachEventIntoAFolderThatItMakes) {
+TEST(BackendLog, CreatesItsFolderAndWritesOneLineForEachEvent) {
     const TemporaryFolder folder;
     const std::string path = folder.path() + "/a/b/backend.log";
     BackendLog log(path);
@@ -44,7 +44,7 @@ TEST(BackendLog, WritesOneLineForEachEventIntoAFolderThatItMakes) {
     EXPECT_NE(text.find(" joined user=a\\x0ab\n"), std::string::npos) << text;
 }
 
-TEST(BackendLog, AnotherRunAppends) {
+TEST(BackendLog, ALaterRunAppends) {
     const TemporaryFolder folder;
     const std::string path = folder.path() + "/backend.log";
     BackendLog(path).line("first", "");
@@ -53,7 +53,7 @@ TEST(BackendLog, AnotherRunAppends) {
     EXPECT_NE(contentOf(path).find("second"), std::string::npos);
 }
 
-TEST(BackendLog, AFullFileIsKeptUnderAnotherName) {
+TEST(BackendLog, AFullFileIsRenamed) {
     const TemporaryFolder folder;
     const std::string path = folder.path() + "/backend.log";
     BackendLog log(path, {.maxBytes = 4096});
@@ -62,15 +62,15 @@ TEST(BackendLog, AFullFileIsKeptUnderAnotherName) {
         log.line("event", "number " + std::to_string(i));
         ASSERT_LE(fs::file_size(path), 4096U);
         if (!contentOf(path).starts_with(before)) {
-            ASSERT_EQ(contentOf(path + ".1"), before) << "nothing is lost by the first " << i;
+            ASSERT_EQ(contentOf(path + ".1"), before) << "no line was lost at " << i;
         }
     }
-    EXPECT_NE(contentOf(path).find("number 199"), std::string::npos) << "the newest is there";
+    EXPECT_NE(contentOf(path).find("number 199"), std::string::npos) << "the newest line";
     EXPECT_NE(contentOf(path + ".1").find(" event number "), std::string::npos);
     EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 2);
 }
 
-TEST(BackendLog, TwoProgramsShareOneFile) {
+TEST(BackendLog, TwoProcessesCanShareOneFile) {
     const TemporaryFolder folder;
     const std::string path = folder.path() + "/backend.log";
     BackendLog one(path, {.maxBytes = 4096});
@@ -85,7 +85,7 @@ TEST(BackendLog, TwoProgramsShareOneFile) {
     EXPECT_LE(fs::file_size(path + ".1"), 4096U);
 }
 
-TEST(BackendLog, OnlyItsUserMayReadItFromTheFirstMoment) {
+TEST(BackendLog, OnlyItsUserMayReadTheFileFromItsCreation) {
     const TemporaryFolder folder;
     const std::string path = folder.path() + "/backend.log";
     const int changes = ::inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
@@ -94,12 +94,12 @@ TEST(BackendLog, OnlyItsUserMayReadItFromTheFirstMoment) {
     BackendLog(path).line("event", "");
     ::umask(before);
     std::array<char, 1024> events{};
-    EXPECT_EQ(::read(changes, events.data(), events.size()), -1) << "its rights were changed later";
+    EXPECT_EQ(::read(changes, events.data(), events.size()), -1) << "its mode was changed later";
     ::close(changes);
     EXPECT_EQ(fs::status(path).permissions(), fs::perms::owner_read | fs::perms::owner_write);
 }
 
-TEST(BackendLog, AnOldFileThatOthersMayReadIsClosedToThem) {
+TEST(BackendLog, AnExistingFileBecomesPrivate) {
     const TemporaryFolder folder;
     const std::string path = folder.path() + "/backend.log";
     std::ofstream(path) << "old\n";
@@ -108,7 +108,7 @@ TEST(BackendLog, AnOldFileThatOthersMayReadIsClosedToThem) {
     EXPECT_EQ(fs::status(path).permissions(), fs::perms::owner_read | fs::perms::owner_write);
 }
 
-TEST(BackendLog, AFileThatHasAnotherNameIsNotWritten) {
+TEST(BackendLog, ALinkIsNotWritten) {
     const TemporaryFolder folder;
     const std::string path = folder.path() + "/backend.log";
     const std::string precious = folder.path() + "/precious";
@@ -123,7 +123,7 @@ TEST(BackendLog, AFileThatHasAnotherNameIsNotWritten) {
 }
 
 TEST(BackendLog, AnotherUsersFileIsNotWritten) {
-    if (::geteuid() != 0) GTEST_SKIP() << "only the system's user can give a file away";
+    if (::geteuid() != 0) GTEST_SKIP() << "only root can change the owner of a file";
     const TemporaryFolder folder;
     const std::string path = folder.path() + "/backend.log";
     std::ofstream(path) << "theirs\n";
@@ -132,7 +132,7 @@ TEST(BackendLog, AnotherUsersFileIsNotWritten) {
     EXPECT_EQ(contentOf(path), "theirs\n");
 }
 
-TEST(BackendLog, APipeInItsPlaceHoldsNobodyUp) {
+TEST(BackendLog, APipeInPlaceOfTheFileDoesNotBlock) {
     const TemporaryFolder folder;
     const std::string path = folder.path() + "/backend.log";
     ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
@@ -140,7 +140,7 @@ TEST(BackendLog, APipeInItsPlaceHoldsNobodyUp) {
     EXPECT_TRUE(fs::is_fifo(path));
 }
 
-TEST(BackendLog, AFloodOfStrangersCostsOneLineASecondAndIsCounted) {
+TEST(BackendLog, AFloodFromStrangersCausesOneLineASecondAndIsCounted) {
     const TemporaryFolder folder;
     const std::string path = folder.path() + "/backend.log";
     TimePoint now;
@@ -158,7 +158,7 @@ TEST(BackendLog, AFloodOfStrangersCostsOneLineASecondAndIsCounted) {
     EXPECT_THAT(text, HasSubstr(" left_out by=strangers left_out=6\n"));
 }
 
-/// Both ends of something that takes bytes until nobody reads them.
+/// Both ends of a channel without a reader, which fills up.
 struct Unread {
     int writeEnd;
     int readEnd;
@@ -176,26 +176,27 @@ Unread unreadTerminal() {
     return {::open(::ptsname(master), O_RDWR | O_NOCTTY), master};
 }
 
-TEST(BackendLog, AnErrorOutputThatNobodyReadsHoldsNobodyUp) {
+TEST(BackendLog, AnErrorOutputWithoutAReaderDoesNotBlock) {
     for (const Unread& unread : {unreadPipe(), unreadTerminal()}) {
         const TemporaryFolder folder;
         const std::string path = folder.path() + "/backend.log";
         BackendLog log(path, {.errorOutput = unread.writeEnd});
-        // More than the system keeps for a reader.
+        // More than the system buffers.
         const std::string detail(200, 'x');
         for (int i = 0; i < 2000; ++i) log.line("event", detail);
         log.line("last", "");
         EXPECT_THAT(contentOf(path), HasSubstr(" last \n"));
         std::array<char, 24> begin{};
         ASSERT_EQ(::read(unread.readEnd, begin.data(), begin.size()), 24);
-        EXPECT_EQ(std::string_view(begin.data(), 2), "20") << "what it took it has";
-        EXPECT_EQ(::fcntl(unread.writeEnd, F_GETFL) & O_NONBLOCK, 0) << "others write there, too";
+        EXPECT_EQ(std::string_view(begin.data(), 2), "20") << "the first line was written";
+        EXPECT_EQ(::fcntl(unread.writeEnd, F_GETFL) & O_NONBLOCK, 0)
+            << "other programs write to it as well";
         ::close(unread.writeEnd);
         ::close(unread.readEnd);
     }
 }
 
-TEST(BackendLog, AFolderThatCannotBeMadeIsNoReasonToEnd) {
+TEST(BackendLog, AFolderThatCannotBeCreatedIsIgnored) {
     BackendLog log("/proc/nowhere/backend.log");
     log.line("event", "");
 }

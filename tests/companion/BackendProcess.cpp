@@ -20,7 +20,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Or for a minute, should nobody be left to send one.
+/// Ends after a minute if no process is left to send a signal.
 [[noreturn]] void waitForSignal() {
     ::alarm(60);
     ::pause();
@@ -50,7 +50,7 @@ void shortPause() {
 }
 
 std::uint16_t BackendProcess::unusedPort() {
-    // Below those that the system gives to connections, and apart for tests that run side by side.
+    // Below the ephemeral ports, and different for tests that run in parallel.
     static std::uint16_t next = static_cast<std::uint16_t>(20000 + ::getpid() % 250 * 48);
     do {
         ++next;
@@ -58,14 +58,14 @@ std::uint16_t BackendProcess::unusedPort() {
     return next;
 }
 
-BackendProcess::BackendProcess(const How& how) {
-    pid_t watched = how.parent.value_or(::getpid());
-    const std::string first = std::to_string(how.firstPort);
-    const std::string extra = std::to_string(how.extraPorts);
+BackendProcess::BackendProcess(const Settings& settings) {
+    pid_t watched = settings.parent.value_or(::getpid());
+    const std::string first = std::to_string(settings.firstPort);
+    const std::string extra = std::to_string(settings.extraPorts);
     id_ = ::fork();
-    if (id_ < 0) throw std::runtime_error("no process");
+    if (id_ < 0) throw std::runtime_error("fork failed");
     if (id_ > 0) return;
-    if (how.behindParent) {
+    if (settings.behindParent) {
         watched = ::getpid();
         if (::fork() > 0) waitForSignal();
     }
@@ -123,7 +123,7 @@ bool BackendProcess::logs(const std::string& text, std::chrono::milliseconds lim
 }
 
 FakeParent::FakeParent() : id_(::fork()) {
-    if (id_ < 0) throw std::runtime_error("no process");
+    if (id_ < 0) throw std::runtime_error("fork failed");
     if (id_ == 0) waitForSignal();
 }
 

@@ -14,7 +14,7 @@ namespace stagehopper::companion {
 
 void shortPause();
 
-/// Waits until `condition` holds; false when the time is over.
+/// Waits until the condition is true. False if the limit passes.
 template <typename Condition>
 bool becomesTrue(std::chrono::milliseconds limit, Condition condition) {
     const auto latest = std::chrono::steady_clock::now() + limit;
@@ -25,39 +25,40 @@ bool becomesTrue(std::chrono::milliseconds limit, Condition condition) {
     return true;
 }
 
-/// The real backend as a child process with a home and ports of its own. With its owner it is told
-/// to end, and a test fails whose backend then does not end well.
+/// The real backend as a child process with its own home and ports. The destructor ends it, and
+/// fails the test if its exit status is not 0.
 class BackendProcess {
 public:
-    struct How {
-        /// Whose end it watches; absent: this process.
+    struct Settings {
+        /// The process for --ppid. If absent, this process.
         std::optional<pid_t> parent;
         std::uint16_t firstPort = unusedPort();
         std::uint16_t extraPorts = 40;
-        /// A process in between starts it, as its real parent; `id` and `kill` are that one's.
+        /// An intermediate process starts it as its real parent. `id` and `kill` then mean that
+        /// process.
         bool behindParent = false;
     };
 
-    explicit BackendProcess(const How& how);
-    BackendProcess() : BackendProcess(How()) {}
+    explicit BackendProcess(const Settings& settings);
+    BackendProcess() : BackendProcess(Settings()) {}
     ~BackendProcess();
     BackendProcess(const BackendProcess&) = delete;
     BackendProcess& operator=(const BackendProcess&) = delete;
 
-    /// Where it listens; 0 when it does not within some seconds.
+    /// The port on which it listens. 0 if it does not listen within some seconds.
     std::uint16_t port();
     std::string origin() { return "http://127.0.0.1:" + std::to_string(port()); }
     pid_t id() const { return id_; }
 
     void terminate() const;
     void kill();
-    /// Its exit status, or none when it still runs after the limit; -1 when a signal ended it.
+    /// Null if the process still runs after the limit. -1 if a signal ended it.
     std::optional<int> exitStatus(std::chrono::milliseconds limit);
 
     std::string log() const;
     bool logs(const std::string& text, std::chrono::milliseconds limit) const;
 
-    /// One that nobody listens on right now.
+    /// A port on which no process listens.
     static std::uint16_t unusedPort();
 
 private:

@@ -5,7 +5,7 @@
 namespace stagehopper::companion {
 namespace {
 
-TEST(ClientMessage, AStepIsRead) {
+TEST(ClientMessage, AStepIsParsed) {
     const auto message =
         parseClientMessage(R"({"type":"slide_nav","direction":"prev","id":"t1","more":[1]})");
     ASSERT_TRUE(message);
@@ -14,7 +14,7 @@ TEST(ClientMessage, AStepIsRead) {
     EXPECT_EQ(step.id, "t1");
 }
 
-TEST(ClientMessage, APointerIsRead) {
+TEST(ClientMessage, APointerIsParsed) {
     const auto message = parseClientMessage(R"({"type":"pointer","x":0,"y":0.25,"visible":true})");
     ASSERT_TRUE(message);
     const auto& pointer = std::get<PointerMessage>(*message);
@@ -23,7 +23,7 @@ TEST(ClientMessage, APointerIsRead) {
     EXPECT_TRUE(pointer.visible);
 }
 
-TEST(ClientMessage, NothingElseIsAMessage) {
+TEST(ClientMessage, AnInvalidMessageIsRefused) {
     for (const std::string text : {"",
                                    "{",
                                    "[]",
@@ -48,7 +48,7 @@ TEST(ClientMessage, NothingElseIsAMessage) {
     }
 }
 
-TEST(ClientMessage, AnIdHasUpTo64Characters) {
+TEST(ClientMessage, AnIdHasAtMost64Characters) {
     const auto step = [](std::size_t length) {
         return parseClientMessage(R"({"type":"slide_nav","direction":"next","id":")" +
                                   std::string(length, 'a') + "\"}");
@@ -57,7 +57,7 @@ TEST(ClientMessage, AnIdHasUpTo64Characters) {
     EXPECT_FALSE(step(65));
 }
 
-TEST(ClientMessage, DeepNestingIsNoDanger) {
+TEST(ClientMessage, DeepNestingIsParsedSafely) {
     EXPECT_FALSE(parseClientMessage(std::string(4096, '[')));
     EXPECT_FALSE(parseClientMessage(std::string(2048, '[') + std::string(2048, ']')));
 }

@@ -1,5 +1,5 @@
-// What becomes of the host's socket when its meeting is over. Refused, it would come back every
-// second for as long as there is no other meeting.
+// The host's connection after the end of its meeting. If it were refused, it would reconnect every
+// second until another meeting starts.
 #include <gmock/gmock.h>
 
 #include "tests/companion/Room.h"
@@ -14,12 +14,12 @@ protected:
     void endMeeting() {
         ASSERT_EQ(ownPageRequest(port_, "DELETE", "/v1/meetings/" + code_).status, 204);
     }
-    /// Longer than a host waits before it connects again.
+    /// Waits longer than a host waits before it reconnects.
     static void expectQuiet(RoomClient& host) { EXPECT_FALSE(host.closed(1500ms)); }
     std::string waitingLine() const { return "waiting room=" + code_ + " user=overlay-native"; }
 };
 
-TEST_F(EndedMeetingTest, TheHostsSocketStaysOpenAndSilent) {
+TEST_F(EndedMeetingTest, TheHostsConnectionStaysOpenAndSilent) {
     RoomClient host = join("overlay-native-3F2A9C1B");
     RoomClient phone = join("phone-1");
     endMeeting();
@@ -30,7 +30,7 @@ TEST_F(EndedMeetingTest, TheHostsSocketStaysOpenAndSilent) {
     EXPECT_EQ(request(port_, "GET", "/v1/meetings/active").body, R"({"meetings":[]})");
 }
 
-TEST_F(EndedMeetingTest, AHostThatComesBackToItWaits) {
+TEST_F(EndedMeetingTest, AHostThatReconnectsWaits) {
     endMeeting();
     RoomClient host = join("overlay-native-3F2A9C1B");
     EXPECT_EQ(host.status(), 101);
@@ -38,7 +38,7 @@ TEST_F(EndedMeetingTest, AHostThatComesBackToItWaits) {
     expectQuiet(host);
 }
 
-TEST_F(EndedMeetingTest, WhatAWaitingHostSaysReachesNobody) {
+TEST_F(EndedMeetingTest, MessagesOfAWaitingHostAreIgnored) {
     RoomClient host = join("overlay-native-3F2A9C1B");
     endMeeting();
     ASSERT_TRUE(host.next("ended", 5s));
@@ -46,17 +46,17 @@ TEST_F(EndedMeetingTest, WhatAWaitingHostSaysReachesNobody) {
     expectQuiet(host);
 }
 
-TEST_F(EndedMeetingTest, EightHostsWait) {
+TEST_F(EndedMeetingTest, ANinthWaitingHostIsClosed) {
     endMeeting();
     std::vector<RoomClient> hosts;
     for (int i = 0; i < 8; ++i) hosts.push_back(join("overlay-native-" + std::to_string(i)));
     EXPECT_EQ(join("overlay-native-8").closed(5s)->code, 1000);
     hosts.pop_back();
     EXPECT_TRUE(becomesTrue(5s, [&] { return !join("overlay-native-8").closed(100ms); }))
-        << "one has left";
+        << "one has disconnected";
 }
 
-TEST_F(EndedMeetingTest, AWaitingHostHearsOfTheBackendsEnd) {
+TEST_F(EndedMeetingTest, AWaitingHostIsClosedWhenTheBackendEnds) {
     endMeeting();
     RoomClient host = join("overlay-native-3F2A9C1B");
     backend_.terminate();

@@ -10,7 +10,7 @@
 
 namespace stagehopper::companion {
 
-/// Keeps what a meeting sends to one participant.
+/// Records the messages to one participant.
 class FakeConnection : public Connection {
 public:
     void send(SharedText text, std::string_view topic) override {
@@ -39,7 +39,7 @@ public:
     bool keptOpen = false;
 
 private:
-    /// Read only when asked for: a full room sends very many.
+    /// Parsed on demand: a full room sends very many.
     std::vector<SharedText> texts_;
 };
 

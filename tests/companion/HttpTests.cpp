@@ -1,4 +1,4 @@
-// What the backend answers over HTTP, also to those who mean it harm.
+// The backend's HTTP responses, including those to hostile requests.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -19,7 +19,7 @@ using testing::StartsWith;
 
 class HttpTest : public testing::Test {
 protected:
-    /// Whatever went before, others are served.
+    /// Other clients are still served.
     void expectServing() { EXPECT_EQ(request(port_, "GET", "/health").status, 200); }
 
     BackendProcess backend_;
@@ -27,7 +27,7 @@ protected:
     std::string host_ = "127.0.0.1:" + std::to_string(port_);
 };
 
-TEST_F(HttpTest, AMeetingIsMadeListedFoundAndEnded) {
+TEST_F(HttpTest, AMeetingIsCreatedListedFoundAndEnded) {
     const HttpReply made = ownPageRequest(port_, "POST", "/v1/meetings", R"({"roomName":"Übung"})");
     ASSERT_EQ(made.status, 201);
     const json record = json::parse(made.body);
@@ -57,7 +57,7 @@ TEST_F(HttpTest, OneConnectionServesManyRequests) {
     }
 }
 
-TEST_F(HttpTest, EveryAnswerIsHarmless) {
+TEST_F(HttpTest, EveryResponseHasTheSecurityHeaders) {
     for (const char* path : {"/health", "/link", "/phone", "/nothing"}) {
         const HttpReply reply = request(port_, "GET", path);
         EXPECT_THAT(reply.header, HasSubstr("X-Content-Type-Options: nosniff")) << path;
@@ -71,14 +71,14 @@ TEST_F(HttpTest, EveryAnswerIsHarmless) {
                 HasSubstr("connect-src 'self' ws://" + host_));
 }
 
-TEST_F(HttpTest, AForeignNameForThisMachineOpensNothing) {
+TEST_F(HttpTest, AForeignHostNameIsRefused) {
     EXPECT_EQ(request(port_, "GET", "/health", {{"Host", "evil.example:" + std::to_string(port_)}})
                   .status,
               421);
     EXPECT_EQ(request(port_, "GET", "/v1/meetings/active", {{"Host", "localhost"}}).status, 421);
 }
 
-TEST_F(HttpTest, APageOfTheWebOpensNothing) {
+TEST_F(HttpTest, AWebPageIsRefused) {
     for (const char* origin : {"http://evil.example", "null", "file://"}) {
         EXPECT_EQ(request(port_, "GET", "/v1/meetings/active", {{"Origin", origin}}).status, 403);
         EXPECT_EQ(request(port_, "POST", "/v1/meetings", {{"Origin", origin}}).status, 403);
@@ -88,7 +88,7 @@ TEST_F(HttpTest, APageOfTheWebOpensNothing) {
         request(port_, "GET", "/v1/meetings/active", {{"Sec-Fetch-Site", "cross-site"}}).status,
         403);
     EXPECT_EQ(request(port_, "GET", "/health", {{"Sec-Fetch-Site", "cross-site"}}).status, 200);
-    EXPECT_EQ(request(port_, "POST", "/v1/meetings").status, 403) << "no origin, no change";
+    EXPECT_EQ(request(port_, "POST", "/v1/meetings").status, 403) << "no changes without an origin";
     const HttpReply preflight =
         request(port_, "OPTIONS", "/v1/meetings",
                 {{"Origin", "http://evil.example"}, {"Access-Control-Request-Method", "POST"}});
@@ -96,9 +96,9 @@ TEST_F(HttpTest, APageOfTheWebOpensNothing) {
     expectServing();
 }
 
-TEST_F(HttpTest, APhoneGetsItsPageButMayNeitherListNorCreate) {
+TEST_F(HttpTest, APhoneMayLoadItsPageButNeitherListNorCreate) {
     const auto addresses = likelyFirst(localAddresses());
-    if (addresses.empty()) GTEST_SKIP() << "this machine has no address in a network";
+    if (addresses.empty()) GTEST_SKIP() << "this machine has no network address";
     const std::string& address = addresses.front();
     const auto ask = [&](const std::string& method, const std::string& path) {
         const std::string origin = "http://" + address + ":" + std::to_string(port_);
@@ -112,10 +112,10 @@ TEST_F(HttpTest, APhoneGetsItsPageButMayNeitherListNorCreate) {
     EXPECT_EQ(ask("POST", "/v1/meetings/current"), 403);
     EXPECT_EQ(request(port_, "GET", "/v1/meetings/active", {{"Host", host_}}, {}, address).status,
               421)
-        << "calling itself local makes nobody local";
+        << "a Host header does not make a request local";
 }
 
-TEST_F(HttpTest, NoPathLeadsOutOfThePages) {
+TEST_F(HttpTest, NoPathLeadsToOtherFiles) {
     for (const char* path :
          {"/../../../etc/passwd", "/%2e%2e/%2e%2e/etc/passwd", "/link.html/..",
           "/StagehopperBackend-arm64", "/panel.html", "//etc/passwd", "/phone%00.js"}) {
@@ -124,7 +124,7 @@ TEST_F(HttpTest, NoPathLeadsOutOfThePages) {
     expectServing();
 }
 
-TEST_F(HttpTest, GarbageIsAnsweredWithBadRequest) {
+TEST_F(HttpTest, GarbageIsABadRequest) {
     for (const std::string& bytes :
          {std::string("\x16\x03\x01\x02\x00\x01\r\n\r\n", 10), std::string("hello\r\n\r\n"),
           std::string("GET /health HTTP/9.9\r\n\r\n"),
@@ -155,7 +155,7 @@ TEST_F(HttpTest, HalfARequestIsDroppedAndLogged) {
     expectServing();
 }
 
-TEST_F(HttpTest, TwoMebibytesOfHeaderAreRefused) {
+TEST_F(HttpTest, AHeaderOfTwoMebibytesIsRefused) {
     RawClient client(port_);
     client.send("GET /health HTTP/1.1\r\nHost: " + host_ + "\r\nX: ");
     client.send(std::string(2 * 1024 * 1024, 'a'));
@@ -174,9 +174,9 @@ TEST_F(HttpTest, ALargeBodyIsRefused) {
     EXPECT_THAT(client.readAll(5s), StartsWith("HTTP/1.1 413 "));
 }
 
-TEST_F(HttpTest, AnAddressOfTheNetworkGetsSixtyFourConnections) {
+TEST_F(HttpTest, ANetworkAddressMayOpenSixtyFourConnections) {
     const auto addresses = likelyFirst(localAddresses());
-    if (addresses.empty()) GTEST_SKIP() << "this machine has no address in a network";
+    if (addresses.empty()) GTEST_SKIP() << "this machine has no network address";
     std::vector<std::unique_ptr<RawClient>> held;
     for (int i = 0; i < 64; ++i) {
         held.push_back(std::make_unique<RawClient>(port_, addresses.front()));
@@ -187,7 +187,7 @@ TEST_F(HttpTest, AnAddressOfTheNetworkGetsSixtyFourConnections) {
     EXPECT_EQ(phone(), 503);
     expectServing();
     held.pop_back();
-    EXPECT_TRUE(becomesTrue(5s, [&] { return phone() == 200; })) << "one has left";
+    EXPECT_TRUE(becomesTrue(5s, [&] { return phone() == 200; })) << "one has disconnected";
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// Nobody takes the seat of another participant, whatever they were told of it.
+// No client can replace another participant with the ids that it can see.
 #include <gmock/gmock.h>
 
 #include <map>
@@ -19,7 +19,7 @@ protected:
             {.port = port_, .query = query(userId, role), .origin = backend_.origin()});
     }
 
-    /// Every id that the room or the list of meetings shows.
+    /// Every id in the messages of the room and in the list of meetings.
     std::set<std::string> shownIds(RoomClient& watcher) {
         std::set<std::string> ids;
         const auto addAll = [&ids](const json& participants) {
@@ -38,14 +38,14 @@ protected:
     }
 };
 
-TEST_F(IdentityTest, AGuestCannotEvictAnybodyByTheIdsThatItIsShown) {
-    std::map<std::string, RoomClient> seated;
-    seated.emplace("host", join("overlay-native-3F2A9C1B"));
-    seated.emplace("panel", joinAsOwnPage("panel-0a1b2c3d", "host"));
-    seated.emplace("overlay", joinAsOwnPage("overlay-4e5f6071", "guest"));
-    seated.emplace("phone", join("phone-presenter"));
+TEST_F(IdentityTest, AGuestCannotReplaceOthersWithTheirPublicIds) {
+    std::map<std::string, RoomClient> joined;
+    joined.emplace("host", join("overlay-native-3F2A9C1B"));
+    joined.emplace("panel", joinAsOwnPage("panel-0a1b2c3d", "host"));
+    joined.emplace("overlay", joinAsOwnPage("overlay-4e5f6071", "guest"));
+    joined.emplace("phone", join("phone-presenter"));
     RoomClient attacker = join("phone-attacker");
-    seated.at("phone").send(step("first"));
+    joined.at("phone").send(step("first"));
 
     const std::set<std::string> ids = shownIds(attacker);
     EXPECT_GE(ids.size(), 5U);
@@ -53,14 +53,14 @@ TEST_F(IdentityTest, AGuestCannotEvictAnybodyByTheIdsThatItIsShown) {
     for (const std::string& id : ids) impostors.push_back(join(id));
 
     attacker.send(step("second"));
-    for (auto& [name, client] : seated) {
-        auto heard = client.next("slide_nav", 5s);
-        if (heard && heard->at("id") == "first") heard = client.next("slide_nav", 5s);
-        EXPECT_TRUE(heard) << name << " was thrown out";
+    for (auto& [name, client] : joined) {
+        auto received = client.next("slide_nav", 5s);
+        if (received && received->at("id") == "first") received = client.next("slide_nav", 5s);
+        EXPECT_TRUE(received) << name << " was disconnected";
     }
 }
 
-TEST_F(IdentityTest, AReconnectTakesItsOwnSeatWithoutAToken) {
+TEST_F(IdentityTest, AReconnectReplacesTheOldConnectionOfTheClient) {
     for (const std::string userId : {"overlay-native-3F2A9C1B", "phone-1", "panel-1"}) {
         RoomClient before = join(userId);
         const auto first = before.next("welcome", 5s);
@@ -69,7 +69,8 @@ TEST_F(IdentityTest, AReconnectTakesItsOwnSeatWithoutAToken) {
         const auto second = after.next("welcome", 5s);
         ASSERT_TRUE(second);
         EXPECT_EQ(before.closed(5s)->code, 4001);
-        EXPECT_EQ(first->at("userId"), second->at("userId")) << "the same one for the others";
+        EXPECT_EQ(first->at("userId"), second->at("userId"))
+            << "the same participant for the others";
         const json& all = second->at("participants");
         EXPECT_EQ(std::ranges::count(all, second->at("userId"),
                                      [](const json& one) { return one.at("userId"); }),
@@ -79,7 +80,7 @@ TEST_F(IdentityTest, AReconnectTakesItsOwnSeatWithoutAToken) {
     }
 }
 
-TEST_F(IdentityTest, ASteppersOwnIdIsTheOneOfItsWelcome) {
+TEST_F(IdentityTest, AStepHasTheIdThatTheWelcomeContained) {
     RoomClient phone = join("phone-1");
     const std::string own = phone.next("welcome", 5s)->at("userId");
     phone.send(step("a"));

@@ -23,7 +23,7 @@ std::string queryWith(const std::string& name, const std::string& value) {
     return query;
 }
 
-TEST(JoinRequest, TheHostsOwnQueryIsRead) {
+TEST(JoinRequest, TheQueryOfTheHostIsParsed) {
     const auto request = parseJoinRequest(hostsOwn);
     ASSERT_TRUE(request);
     EXPECT_EQ(request->roomCode, "K7M2QX");
@@ -34,19 +34,19 @@ TEST(JoinRequest, TheHostsOwnQueryIsRead) {
     EXPECT_FALSE(request->secret);
 }
 
-TEST(JoinRequest, ASecretAndUnknownNamesMayStandInIt) {
+TEST(JoinRequest, ASecretAndUnknownNamesAreAccepted) {
     const auto request = parseJoinRequest(std::string(hostsOwn) + "&secret=a-_b&later=1");
     ASSERT_TRUE(request);
     EXPECT_EQ(request->secret, "a-_b");
 }
 
-TEST(JoinRequest, APlusSignIsAPlusSign) {
+TEST(JoinRequest, APlusSignStaysAPlusSign) {
     const auto request = parseJoinRequest(queryWith("displayName", "Ann%20+%2B%C3%84"));
     ASSERT_TRUE(request);
     EXPECT_EQ(request->displayName, "Ann ++Ä");
 }
 
-TEST(JoinRequest, NothingMayBeMissing) {
+TEST(JoinRequest, EveryValueIsRequired) {
     const std::string query = hostsOwn;
     for (const char* name : {"roomCode=", "userId=", "role=", "displayName=", "cursorColor="}) {
         std::string without = query;
@@ -56,12 +56,12 @@ TEST(JoinRequest, NothingMayBeMissing) {
     EXPECT_FALSE(parseJoinRequest(""));
 }
 
-TEST(JoinRequest, NothingMayBeThereTwice) {
+TEST(JoinRequest, NoNameMayBeRepeated) {
     EXPECT_FALSE(parseJoinRequest(std::string(hostsOwn) + "&role=host"));
     EXPECT_FALSE(parseJoinRequest(std::string(hostsOwn) + "&%72ole=guest"));
 }
 
-TEST(JoinRequest, EachValueHasItsForm) {
+TEST(JoinRequest, EachValueHasAFormat) {
     const std::string long64(64, 'a');
     EXPECT_TRUE(parseJoinRequest(queryWith("userId", long64)));
     EXPECT_TRUE(parseJoinRequest(queryWith("displayName", "")));
@@ -92,20 +92,20 @@ TEST(JoinRequest, EachValueHasItsForm) {
     }
 }
 
-TEST(JoinRequest, LengthOfANameIsInCharactersAndNotInBytes) {
+TEST(JoinRequest, TheLengthOfANameCountsCharactersAndNotBytes) {
     std::string name;
     for (int i = 0; i < 64; ++i) name += "%F0%9F%98%80";
     EXPECT_TRUE(parseJoinRequest(queryWith("displayName", name)));
     EXPECT_FALSE(parseJoinRequest(queryWith("displayName", name + "a")));
 }
 
-TEST(Names, OnlyDrawnOverlaysAreOverlays) {
+TEST(Names, TheHostsSocketIsNoOverlay) {
     EXPECT_TRUE(isOverlay("overlay-1"));
     EXPECT_FALSE(isOverlay("overlay-native-3F2A9C1B"));
     EXPECT_FALSE(isOverlay("phone-overlay"));
 }
 
-TEST(Names, ThoseOfThisMachinesClientsAreReserved) {
+TEST(Names, TheNamesOfThisMachinesClientsAreReserved) {
     EXPECT_TRUE(isReserved("overlay-native-3F2A9C1B"));
     EXPECT_TRUE(isReserved("panel-1"));
     EXPECT_FALSE(isReserved("phone-1"));

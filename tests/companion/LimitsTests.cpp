@@ -23,7 +23,7 @@ std::vector<std::string> drained(OutgoingQueue& queue) {
     return all;
 }
 
-TEST(RateLimit, OneTooManyWithinTheWindowIsRefused) {
+TEST(RateLimit, AnEventBeyondTheLimitOfTheWindowIsRefused) {
     RateLimit limit(3, 2s);
     const TimePoint start;
     EXPECT_TRUE(limit.allow(start));
@@ -35,7 +35,7 @@ TEST(RateLimit, OneTooManyWithinTheWindowIsRefused) {
     EXPECT_TRUE(limit.allow(start + 3s));
 }
 
-TEST(FailedLogins, AfterTenAnAddressWaitsUntilTheMinuteIsOver) {
+TEST(FailedLogins, AfterTenAnAddressIsBlockedForTheRestOfTheMinute) {
     FailedLogins logins;
     const TimePoint start;
     for (int i = 0; i < 10; ++i) {
@@ -53,21 +53,21 @@ TEST(OutgoingQueue, KeepsTheOrder) {
     EXPECT_EQ(drained(queue), (std::vector<std::string>{"a", "b", "c"}));
 }
 
-TEST(OutgoingQueue, KeepsOnlyTheNewestOfATopic) {
+TEST(OutgoingQueue, KeepsOnlyTheNewestMessageOfATopic) {
     OutgoingQueue queue;
-    queue.push(text("ann 1"), "pointer ann");
-    queue.push(text("step"));
-    queue.push(text("bob 1"), "pointer bob");
-    queue.push(text("ann 2"), "pointer ann");
+    EXPECT_TRUE(queue.push(text("ann 1"), "pointer ann"));
+    EXPECT_TRUE(queue.push(text("step")));
+    EXPECT_TRUE(queue.push(text("bob 1"), "pointer bob"));
+    EXPECT_TRUE(queue.push(text("ann 2"), "pointer ann"));
     EXPECT_EQ(drained(queue), (std::vector<std::string>{"ann 2", "step", "bob 1"}));
 }
 
 TEST(OutgoingQueue, IsFullAt256) {
     OutgoingQueue queue;
-    queue.push(text("x"), "pointer ann");
+    EXPECT_TRUE(queue.push(text("x"), "pointer ann"));
     for (int i = 1; i < 256; ++i) ASSERT_TRUE(queue.push(text("step")));
     EXPECT_FALSE(queue.push(text("step")));
-    EXPECT_TRUE(queue.push(text("y"), "pointer ann")) << "replaces, so it needs no place";
+    EXPECT_TRUE(queue.push(text("y"), "pointer ann")) << "replaces a message";
     queue.pop();
     EXPECT_TRUE(queue.push(text("step")));
 }
@@ -87,17 +87,17 @@ std::size_t taken(ConnectionLimits& limits, const Peer& peer, std::vector<Quotas
     return count;
 }
 
-TEST(ConnectionLimits, AnAddressOfTheNetworkHasSixtyFour) {
+TEST(ConnectionLimits, ANetworkAddressHasSixtyFour) {
     ConnectionLimits limits;
     std::vector<Quotas::Permit> held;
     EXPECT_EQ(taken(limits, fromNetwork("10.0.0.1"), held), 64U);
     EXPECT_TRUE(limits.take(fromNetwork("10.0.0.2")));
     EXPECT_TRUE(limits.take(ownProgram));
     held.pop_back();
-    EXPECT_TRUE(limits.take(fromNetwork("10.0.0.1"))) << "one has been given back";
+    EXPECT_TRUE(limits.take(fromNetwork("10.0.0.1"))) << "one was released";
 }
 
-TEST(ConnectionLimits, TheNetworkCannotLockOutThisMachineNorThisMachineTheNetwork) {
+TEST(ConnectionLimits, TheNetworkAndThisMachineCannotLockEachOtherOut) {
     ConnectionLimits limits;
     std::vector<Quotas::Permit> held;
     for (int i = 0; i < 15; ++i) {
@@ -110,18 +110,18 @@ TEST(ConnectionLimits, TheNetworkCannotLockOutThisMachineNorThisMachineTheNetwor
     EXPECT_TRUE(limits.take(fromNetwork("10.0.1.1")));
 }
 
-TEST(ConnectionLimits, OtherUsersOfTheMachineHaveSixtyFourTogether) {
+TEST(ConnectionLimits, OtherUsersOfThisMachineShareSixtyFour) {
     ConnectionLimits limits;
     std::vector<Quotas::Permit> held;
     EXPECT_EQ(taken(limits, otherUser, held), 64U);
     EXPECT_EQ(taken(limits, ownProgram, held), 192U);
 }
 
-TEST(LineBudget, AFloodCostsOneLineASecondAndSixtyAnHour) {
+TEST(LineBudget, AFloodCausesOneLineASecondAndSixtyAnHour) {
     LineBudget budget(1, 60);
     const TimePoint start;
     std::size_t written = 0;
-    // Ten a second for an hour.
+    // Ten events a second for an hour.
     for (int i = 0; i < 36000; ++i) written += budget.allow(start + i * 100ms) ? 1U : 0U;
     EXPECT_EQ(written, 60U);
     EXPECT_EQ(budget.takeLeftOut(), 35940U);

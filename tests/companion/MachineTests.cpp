@@ -1,4 +1,4 @@
-// What the backend takes from the machine: addresses, random text, its parent.
+// The backend's view of the machine: addresses, users, random text, its parent.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <netinet/in.h>
@@ -18,7 +18,7 @@ namespace {
 
 using testing::ElementsAre;
 
-TEST(LocalAddresses, TheOneAPhoneReachesComesFirst) {
+TEST(LocalAddresses, TheAddressThatAPhoneReachesComesFirst) {
     EXPECT_THAT(likelyFirst({{"docker0", "172.17.0.1"},
                              {"wg0", "10.8.0.2", true},
                              {"eth1", "203.0.113.9"},
@@ -31,18 +31,18 @@ TEST(LocalAddresses, TheOneAPhoneReachesComesFirst) {
                             "192.168.49.1", "10.8.0.2", "172.17.0.1"));
 }
 
-TEST(LocalAddresses, EachIsNamedOnce) {
+TEST(LocalAddresses, DuplicatesAreRemoved) {
     EXPECT_THAT(likelyFirst({{"eth0", "10.0.0.1"}, {"eth0:1", "10.0.0.1"}}),
                 ElementsAre("10.0.0.1"));
 }
 
-TEST(LocalAddresses, ThoseOfThisMachineLeadOutOfIt) {
+TEST(LocalAddresses, LoopbackAddressesAreLeftOut) {
     for (const LocalAddress& local : localAddresses()) {
         EXPECT_FALSE(local.address.starts_with("127.")) << local.interfaceName;
     }
 }
 
-TEST(LoopbackUser, TheUserWhoOpenedAConnectionIsKnown) {
+TEST(LoopbackUser, FindsTheUserWhoOpenedAConnection) {
     sockaddr_in server{};
     server.sin_family = AF_INET;
     server.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
@@ -62,14 +62,14 @@ TEST(LoopbackUser, TheUserWhoOpenedAConnectionIsKnown) {
                                         .toAddress = INADDR_LOOPBACK,
                                         .toPort = ntohs(server.sin_port)};
     EXPECT_EQ(userOf(connection), ::geteuid());
-    LoopbackConnection nobodys = connection;
-    nobodys.toPort = nobodys.fromPort;
-    EXPECT_FALSE(userOf(nobodys));
+    LoopbackConnection unknown = connection;
+    unknown.toPort = unknown.fromPort;
+    EXPECT_FALSE(userOf(unknown));
     ::close(opened);
     ::close(listening);
 }
 
-TEST(RandomText, CodesAndSecretsHaveTheirFormAndDiffer) {
+TEST(RandomText, CodesAndSecretsAreValidAndDiffer) {
     std::set<std::string> secrets;
     std::set<char> letters;
     for (int i = 0; i < 500; ++i) {
@@ -84,7 +84,7 @@ TEST(RandomText, CodesAndSecretsHaveTheirFormAndDiffer) {
     EXPECT_EQ(letters.size(), roomCodeAlphabet.size()) << "every letter occurs";
 }
 
-TEST(RandomText, SecretsAreComparedWhole) {
+TEST(RandomText, WholeSecretsAreCompared) {
     EXPECT_TRUE(secretsEqual("abc", "abc"));
     EXPECT_FALSE(secretsEqual("abd", "abc"));
     EXPECT_FALSE(secretsEqual("xbc", "abc"));
@@ -92,10 +92,10 @@ TEST(RandomText, SecretsAreComparedWhole) {
     EXPECT_FALSE(secretsEqual("", "abc"));
 }
 
-TEST(ParentProcess, LivesAsLongAsItIsThere) {
+TEST(ParentProcess, IsGoneOnlyWhenNoProcessHasItsId) {
     EXPECT_FALSE(ParentProcess(::getppid()).isGone()) << "our parent";
-    EXPECT_FALSE(ParentProcess(1).isGone()) << "somebody else's, whom we may not signal";
-    EXPECT_TRUE(ParentProcess(2147483647).isGone()) << "nobody";
+    EXPECT_FALSE(ParentProcess(1).isGone()) << "a process of another user, which we may not signal";
+    EXPECT_TRUE(ParentProcess(2147483647).isGone()) << "no such process";
 }
 
 }  // namespace

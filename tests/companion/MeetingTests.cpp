@@ -36,7 +36,7 @@ protected:
     Meeting meeting_{{"K7M2QX", "Physics", createdAt, "secret"}};
 };
 
-TEST_F(MeetingTest, WhoJoinsIsWelcomedOnceAndFirst) {
+TEST_F(MeetingTest, AJoinIsWelcomedOnceAndFirst) {
     join("panel-1", Role::host);
     const auto phone = join("phone-1");
     ASSERT_THAT(phone->sent(), SizeIs(1));
@@ -47,7 +47,7 @@ TEST_F(MeetingTest, WhoJoinsIsWelcomedOnceAndFirst) {
         ]})"));
 }
 
-TEST_F(MeetingTest, OthersAreToldWhoCameAndWhoWent) {
+TEST_F(MeetingTest, OthersReceiveTheParticipantsAfterJoinsAndLeaves) {
     const auto panel = join("panel-1");
     const auto phone = join("phone-1");
     ASSERT_THAT(panel->ofType("participants"), SizeIs(1));
@@ -58,7 +58,7 @@ TEST_F(MeetingTest, OthersAreToldWhoCameAndWhoWent) {
     EXPECT_THAT(meeting_.participants(), SizeIs(1));
 }
 
-TEST_F(MeetingTest, PhonesAndTheHostsOwnSocketAreNotToldWhoCame) {
+TEST_F(MeetingTest, PhonesAndTheHostDoNotReceiveTheParticipants) {
     const auto native = join("overlay-native-1");
     const auto phone = join("phone-1");
     const auto overlay = join("overlay-1");
@@ -68,7 +68,7 @@ TEST_F(MeetingTest, PhonesAndTheHostsOwnSocketAreNotToldWhoCame) {
     EXPECT_THAT(phone->ofType("participants"), IsEmpty());
 }
 
-TEST_F(MeetingTest, LeavingTwiceTellsNobody) {
+TEST_F(MeetingTest, ASecondLeaveIsIgnored) {
     const auto panel = join("panel-1");
     const auto phone = join("phone-1");
     meeting_.leave(*phone);
@@ -76,7 +76,7 @@ TEST_F(MeetingTest, LeavingTwiceTellsNobody) {
     EXPECT_THAT(panel->ofType("participants"), SizeIs(2));
 }
 
-TEST_F(MeetingTest, AStepGoesToEverybodyItsSenderToo) {
+TEST_F(MeetingTest, AStepReachesAllMembersIncludingItsSender) {
     const auto native = join("overlay-native-1");
     const auto phone = join("phone-1");
     tap(*phone, "a");
@@ -94,7 +94,7 @@ TEST_F(MeetingTest, AStepGoesToEverybodyItsSenderToo) {
     }
 }
 
-TEST_F(MeetingTest, ATapSentAgainAfterAReconnectTurnsNoSecondSlide) {
+TEST_F(MeetingTest, ATapSentAgainAfterAReconnectCausesNoSecondStep) {
     const auto native = join("overlay-native-1");
     const auto before = join("phone-1");
     tap(*before, "a");
@@ -102,10 +102,10 @@ TEST_F(MeetingTest, ATapSentAgainAfterAReconnectTurnsNoSecondSlide) {
     const auto after = join("phone-1");
     tap(*after, "a");
     EXPECT_THAT(native->ofType("slide_nav"), SizeIs(1));
-    ASSERT_THAT(after->ofType("slide_nav"), SizeIs(1)) << "acknowledged all the same";
+    ASSERT_THAT(after->ofType("slide_nav"), SizeIs(1)) << "acknowledged nevertheless";
     EXPECT_EQ(after->ofType("slide_nav")[0]["seq"], createdAt);
     tap(*after, "b");
-    EXPECT_EQ(after->ofType("slide_nav")[1]["seq"], createdAt + 1) << "no number was lost";
+    EXPECT_EQ(after->ofType("slide_nav")[1]["seq"], createdAt + 1) << "no number was skipped";
 }
 
 TEST_F(MeetingTest, TwoPhonesMayUseTheSameId) {
@@ -116,7 +116,7 @@ TEST_F(MeetingTest, TwoPhonesMayUseTheSameId) {
     EXPECT_THAT(ann->ofType("slide_nav"), SizeIs(2));
 }
 
-TEST_F(MeetingTest, PointersGoToOverlaysOnly) {
+TEST_F(MeetingTest, PointersReachOnlyOverlays) {
     const auto overlay = join("overlay-1");
     const auto native = join("overlay-native-1");
     const auto panel = join("panel-1", Role::host);
@@ -134,7 +134,7 @@ TEST_F(MeetingTest, PointersGoToOverlaysOnly) {
     }
 }
 
-TEST_F(MeetingTest, PointersOfEachUserMayReplaceEachOtherAndStepsMayNot) {
+TEST_F(MeetingTest, PointersOfOneUserReplaceEachOtherAndStepsDoNot) {
     const auto overlay = join("overlay-1");
     const auto ann = join("phone-ann");
     const auto bob = join("phone-bob");
@@ -159,11 +159,13 @@ TEST_F(MeetingTest, ASecondJoinReplacesTheFirst) {
 
     tap(*first, "late");
     meeting_.leave(*first);
-    EXPECT_THAT(second->ofType("slide_nav"), IsEmpty()) << "who was replaced says nothing more";
-    EXPECT_THAT(meeting_.participants(), SizeIs(1)) << "nor does its leaving take the other's seat";
+    EXPECT_THAT(second->ofType("slide_nav"), IsEmpty())
+        << "a replaced connection sends nothing more";
+    EXPECT_THAT(meeting_.participants(), SizeIs(1))
+        << "its leave does not remove the new connection";
 }
 
-TEST_F(MeetingTest, TheHostsSocketWaitsWhenTheMeetingIsOver) {
+TEST_F(MeetingTest, TheHostsConnectionStaysOpenAfterTheEnd) {
     const auto native = join("overlay-native-3F2A9C1B");
     meeting_.end();
     EXPECT_EQ(native->sent().back(), json({{"type", "ended"}}));
@@ -171,7 +173,7 @@ TEST_F(MeetingTest, TheHostsSocketWaitsWhenTheMeetingIsOver) {
     EXPECT_FALSE(native->closed);
 }
 
-TEST_F(MeetingTest, NobodyIsToldTheIdThatTakesASeat) {
+TEST_F(MeetingTest, NoMessageContainsAJoinId) {
     const auto panel = join("panel-0a1b2c3d", Role::host);
     const auto overlay = join("overlay-4e5f6071");
     const auto native = join("overlay-native-3F2A9C1B");
@@ -187,7 +189,7 @@ TEST_F(MeetingTest, NobodyIsToldTheIdThatTakesASeat) {
     }
 }
 
-TEST_F(MeetingTest, APublicIdTellsWhatItsClientIs) {
+TEST_F(MeetingTest, APublicIdContainsTheKindOfClient) {
     for (const char* joinId : {"overlay-native-3F2A9C1B", "overlay-1", "panel-1", "phone-1"}) {
         join(joinId);
     }
@@ -196,7 +198,7 @@ TEST_F(MeetingTest, APublicIdTellsWhatItsClientIs) {
     EXPECT_THAT(shown, testing::ElementsAre("overlay-native-1", "overlay-2", "panel-3", "guest-4"));
 }
 
-TEST_F(MeetingTest, AReconnectKeepsThePublicIdAndAPublicIdTakesNoSeat) {
+TEST_F(MeetingTest, AReconnectKeepsThePublicIdAndAPublicIdReplacesNoClient) {
     const auto first = join("phone-1");
     const auto second = join("phone-1");
     EXPECT_EQ(second->sent()[0]["userId"], "guest-1");
@@ -205,7 +207,7 @@ TEST_F(MeetingTest, AReconnectKeepsThePublicIdAndAPublicIdTakesNoSeat) {
     EXPECT_EQ(impostor->sent()[0]["userId"], "guest-2");
 }
 
-TEST_F(MeetingTest, TheEndIsToldAndEverybodyIsDisconnected) {
+TEST_F(MeetingTest, TheEndIsSentToAllMembersAndClosesThem) {
     const auto panel = join("panel-1");
     const auto phone = join("phone-1");
     meeting_.end();
@@ -217,22 +219,22 @@ TEST_F(MeetingTest, TheEndIsToldAndEverybodyIsDisconnected) {
     EXPECT_THAT(meeting_.participants(), IsEmpty());
 }
 
-TEST_F(MeetingTest, TwoHundredAreFullButMayReturn) {
+TEST_F(MeetingTest, AFullMeetingAcceptsOnlyReconnects) {
     for (int i = 0; i < 200; ++i) {
         ASSERT_TRUE(meeting_.hasRoomFor("phone-" + std::to_string(i)));
         join("phone-" + std::to_string(i));
     }
     EXPECT_FALSE(meeting_.hasRoomFor("phone-200"));
-    EXPECT_TRUE(meeting_.hasRoomFor("phone-7")) << "replaces itself";
+    EXPECT_TRUE(meeting_.hasRoomFor("phone-7")) << "replaces its earlier connection";
 }
 
-TEST_F(MeetingTest, OldTapsAreForgottenInTheEnd) {
+TEST_F(MeetingTest, TheOldestTapsAreForgotten) {
     const auto phone = join("phone-1");
     for (int i = 0; i <= 4096; ++i) tap(*phone, std::to_string(i));
     tap(*phone, "4096");
-    EXPECT_EQ(phone->sent().back()["seq"], createdAt + 4096) << "a recent one is known";
+    EXPECT_EQ(phone->sent().back()["seq"], createdAt + 4096) << "a recent tap is known";
     tap(*phone, "0");
-    EXPECT_EQ(phone->sent().back()["seq"], createdAt + 4097) << "memory has to end somewhere";
+    EXPECT_EQ(phone->sent().back()["seq"], createdAt + 4097) << "the oldest tap was forgotten";
 }
 
 }  // namespace

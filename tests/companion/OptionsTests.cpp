@@ -17,7 +17,7 @@ std::variant<Options, std::string> read(const std::vector<std::string>& argument
     });
 }
 
-TEST(Options, TheHostsArgumentAndEnvironmentAreUnderstood) {
+TEST(Options, TheArgumentsAndEnvironmentOfTheHostAreParsed) {
     const auto options =
         std::get<Options>(read({"--ppid=4711"}, {{"PORT", "3000"}, {"PORT_EXTRA", "50"}}));
     EXPECT_EQ(options.parent, 4711);
@@ -33,7 +33,7 @@ TEST(Options, PortsHaveDefaults) {
     EXPECT_EQ(options.pages, "/p");
 }
 
-TEST(Options, WhatIsMalformedIsSaid) {
+TEST(Options, InvalidOptionsGiveAnErrorMessage) {
     for (const char* argument : {"--ppid=", "--ppid=0", "--ppid=-1", "--ppid=x", "--ppid=1x",
                                  "--ppid=99999999999", "--pages=", "--help", ""}) {
         const auto result = read({"--ppid=1", argument}, {});
@@ -48,7 +48,7 @@ TEST(Options, WhatIsMalformedIsSaid) {
     }
 }
 
-TEST(Options, TheLogStandsInTheStateFolder) {
+TEST(Options, TheLogIsInTheStateFolder) {
     const auto fileWith = [](const Environment& environment) {
         return std::get<Options>(read({"--ppid=1"}, environment)).logFile;
     };

@@ -1,4 +1,4 @@
-// How the backend begins and ends.
+// The start and the end of the backend.
 #include <gtest/gtest.h>
 
 #include "tests/companion/BackendProcess.h"
@@ -10,14 +10,14 @@ namespace {
 
 using namespace std::chrono_literals;
 
-TEST(BackendProcess, AnswersOnTheFirstPortWhenThatIsFree) {
+TEST(BackendProcess, ListensOnTheFirstPortIfItIsFree) {
     const std::uint16_t first = BackendProcess::unusedPort();
     BackendProcess backend({.parent = {}, .firstPort = first});
     EXPECT_EQ(backend.port(), first);
     EXPECT_EQ(request(first, "GET", "/health").status, 200);
 }
 
-TEST(BackendProcess, TakesTheNextPortWhenOneIsTaken) {
+TEST(BackendProcess, ListensOnTheNextPortIfOneIsTaken) {
     BackendProcess other;
     ASSERT_NE(other.port(), 0);
     BackendProcess backend({.parent = {}, .firstPort = other.port()});
@@ -26,14 +26,14 @@ TEST(BackendProcess, TakesTheNextPortWhenOneIsTaken) {
     EXPECT_EQ(request(other.port(), "GET", "/health").status, 200);
 }
 
-TEST(BackendProcess, EndsWithOneWhenAllPortsAreTaken) {
+TEST(BackendProcess, ExitsWithStatusOneIfAllPortsAreTaken) {
     BackendProcess other;
     ASSERT_NE(other.port(), 0);
     BackendProcess backend({.parent = {}, .firstPort = other.port(), .extraPorts = 0});
     EXPECT_EQ(backend.exitStatus(5s), 1);
 }
 
-TEST(BackendProcess, ListensAgainAtOnceWhereAnotherHasJustEnded) {
+TEST(BackendProcess, ReusesThePortOfABackendThatHasJustEnded) {
     BackendProcess first;
     const std::uint16_t port = first.port();
     ASSERT_EQ(request(port, "GET", "/health").status, 200);
@@ -47,7 +47,7 @@ TEST(BackendProcess, EndsWithItsParent) {
     FakeParent parent;
     BackendProcess backend({.parent = parent.id()});
     ASSERT_NE(backend.port(), 0);
-    EXPECT_FALSE(backend.exitStatus(600ms)) << "the parent lives";
+    EXPECT_FALSE(backend.exitStatus(600ms)) << "the parent is alive";
     parent.kill();
     EXPECT_EQ(backend.exitStatus(1500ms), 0);
 }
@@ -61,7 +61,7 @@ TEST(BackendProcess, EndsWithTheParentThatStartedIt) {
     EXPECT_TRUE(backend.logs("ending parent gone", 1s));
 }
 
-TEST(BackendProcess, SaysGoodByeAndEndsWithinASecondWhenTold) {
+TEST(BackendProcess, ClosesItsConnectionsAndEndsWithinASecondAfterASignal) {
     BackendProcess backend;
     const auto made =
         nlohmann::json::parse(ownPageRequest(backend.port(), "POST", "/v1/meetings").body);
@@ -79,7 +79,7 @@ TEST(BackendProcess, SaysGoodByeAndEndsWithinASecondWhenTold) {
     EXPECT_EQ(backend.exitStatus(1s), 0);
 }
 
-TEST(BackendProcess, EndsWithinASecondEvenWhenNobodySaysGoodByeBack) {
+TEST(BackendProcess, EndsWithinASecondEvenIfAClientDoesNotReplyToTheClose) {
     BackendProcess backend;
     const auto made =
         nlohmann::json::parse(ownPageRequest(backend.port(), "POST", "/v1/meetings").body);

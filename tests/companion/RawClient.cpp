@@ -75,12 +75,12 @@ std::string RawClient::readUntil(std::string_view wanted, std::chrono::milliseco
 
 bool RawClient::ends(std::chrono::milliseconds limit) {
     const auto latest = steady_clock::now() + limit;
-    std::string thrownAway;
+    std::string discarded;
     while (true) {
-        const auto count = readSome(thrownAway, latest);
+        const auto count = readSome(discarded, latest);
         if (!count) return false;
         if (*count == 0) return true;
-        thrownAway.clear();
+        discarded.clear();
     }
 }
 

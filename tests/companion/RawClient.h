@@ -9,28 +9,28 @@
 
 namespace stagehopper::companion {
 
-/// A TCP connection on which anything can be said, also what no client library would.
+/// A TCP connection for any bytes, including those that no client library would send.
 class RawClient {
 public:
-    /// With `receiveBytes` the system keeps little for a reader that does not read.
+    /// `receiveBytes` sets the size of the receive buffer, unless it is 0.
     explicit RawClient(std::uint16_t port, const std::string& address = "127.0.0.1",
                        int receiveBytes = 0);
     ~RawClient();
     RawClient(const RawClient&) = delete;
     RawClient& operator=(const RawClient&) = delete;
 
-    /// False when the other side does not take it.
+    /// False if the server does not take all bytes.
     bool send(std::string_view bytes);
     void finishSending();
-    /// Everything until the other side ends, or the time is over.
+    /// Reads until the server closes or the limit passes.
     std::string readAll(std::chrono::milliseconds limit);
-    /// What is there by the time that `wanted` is.
+    /// Reads until the text contains `wanted`, the server closes or the limit passes.
     std::string readUntil(std::string_view wanted, std::chrono::milliseconds limit);
-    /// Whether the other side ended within the limit; what comes before is thrown away.
+    /// Whether the server closes within the limit. Discards all bytes before that.
     bool ends(std::chrono::milliseconds limit);
 
 private:
-    /// 0 at the end; none when the time is over.
+    /// 0 at the end. Null if the limit passes.
     std::optional<std::size_t> readSome(std::string& text,
                                         std::chrono::steady_clock::time_point latest);
 
@@ -38,19 +38,19 @@ private:
 };
 
 struct HttpReply {
-    /// 0 when there was none.
+    /// 0 if there was no response.
     int status = 0;
-    /// Everything up to the empty line.
+    /// The status line and all header lines.
     std::string header;
     std::string body;
 };
 
-/// One request on a connection of its own. `Host` is the server's, unless given.
+/// Sends one request on a new connection. `Host` is the address of the server unless given.
 HttpReply request(std::uint16_t port, const std::string& method, const std::string& target,
                   const std::map<std::string, std::string>& headers = {},
                   const std::string& body = {}, const std::string& address = "127.0.0.1");
 
-/// As the panel's hidden frame asks.
+/// Sends a request like one of the panel's hidden frame.
 HttpReply ownPageRequest(std::uint16_t port, const std::string& method, const std::string& target,
                          const std::string& body = {});
 

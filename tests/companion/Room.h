@@ -26,13 +26,13 @@ protected:
                "&displayName=" + userId + "&cursorColor=%23aabbcc";
     }
 
-    /// As a program of this machine, without an origin.
+    /// Joins like a program on this machine, without an origin.
     RoomClient join(const std::string& userId) {
         return RoomClient({.port = port_, .query = query(userId), .origin = {}});
     }
 
-    /// A handshake by hand, for a client that then does what no library does.
-    void joinByHand(RawClient& client, const std::string& userId) {
+    /// Sends a raw handshake, for a client that misbehaves afterwards.
+    void joinRaw(RawClient& client, const std::string& userId) {
         client.send("GET /ws?" + query(userId) +
                     " HTTP/1.1\r\nHost: 127.0.0.1:" + std::to_string(port_) +
                     "\r\nUpgrade: websocket\r\nConnection: Upgrade\r\nSec-WebSocket-Version: 13\r\n"

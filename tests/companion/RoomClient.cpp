@@ -24,7 +24,7 @@ struct RoomClient::Socket {
     bool hasMessage = false;
     beast::error_code readError;
 
-    /// Runs the loop until `done` or the time is over.
+    /// Runs the loop until `done` is true or the limit passes.
     bool runUntil(const bool& done, std::chrono::milliseconds limit) {
         const auto latest = std::chrono::steady_clock::now() + limit;
         loop.restart();
@@ -37,7 +37,7 @@ struct RoomClient::Socket {
         bool done = false;
         beast::error_code result;
         stream.binary(binary);
-        // A copy: when the limit passes, the write is still under way.
+        // A copy: the write is still pending if the limit passes.
         const auto held = std::make_shared<std::string>(bytes);
         stream.async_write(asio::buffer(*held), [&, held](beast::error_code error, std::size_t) {
             result = error;
@@ -47,7 +47,7 @@ struct RoomClient::Socket {
         throw std::runtime_error("the backend does not read");
     }
 
-    /// True when a message is in the buffer.
+    /// True if a message is in the buffer.
     bool read(std::chrono::milliseconds limit) {
         if (readError) return false;
         if (!reading) {
@@ -63,19 +63,19 @@ struct RoomClient::Socket {
     }
 };
 
-RoomClient::RoomClient(const Where& where) : socket_(std::make_unique<Socket>()) {
+RoomClient::RoomClient(const Target& target) : socket_(std::make_unique<Socket>()) {
     auto& socket = *socket_;
     beast::error_code error;
     tcp::socket& lowest = beast::get_lowest_layer(socket.stream);
-    lowest.connect({asio::ip::make_address(where.address), where.port}, error);
+    lowest.connect({asio::ip::make_address(target.address), target.port}, error);
     if (error) return;
     socket.stream.set_option(websocket::stream_base::decorator([&](websocket::request_type& sent) {
-        if (where.origin) sent.set("Origin", *where.origin);
+        if (target.origin) sent.set("Origin", *target.origin);
     }));
     websocket::response_type answer;
     bool done = false;
-    socket.stream.async_handshake(answer, where.address + ":" + std::to_string(where.port),
-                                  "/ws?" + where.query, [&](beast::error_code result) {
+    socket.stream.async_handshake(answer, target.address + ":" + std::to_string(target.port),
+                                  "/ws?" + target.query, [&](beast::error_code result) {
                                       error = result;
                                       done = true;
                                   });

@@ -10,14 +10,14 @@
 
 namespace stagehopper::companion {
 
-/// One client of a room, with a real WebSocket. Everything waits at most for its limit.
+/// A client of a room, with a real WebSocket. No call waits longer than its limit.
 class RoomClient {
 public:
-    struct Where {
+    struct Target {
         std::uint16_t port = 0;
-        /// Without "/ws?".
+        /// Without the leading "/ws?".
         std::string query;
-        /// Absent: as a program, which has none.
+        /// Absent for a program, which sends no Origin header.
         std::optional<std::string> origin;
         std::string address = "127.0.0.1";
     };
@@ -26,24 +26,24 @@ public:
         std::string reason;
     };
 
-    /// Joins at once; see `status`.
-    explicit RoomClient(const Where& where);
+    /// Joins. See `status` for the result.
+    explicit RoomClient(const Target& target);
     ~RoomClient();
     RoomClient(RoomClient&&) noexcept;
     RoomClient& operator=(RoomClient&&) = delete;
 
-    /// 101 when it is in; else the status of the refusal, or 0 when nobody answered.
+    /// 101 after a join, otherwise the status of the refusal. 0 without a response.
     int status() const;
 
     bool send(std::string_view text);
     bool sendBinary(std::string_view bytes);
-    /// The next message as it came, for those who read very many.
+    /// The next message without parsing it, for tests that read very many.
     std::optional<std::string> nextText(std::chrono::milliseconds limit);
-    /// The next message, or none when there is none in time or the connection ended.
+    /// The next message. Null if the limit passes or the connection ends.
     std::optional<nlohmann::json> next(std::chrono::milliseconds limit);
-    /// The next message of a type; others are passed over.
+    /// The next message of the type. Skips all others.
     std::optional<nlohmann::json> next(const std::string& type, std::chrono::milliseconds limit);
-    /// Reads to the end; none when it does not end in time. Code 0: it ended without a word.
+    /// Reads to the end of the connection. Null if the limit passes. Code 0 without a close frame.
     std::optional<Closed> closed(std::chrono::milliseconds limit);
 
 private:

@@ -34,36 +34,36 @@ protected:
     TimePoint now_;
 };
 
-TEST_F(RoomEntryTest, ThisMachinesClientsNeedNoSecret) {
+TEST_F(RoomEntryTest, ClientsOnThisMachineNeedNoSecret) {
     EXPECT_EQ(enter(query("overlay-native-1"), Trust::localProgram), joined);
     EXPECT_EQ(enter(query("panel-1", "host"), Trust::ownPage), joined);
     EXPECT_EQ(enter(query("overlay-1"), Trust::ownPage), joined);
 }
 
-TEST_F(RoomEntryTest, AProgramIsAGuest) {
+TEST_F(RoomEntryTest, AProgramMayOnlyBeAGuest) {
     EXPECT_EQ(enter(query("overlay-native-1", "host"), Trust::localProgram), 403U);
 }
 
-TEST_F(RoomEntryTest, ThePhoneNeedsTheSecret) {
+TEST_F(RoomEntryTest, APhoneNeedsTheSecret) {
     EXPECT_EQ(enter(withSecret(query("phone-1")), Trust::network), joined);
     EXPECT_EQ(enter(query("phone-1"), Trust::network), 403U);
     EXPECT_EQ(enter(query("phone-1") + "&secret=", Trust::network), 403U);
     EXPECT_EQ(enter(withSecret(query("phone-1")) + "x", Trust::network), 403U);
 }
 
-TEST_F(RoomEntryTest, ThePhoneIsAGuestWithAnUnreservedName) {
+TEST_F(RoomEntryTest, APhoneMayOnlyBeAGuestWithAnUnreservedId) {
     EXPECT_EQ(enter(withSecret(query("phone-1", "host")), Trust::network), 403U);
     EXPECT_EQ(enter(withSecret(query("overlay-1")), Trust::network), 403U);
     EXPECT_EQ(enter(withSecret(query("panel-1")), Trust::network), 403U);
 }
 
-TEST_F(RoomEntryTest, TheSecretOfAnotherMeetingIsWrong) {
+TEST_F(RoomEntryTest, TheSecretOfAnotherMeetingIsRefused) {
     const auto other = meetings_.create("Chemistry", 1790000000001);
     EXPECT_EQ(enter(query("phone-1") + "&secret=" + other->identity().secret, Trust::network),
               403U);
 }
 
-TEST_F(RoomEntryTest, MalformedUnknownAndFull) {
+TEST_F(RoomEntryTest, AMalformedQueryAFullRoomAndAnUnknownRoomAreRefused) {
     EXPECT_EQ(enter("x", Trust::ownPage), 400U);
     EXPECT_EQ(enter(query("a b"), Trust::ownPage), 400U);
     for (int i = 0; i < 200; ++i) {
@@ -76,15 +76,15 @@ TEST_F(RoomEntryTest, MalformedUnknownAndFull) {
     EXPECT_EQ(enter(ended, Trust::ownPage), 404U);
 }
 
-TEST_F(RoomEntryTest, AHostComesBackToAMeetingThatIsOver) {
+TEST_F(RoomEntryTest, AHostMayReconnectToAMeetingThatIsOver) {
     const std::string host = query("overlay-native-1");
     meetings_.end(meeting_->identity().roomCode);
     EXPECT_EQ(enter(host, Trust::localProgram), joined);
-    EXPECT_EQ(enter(host, Trust::ownPage), 404U) << "pages hear of the end and stop";
+    EXPECT_EQ(enter(host, Trust::ownPage), 404U) << "pages stop at the end of the meeting";
     EXPECT_EQ(enter(query("other"), Trust::localProgram), 404U);
 }
 
-TEST_F(RoomEntryTest, WhoGuessesCodesWaitsAsWell) {
+TEST_F(RoomEntryTest, GuessingRoomCodesBlocksTheAddress) {
     std::string unknown = withSecret(query("phone-1"));
     unknown.replace(unknown.find('=') + 1, 6, "ZZZZZZ");
     for (int i = 0; i < 10; ++i) EXPECT_EQ(enter(unknown, Trust::network), 404U);
@@ -94,13 +94,13 @@ TEST_F(RoomEntryTest, WhoGuessesCodesWaitsAsWell) {
     EXPECT_EQ(enter(withSecret(query("phone-1")), Trust::network), joined);
 }
 
-TEST_F(RoomEntryTest, WhoGuessesWaitsEvenWithTheRightSecretAtLast) {
+TEST_F(RoomEntryTest, GuessingSecretsBlocksTheAddressEvenWithTheRightOne) {
     for (int i = 0; i < 10; ++i) {
         EXPECT_EQ(enter(query("phone-1") + "&secret=guess", Trust::network), 403U);
     }
     EXPECT_EQ(enter(withSecret(query("phone-1")), Trust::network), 429U);
     EXPECT_EQ(enter(query("overlay-native-1"), Trust::localProgram), joined)
-        << "others do not wait";
+        << "others are not blocked";
     now_ += 60s;
     EXPECT_EQ(enter(withSecret(query("phone-1")), Trust::network), joined);
 }

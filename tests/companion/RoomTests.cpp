@@ -1,4 +1,4 @@
-// What clients of a room say to each other, over real sockets.
+// The messages between the clients of a room, over real sockets.
 #include <gmock/gmock.h>
 
 #include "companion/backend/LocalAddresses.h"
@@ -25,7 +25,7 @@ TEST_F(RoomTest, AStepReachesTheHostAndIsAcknowledged) {
     EXPECT_EQ(phone.next("slide_nav", 5s), expected);
 }
 
-TEST_F(RoomTest, ATapSentAgainIsAcknowledgedButTurnsNothing) {
+TEST_F(RoomTest, ATapSentAgainIsAcknowledgedButCausesNoStep) {
     RoomClient native = join("overlay-native-1");
     {
         RoomClient phone = join("phone-1");
@@ -40,7 +40,7 @@ TEST_F(RoomTest, ATapSentAgainIsAcknowledgedButTurnsNothing) {
     EXPECT_EQ(native.next("slide_nav", 5s)->at("id"), "b");
 }
 
-TEST_F(RoomTest, PointersReachOverlaysOnly) {
+TEST_F(RoomTest, PointersReachOnlyOverlays) {
     RoomClient overlay({.port = port_, .query = query("overlay-1"), .origin = backend_.origin()});
     RoomClient native = join("overlay-native-1");
     RoomClient phone = join("phone-1");
@@ -53,10 +53,10 @@ TEST_F(RoomTest, PointersReachOverlaysOnly) {
         ASSERT_NE(message->at("type"), "pointer");
         if (message->at("type") == "slide_nav") return;
     }
-    FAIL() << "the step did not come";
+    FAIL() << "the step did not arrive";
 }
 
-TEST_F(RoomTest, TheEndOfTheMeetingIsToldToEverybody) {
+TEST_F(RoomTest, TheEndOfTheMeetingReachesItsClients) {
     RoomClient phone = join("phone-1");
     ASSERT_TRUE(phone.next("welcome", 5s));
     ASSERT_EQ(ownPageRequest(port_, "DELETE", "/v1/meetings/" + code_).status, 204);
@@ -77,7 +77,7 @@ TEST_F(RoomTest, ASecondJoinClosesTheFirst) {
     EXPECT_TRUE(second.next("slide_nav", 5s));
 }
 
-TEST_F(RoomTest, WhoGoesIsGoneForTheOthers) {
+TEST_F(RoomTest, ADisconnectedClientIsRemovedForTheOthers) {
     RoomClient panel = join("panel-1");
     {
         RoomClient phone = join("phone-1");
@@ -88,12 +88,12 @@ TEST_F(RoomTest, WhoGoesIsGoneForTheOthers) {
     EXPECT_EQ(active["meetings"][0]["participants"].size(), 1U);
 }
 
-TEST_F(RoomTest, RefusalsHaveTheirStatus) {
+TEST_F(RoomTest, EachRefusalHasItsStatus) {
     const auto status = [&](const std::string& asked, const std::optional<std::string>& origin) {
         const int refused = RoomClient({.port = port_, .query = asked, .origin = origin}).status();
         if (!origin) {
             EXPECT_EQ(request(port_, "GET", "/ws?" + asked).status, refused)
-                << "the question without an upgrade";
+                << "the request without an upgrade";
         }
         return refused;
     };
@@ -105,9 +105,9 @@ TEST_F(RoomTest, RefusalsHaveTheirStatus) {
     EXPECT_EQ(request(port_, "GET", "/ws?" + query("a")).status, 426);
 }
 
-TEST_F(RoomTest, APhoneNeedsTheSecretAndWhoGuessesWaits) {
+TEST_F(RoomTest, APhoneNeedsTheSecretAndGuessingBlocksIt) {
     const auto addresses = likelyFirst(localAddresses());
-    if (addresses.empty()) GTEST_SKIP() << "this machine has no address in a network";
+    if (addresses.empty()) GTEST_SKIP() << "this machine has no network address";
     const auto status = [&](const std::string& secret) {
         return RoomClient({.port = port_,
                            .query = query("phone-1") + "&secret=" + secret,
@@ -118,11 +118,11 @@ TEST_F(RoomTest, APhoneNeedsTheSecretAndWhoGuessesWaits) {
     EXPECT_EQ(status(secret_), 101);
     for (int i = 0; i < 10; ++i) EXPECT_EQ(status("guess"), 403);
     EXPECT_EQ(status(secret_), 429);
-    EXPECT_EQ(join("overlay-native-1").status(), 101) << "others do not wait";
+    EXPECT_EQ(join("overlay-native-1").status(), 101) << "others are not blocked";
     EXPECT_EQ(backend_.log().find(secret_), std::string::npos);
 }
 
-struct Offence {
+struct Offense {
     std::string name;
     std::string message;
     bool binary;
@@ -130,32 +130,32 @@ struct Offence {
     std::string reason;
 };
 
-class OffenceTest : public RoomTest, public testing::WithParamInterface<Offence> {};
+class OffenseTest : public RoomTest, public testing::WithParamInterface<Offense> {};
 
-TEST_P(OffenceTest, ClosesTheOffenderAndNobodyElse) {
+TEST_P(OffenseTest, ClosesOnlyTheOffender) {
     RoomClient other = join("other");
     RoomClient offender = join("offender");
-    const Offence& offence = GetParam();
-    offence.binary ? offender.sendBinary(offence.message) : offender.send(offence.message);
+    const Offense& offense = GetParam();
+    offense.binary ? offender.sendBinary(offense.message) : offender.send(offense.message);
     const auto closed = offender.closed(5s);
     ASSERT_TRUE(closed);
-    EXPECT_EQ(closed->code, offence.code);
-    EXPECT_EQ(closed->reason, offence.reason);
+    EXPECT_EQ(closed->code, offense.code);
+    EXPECT_EQ(closed->reason, offense.reason);
     other.send(step("still"));
     EXPECT_TRUE(other.next("slide_nav", 5s));
-    EXPECT_TRUE(backend_.logs("user=guest-2 peer=127.0.0.1 reason=" + offence.reason, 1s));
+    EXPECT_TRUE(backend_.logs("user=guest-2 peer=127.0.0.1 reason=" + offense.reason, 1s));
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Each, OffenceTest,
-    testing::Values(Offence{"binary", "x", true, 1003, "text only"},
-                    Offence{"noJson", "x", false, 1008, "bad message"},
-                    Offence{"unknownType", R"({"type":"x"})", false, 1008, "bad message"},
-                    Offence{"oneByteTooLarge", std::string(4097, ' '), false, 1009, ""},
-                    Offence{"noUtf8", "{\"type\":\"\xff\"}", false, 1007, ""}),
+    Each, OffenseTest,
+    testing::Values(Offense{"binary", "x", true, 1003, "text only"},
+                    Offense{"noJson", "x", false, 1008, "bad message"},
+                    Offense{"unknownType", R"({"type":"x"})", false, 1008, "bad message"},
+                    Offense{"oneByteTooLarge", std::string(4097, ' '), false, 1009, ""},
+                    Offense{"noUtf8", "{\"type\":\"\xff\"}", false, 1007, ""}),
     [](const auto& tested) { return tested.param.name; });
 
-TEST_F(RoomTest, FourKibibytesAreNotTooMuch) {
+TEST_F(RoomTest, AMessageOfFourKibibytesIsAccepted) {
     RoomClient phone = join("phone-1");
     const std::string message = step("a");
     ASSERT_TRUE(phone.send(message + std::string(4096 - message.size(), ' ')));
@@ -164,7 +164,7 @@ TEST_F(RoomTest, FourKibibytesAreNotTooMuch) {
 
 TEST_F(RoomTest, TooManyMessagesCloseTheirSender) {
     RoomClient phone = join("phone-1");
-    // Once it is closing, the rest cannot be sent any more.
+    // Sending fails as soon as the connection is closing.
     for (int i = 0; i < 300 && phone.send(step(std::to_string(i))); ++i) {
     }
     const auto closed = phone.closed(5s);
@@ -173,9 +173,9 @@ TEST_F(RoomTest, TooManyMessagesCloseTheirSender) {
     EXPECT_EQ(closed->reason, "too many messages");
 }
 
-TEST_F(RoomTest, BrokenFramesEndOnlyTheirSender) {
+TEST_F(RoomTest, ABrokenFrameClosesOnlyItsSender) {
     RawClient broken(port_);
-    joinByHand(broken, "broken");
+    joinRaw(broken, "broken");
     ASSERT_NE(broken.readUntil("welcome", 5s), "");
     broken.send("\xff\xff\xff\xff garbage that is no frame");
     EXPECT_TRUE(broken.ends(5s));
@@ -183,7 +183,7 @@ TEST_F(RoomTest, BrokenFramesEndOnlyTheirSender) {
     EXPECT_TRUE(other.next("welcome", 5s));
 }
 
-TEST_F(RoomTest, WordsBeforeTheHandshakeIsOverAreRefused) {
+TEST_F(RoomTest, DataBeforeTheEndOfTheHandshakeIsRefused) {
     RawClient hasty(port_);
     hasty.send("GET /ws?" + query("hasty") +
                " HTTP/1.1\r\nHost: 127.0.0.1:" + std::to_string(port_) +

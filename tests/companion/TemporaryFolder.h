@@ -7,7 +7,7 @@
 
 namespace stagehopper::companion {
 
-/// A folder of one's own, gone with its owner.
+/// A new folder. The destructor removes it.
 class TemporaryFolder {
 public:
     TemporaryFolder() {

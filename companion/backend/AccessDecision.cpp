@@ -44,13 +44,13 @@ std::optional<Rule> ruleFor(std::string_view path) {
 }
 
 Trust trustOf(const RequestContext& context) {
-    // Who comes over the network's address is taken for the network, even from this machine.
+    // A request to a network address counts as one from the network, even from this machine.
     if (!context.fromThisMachine || !context.host.starts_with("127.0.0.1:")) return Trust::network;
     return context.origin ? Trust::ownPage : Trust::localProgram;
 }
 
 bool comesFromForeignPage(const RequestContext& context) {
-    // "same-site" is another port of the same address: another program.
+    // "same-site" is another port of the same address, so another program.
     return context.fetchSite == "cross-site" || context.fetchSite == "same-site";
 }
 
@@ -63,7 +63,7 @@ AccessDecision decideAccess(const RequestContext& context) {
         return AccessDecision{
             .status = status, .reason = reason, .route = route, .allowedMethod = {}};
     };
-    // A foreign name may resolve to this machine; as an address it is ours.
+    // A foreign name can resolve to this machine, so only the address itself is accepted.
     if (context.host != context.reachedAt) {
         return refusal(421, "this is not the server of that name");
     }

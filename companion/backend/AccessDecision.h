@@ -6,11 +6,11 @@
 
 namespace stagehopper::companion {
 
-/// What of a request decides who asks.
+/// The parts of a request that decide about access.
 struct RequestContext {
     /// The peer's address is 127.0.0.1.
     bool fromThisMachine = false;
-    /// Where it reached us, as in "192.168.1.5:3000".
+    /// The local address and port of the connection, such as "192.168.1.5:3000".
     std::string reachedAt;
     std::string host;
     std::optional<std::string> origin;
@@ -21,24 +21,24 @@ struct RequestContext {
     std::string path;
 };
 
-/// In rising order.
+/// In ascending order.
 enum class Trust {
-    /// Somebody in the local network.
+    /// Any peer in the local network.
     network,
-    /// A program of this machine, or a page of the web in one of its browsers: it may learn what
-    /// a program may, since no answer can be read by a page of another origin.
+    /// A program on this machine, or a web page in a browser on it. Such a page may ask for what a
+    /// program may ask for, because it cannot read the response: its origin is another one.
     localProgram,
-    /// A page that this backend served, on this machine.
+    /// A page served by this backend, on this machine.
     ownPage,
 };
 
-/// What is behind a path.
+/// What a path leads to.
 enum class Resource {
     health,
     activeMeetings,
     meetings,
     currentMeeting,
-    /// One meeting; its code is the path's last part.
+    /// One meeting; its code is the last part of the path.
     meeting,
     room,
     /// A page or one of its files; see `pageTable`.
@@ -46,21 +46,21 @@ enum class Resource {
 };
 
 struct AccessDecision {
-    /// 200, or why not.
+    /// 200, or the status of the refusal.
     unsigned status = 200;
     std::string_view reason;
     Trust trust = Trust::network;
     Resource resource = Resource::file;
-    /// What the log may name: the rule's own text, nothing of the request.
+    /// For the log: text of the rule, never of the request.
     std::string_view route = "unknown";
-    /// With 405: what would have been allowed.
+    /// With status 405: the method that is allowed.
     std::string_view allowedMethod;
 
     bool isAllowed() const { return status == 200; }
 };
 
-/// Who may ask for what. The room itself asks for more: see `RoomEntry.h`.
-/// Thread: any; pure.
-AccessDecision decideAccess(const RequestContext& context);
+/// Decides whether a request may be handled. A room has further conditions: see `RoomEntry.h`. Any
+/// thread.
+[[nodiscard]] AccessDecision decideAccess(const RequestContext& context);
 
 }  // namespace stagehopper::companion

@@ -14,7 +14,7 @@ Response jsonResponse(unsigned status, std::string body) {
     return {.status = status, .contentType = jsonType, .body = std::move(body), .headers = {}};
 }
 
-/// The name in a body that is empty or a JSON object; none when it is neither, or no name.
+/// The name in the body, which is empty or a JSON object. Null if the body or the name is invalid.
 std::optional<std::string> roomNameIn(const std::string& body) {
     if (body.empty()) return std::string();
     const auto object = nlohmann::json::parse(body, nullptr, false);
@@ -28,7 +28,7 @@ std::optional<std::string> roomNameIn(const std::string& body) {
 
 Response health() {
     Response response = jsonResponse(200, R"({"status":"ok","program":"stagehopper-backend"})");
-    // The panel's page has another origin, and has to see at least that somebody answers.
+    // The panel has another origin and must be able to see that a server responds.
     response.headers["Cross-Origin-Resource-Policy"] = "cross-origin";
     return response;
 }
@@ -108,12 +108,12 @@ Response Api::file(const Request& request) const {
     if (file == nullptr) return errorResponse(404, "no such thing");
     Response response{.contentType = file->contentType, .body = file->bytes, .headers = {}};
     const std::string& host = request.context.host;
-    // Not every browser counts a socket to the same host and port as 'self'.
+    // In some browsers 'self' does not cover a WebSocket to the same host and port.
     response.headers["Content-Security-Policy"] =
         "default-src 'self'; connect-src 'self' ws://" + host +
         "; base-uri 'none'; form-action 'none'; object-src 'none'";
     response.headers["Accept-Ranges"] = "bytes";
-    // The link page is made to be framed; the phone's page turns slides when it is tapped on.
+    // The link page belongs in a frame. A framed phone page could be made to turn slides.
     if (request.context.path == "/phone") response.headers["X-Frame-Options"] = "DENY";
 
     const std::size_t size = file->bytes.size();

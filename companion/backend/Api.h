@@ -16,7 +16,7 @@ namespace stagehopper::companion {
 
 struct Request {
     RequestContext context;
-    /// The Range header, or empty.
+    /// The Range header; empty if absent.
     std::string range;
     std::string body;
 };
@@ -25,27 +25,26 @@ struct Response {
     unsigned status = 200;
     std::string contentType;
     std::string body;
-    /// Headers beside those that every answer has.
+    /// Headers in addition to those of every response.
     std::map<std::string, std::string> headers;
 };
 
-/// Words for a person, as JSON.
+/// A message for a person, as JSON.
 Response errorResponse(unsigned status, std::string_view words);
 
-/// Answers every admitted request but those for the room.
-/// Thread: one at a time.
+/// Handles every allowed request except those for the room. One thread at a time.
 class Api {
 public:
     struct Environment {
         std::function<std::int64_t()> millisecondsSince1970;
-        /// Those of this machine in local networks, likely ones first.
+        /// This machine's addresses in local networks, the likeliest first.
         std::function<std::vector<std::string>()> addresses;
         std::uint16_t port = 0;
     };
 
     Api(Meetings& meetings, const Pages& pages, BackendLog& log, Environment environment);
 
-    Response handle(const AccessDecision& access, const Request& request);
+    [[nodiscard]] Response handle(const AccessDecision& access, const Request& request);
 
 private:
     Response active() const;

@@ -11,39 +11,38 @@
 
 namespace stagehopper::companion {
 
-/// One line for each thing that happened, to standard error and to a file of bounded size.
-/// Never give it a secret, a client's private id, a query, or the unknown path of a request, where
-/// all of these may stand.
-/// Thread: one at a time.
+/// Writes one line for each event, to standard error and to a file of limited size. Never pass it a
+/// secret, a client's private id, a query, or the unknown path of a request, which can contain all
+/// of these. One thread at a time.
 class BackendLog {
 public:
-    /// What can bring about a line, and how many in an hour.
+    /// What causes a line, and how many lines it may cause.
     enum class Cause {
-        /// The program itself: each line is written.
+        /// The program itself: no limit.
         program,
-        /// Who is in a room, or may make one: 1,200.
+        /// A client in a room, or one that may create a meeting: 1,200 an hour.
         participant,
-        /// Anybody who can send a request: one in a second, 60.
+        /// Any sender of a request: one a second and 60 an hour.
         stranger,
     };
 
     struct Settings {
         std::size_t maxBytes = 1024 * 1024;
-        /// Where standard error is.
+        /// The file descriptor of standard error.
         int errorOutput = 2;
         std::function<TimePoint()> now = std::chrono::steady_clock::now;
     };
 
-    /// Without a path, or when it cannot be written, standard error alone has to do.
+    /// Writes to standard error alone if the path is empty or cannot be written.
     BackendLog(std::string path, Settings settings);
     explicit BackendLog(std::string path) : BackendLog(std::move(path), Settings()) {}
-    /// Tells how many lines were left out and not yet told.
+    /// Writes how many lines were left out and not yet reported.
     ~BackendLog();
     BackendLog(const BackendLog&) = delete;
     BackendLog& operator=(const BackendLog&) = delete;
 
-    /// What came from outside may stand in `detail`: it cannot break the line. A line beyond the
-    /// cause's number is left out; the next one that is written tells how many.
+    /// `detail` may contain any input: it is escaped and cannot break the line. Lines beyond the
+    /// limit of the cause are left out; the next line written contains their number.
     void line(std::string_view event, std::string_view detail, Cause cause = Cause::program);
 
 private:
@@ -57,8 +56,7 @@ private:
     LineBudget strangers_{1, 60};
 };
 
-/// The text with control characters and what is no ASCII written as \xNN, up to 300 bytes.
-/// Thread: any; pure.
-std::string escaped(std::string_view text);
+/// The first 300 bytes of the text, with control and non-ASCII characters as \xNN. Any thread.
+[[nodiscard]] std::string escaped(std::string_view text);
 
 }  // namespace stagehopper::companion

@@ -12,10 +12,9 @@ struct ByteRange {
     std::size_t length = 0;
 };
 
-/// What a Range header asks for: Safari plays no video from a server that does not understand it.
-/// None when it is not one simple range; the whole file is the right answer then. Of length 0
-/// when it lies outside the file.
-/// Thread: any; pure.
-std::optional<ByteRange> parseByteRange(std::string_view header, std::size_t fileSize);
+/// Parses a Range header; Safari needs one to play a video. Null if it is not one simple range: the
+/// response is then the whole file. Of length 0 if the range is outside the file. Any thread.
+[[nodiscard]] std::optional<ByteRange> parseByteRange(std::string_view header,
+                                                      std::size_t fileSize);
 
 }  // namespace stagehopper::companion

@@ -9,14 +9,14 @@ namespace stagehopper::companion {
 
 enum class Direction { next, previous };
 
-/// A tap: one slide on, or back.
+/// A tap: one slide forward or back.
 struct StepMessage {
     Direction direction = Direction::next;
-    /// The same when it is sent again.
+    /// Stays the same if the message is sent again.
     std::string id;
 };
 
-/// Shares of the screen's width and height, from the upper left.
+/// x and y are fractions of the screen's width and height, from the upper left corner.
 struct PointerMessage {
     double x = 0;
     double y = 0;
@@ -25,8 +25,7 @@ struct PointerMessage {
 
 using ClientMessage = std::variant<StepMessage, PointerMessage>;
 
-/// None when it is not exactly one of these; members that are not known are passed over.
-/// Thread: any; pure.
-std::optional<ClientMessage> parseClientMessage(std::string_view text);
+/// Null if the text is not a valid message. Unknown members are ignored. Any thread.
+[[nodiscard]] std::optional<ClientMessage> parseClientMessage(std::string_view text);
 
 }  // namespace stagehopper::companion

@@ -8,19 +8,18 @@
 
 namespace stagehopper::companion {
 
-/// Who opened a connection, as far as limits care.
+/// The peer of a connection, as the limits see it.
 struct Peer {
     std::string address;
-    /// The address is one of 127.0.0.0/8.
+    /// The address is in 127.0.0.0/8.
     bool isLoopback = false;
-    /// It belongs to another user of this machine, where the system tells.
+    /// Another user of this machine opened the connection. False if the system cannot know.
     bool isOtherUser = false;
 };
 
-/// How many connections there are. The network and this machine each have their own share, so
-/// that neither can lock out the other; other users of the machine leave most of its share to the
-/// presenter's programs.
-/// Thread: one at a time. Outlives its permits.
+/// Limits the number of connections. The network and this machine have separate limits, so that
+/// neither can lock out the other. Other users of the machine get a quarter of its limit. One
+/// thread at a time. Must outlive its permits.
 class ConnectionLimits {
 public:
     static constexpr std::size_t maxNetwork = 960;
@@ -29,8 +28,8 @@ public:
     static constexpr std::size_t maxOtherUsers = 64;
     static constexpr std::size_t maxConnections = maxNetwork + maxThisMachine;
 
-    /// None when there are too many.
-    std::optional<Quotas::Permit> take(const Peer& peer) {
+    /// Null if a limit is reached.
+    [[nodiscard]] std::optional<Quotas::Permit> take(const Peer& peer) {
         if (!peer.isLoopback) {
             return quotas_.take({{"network", maxNetwork}, {peer.address, maxFromOneAddress}});
         }

@@ -9,8 +9,8 @@
 namespace stagehopper::companion {
 
 ErrorOutput::ErrorOutput(int handle) : handle_(handle) {
-    // A terminal may take a part of a line and then wait. Opened anew, it can be told not to,
-    // which the other programs that write to it do not notice.
+    // A write to a terminal can block in the middle of a line. A descriptor of our own can be made
+    // non-blocking without affecting other programs that write to the terminal.
     std::array<char, 256> name{};
     if (::isatty(handle) == 0 || ::ttyname_r(handle, name.data(), name.size()) != 0) return;
     const int own = ::open(name.data(), O_WRONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);

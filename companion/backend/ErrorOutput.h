@@ -4,9 +4,8 @@
 
 namespace stagehopper::companion {
 
-/// Writes lines to standard error as long as they are read there; others are dropped, so that a
-/// reader that stands still does not stop the program.
-/// Thread: one at a time.
+/// Writes lines to standard error without blocking: a line is dropped if the reader is too slow.
+/// One thread at a time.
 class ErrorOutput {
 public:
     explicit ErrorOutput(int handle);
@@ -14,7 +13,7 @@ public:
     ErrorOutput(const ErrorOutput&) = delete;
     ErrorOutput& operator=(const ErrorOutput&) = delete;
 
-    /// Up to 4 KiB: a pipe takes so much whole or not at all.
+    /// At most 4 KiB: a pipe takes that much either completely or not at all.
     void write(std::string_view line) const;
 
 private:

@@ -7,12 +7,11 @@
 
 namespace stagehopper::companion {
 
-/// Who has given too many wrong secrets, by address.
-/// Thread: one at a time.
+/// Limits wrong secrets and wrong room codes for each address. One thread at a time.
 class FailedLogins {
 public:
-    /// Nothing that this address says is to be looked at for now.
-    bool isBlocked(const std::string& address, TimePoint now) const {
+    /// Whether the address reached the limit. Its secrets are then not checked.
+    [[nodiscard]] bool isBlocked(const std::string& address, TimePoint now) const {
         const auto found = byAddress_.find(address);
         return found != byAddress_.end() && found->second.isFull(now);
     }

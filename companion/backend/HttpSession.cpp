@@ -31,8 +31,8 @@ std::optional<std::string> header(const HttpRequest& request, std::string_view n
     return std::string(found->value());
 }
 
-/// Two of one of these could be read differently by two readers.
-bool decidesOnce(const HttpRequest& request) {
+/// Whether no header that decides about access is repeated: two readers could pick different ones.
+bool hasUniqueHeaders(const HttpRequest& request) {
     for (const std::string_view name : {"Host", "Origin", "Sec-Fetch-Site", "Sec-Fetch-Dest"}) {
         if (request.count(name) > 1) return false;
     }
@@ -76,7 +76,7 @@ void HttpSession::serve() {
     parser_.emplace();
     parser_->header_limit(maxHeaderBytes);
     parser_->body_limit(maxBodyBytes);
-    // For the whole request: one that comes byte by byte gains nothing.
+    // For the whole request, so that sending it byte by byte gains no time.
     stream_.expires_after(requestTimeout);
     http::async_read(stream_, buffer_, *parser_,
                      [self = shared_from_this()](beast::error_code error, std::size_t) {
@@ -93,7 +93,7 @@ void HttpSession::refuse() {
 void HttpSession::onRequest(beast::error_code error) {
     if (error) return onReadError(error);
     const HttpRequest& request = parser_->get();
-    if (!decidesOnce(request)) {
+    if (!hasUniqueHeaders(request)) {
         logRefusal(400, "-", "a header twice");
         return respond(errorResponse(400, "malformed request"), false);
     }
@@ -129,7 +129,7 @@ void HttpSession::onReadError(beast::error_code error) {
             service_.log.line("request_unfinished", "peer=" + peer_, BackendLog::Cause::stranger);
         return;
     }
-    // What else the parser says of a request is that it is none.
+    // Any other error of the parser means a malformed request.
     if (error != http::error::end_of_stream &&
         error.category() == http::make_error_code(http::error::bad_method).category()) {
         logRefusal(400, "-", error.message());
@@ -172,7 +172,7 @@ void HttpSession::respond(Response response, bool keepAlive) {
     message->body() = std::move(response.body);
     message->keep_alive(keepAlive);
     message->prepare_payload();
-    // The length stays: it is what a GET would be answered with.
+    // Content-Length stays that of the response to a GET.
     if (parser_ && parser_->get().method() == http::verb::head) message->body().clear();
     stream_.expires_after(requestTimeout);
     http::async_write(stream_, *message,

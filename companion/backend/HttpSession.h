@@ -13,14 +13,14 @@
 
 namespace stagehopper::companion {
 
-/// One connection, request after request, until it ends or becomes a `RoomSession`.
-/// Thread: the server's. Lives as long as something is under way.
+/// Serves the requests of one connection until it ends or becomes a `RoomSession`. Main thread
+/// only. Pending operations keep it alive.
 class HttpSession : public std::enable_shared_from_this<HttpSession> {
 public:
     HttpSession(boost::asio::ip::tcp::socket socket, Service& service, Quotas::Permit permit);
 
     void serve();
-    /// Says that there are too many connections, and ends.
+    /// Responds that there are too many connections, and closes.
     void refuse();
 
 private:
@@ -28,12 +28,13 @@ private:
 
     void onRequest(boost::beast::error_code error);
     void onReadError(boost::beast::error_code error);
-    /// Without an upgrade it is a question: a page cannot see why its handshake was refused.
+    /// A request without an upgrade gets the same refusals: a page cannot see why a handshake
+    /// failed.
     void enter(std::string_view query, Trust trust, bool upgrade);
     void refuseEntry(const EntryRefusal& refusal);
     void respond(Response response, bool keepAlive);
     void logRefusal(unsigned status, std::string_view route, std::string_view reason);
-    /// Closes without losing the answer: what the other side still sends is read and thrown away.
+    /// Closes without losing the response: what the client still sends is read and discarded.
     void linger();
     void discard();
 

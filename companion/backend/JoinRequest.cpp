@@ -31,7 +31,7 @@ std::optional<std::string> percentDecoded(std::string_view text) {
     return decoded;
 }
 
-/// Null if a name occurs twice: two readers could choose differently.
+/// Null if a name is repeated: two readers could pick different values.
 std::optional<Values> parseQuery(std::string_view query) {
     Values values;
     while (!query.empty()) {

@@ -10,9 +10,9 @@ enum class Role { host, guest };
 
 std::string_view nameOf(Role role);
 
-/// One client in a room, as the others see it.
+/// A client in a room, as the others see it.
 struct Participant {
-    /// Public: it admits nobody to the seat.
+    /// Public: no client can join with it.
     std::string userId;
     std::string displayName;
     Role role = Role::guest;
@@ -20,10 +20,11 @@ struct Participant {
     std::string cursorColor;
 };
 
-/// Who wants to join which room.
+/// A client's request to join a room.
 struct JoinRequest {
     std::string roomCode;
-    /// Private to the client: a join with it takes the seat. It is neither shown nor logged.
+    /// Private to the client: a join with it replaces the earlier connection. Never shown or
+    /// logged.
     std::string joinId;
     std::string displayName;
     Role role = Role::guest;
@@ -32,9 +33,8 @@ struct JoinRequest {
     std::optional<std::string> secret;
 };
 
-/// Reads a query as in "roomCode=K7M2QX&userId=…"; none when it is malformed, when something is
-/// missing or twice there, or when a value is not of its form. Unknown names are passed over.
-/// Thread: any; pure.
-std::optional<JoinRequest> parseJoinRequest(std::string_view query);
+/// Parses a query such as "roomCode=K7M2QX&userId=…". Null if it is malformed, if a value is absent
+/// or invalid, or if a name is repeated. Unknown names are ignored. Any thread.
+[[nodiscard]] std::optional<JoinRequest> parseJoinRequest(std::string_view query);
 
 }  // namespace stagehopper::companion

@@ -8,21 +8,21 @@
 
 namespace stagehopper::companion {
 
-/// Members stay in the order in which they were written.
+/// Keeps its members in the order of insertion.
 using JsonOut = nlohmann::ordered_json;
 
-/// Never throws: what is no UTF-8 is replaced.
+/// Never throws: invalid UTF-8 is replaced.
 inline std::string textOf(const JsonOut& json) {
     return json.dump(-1, ' ', false, JsonOut::error_handler_t::replace);
 }
 
-inline JsonOut jsonOf(const std::vector<Participant>& everybody) {
+inline JsonOut jsonOf(const std::vector<Participant>& participants) {
     JsonOut list = JsonOut::array();
-    for (const Participant& who : everybody) {
-        list.push_back({{"userId", who.userId},
-                        {"displayName", who.displayName},
-                        {"role", nameOf(who.role)},
-                        {"cursorColor", who.cursorColor}});
+    for (const Participant& participant : participants) {
+        list.push_back({{"userId", participant.userId},
+                        {"displayName", participant.displayName},
+                        {"role", nameOf(participant.role)},
+                        {"cursorColor", participant.cursorColor}});
     }
     return list;
 }

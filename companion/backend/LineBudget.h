@@ -7,17 +7,16 @@
 
 namespace stagehopper::companion {
 
-/// How many lines one kind of event may cost, so that it cannot push everything else out of a log
-/// of bounded size.
-/// Thread: one at a time.
+/// Limits the lines of one kind of event, so that it cannot push all others out of a log of limited
+/// size. One thread at a time.
 class LineBudget {
 public:
     LineBudget(std::size_t maxPerSecond, std::size_t maxPerHour)
         : second_(maxPerSecond, std::chrono::seconds(1)),
           hour_(maxPerHour, std::chrono::hours(1)) {}
 
-    /// Counts one more, written or left out.
-    bool allow(TimePoint now) {
+    /// Counts one line. False if it must be left out.
+    [[nodiscard]] bool allow(TimePoint now) {
         if (second_.isFull(now) || hour_.isFull(now)) {
             ++leftOut_;
             return false;
@@ -27,7 +26,7 @@ public:
         return true;
     }
 
-    /// How many were left out since it was last asked.
+    /// The number of lines left out since the last call.
     std::size_t takeLeftOut() { return std::exchange(leftOut_, 0); }
 
 private:

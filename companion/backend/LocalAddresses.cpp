@@ -25,7 +25,7 @@ bool isVirtual(const LocalAddress& local) {
            });
 }
 
-/// Lower is likelier.
+/// A lower rank is likelier.
 int rank(const LocalAddress& local) {
     in_addr parsed{};
     if (::inet_pton(AF_INET, local.address.c_str(), &parsed) != 1) return 9;
@@ -33,7 +33,7 @@ int rank(const LocalAddress& local) {
     const int kind = bits >> 16 == 0xC0A8   ? 0  // 192.168/16: homes and small offices
                      : bits >> 24 == 10     ? 1  // 10/8
                      : bits >> 20 == 0xAC1  ? 2  // 172.16/12: often containers
-                     : bits >> 16 == 0xA9FE ? 4  // 169.254/16: nobody gave out addresses
+                     : bits >> 16 == 0xA9FE ? 4  // 169.254/16: no DHCP server
                                             : 3;
     return kind + (isVirtual(local) ? 5 : 0);
 }

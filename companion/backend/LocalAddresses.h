@@ -12,13 +12,11 @@ struct LocalAddress {
     bool pointToPoint = false;
 };
 
-/// Those that are up and lead out of the machine, as the system tells them.
-/// Thread: any.
-std::vector<LocalAddress> localAddresses();
+/// The addresses of all interfaces that are up, except loopback. Any thread.
+[[nodiscard]] std::vector<LocalAddress> localAddresses();
 
-/// The addresses alone, each once, the one that a phone most likely reaches first: private
-/// networks, then others, then those of tunnels and virtual machines.
-/// Thread: any; pure.
-std::vector<std::string> likelyFirst(std::vector<LocalAddress> addresses);
+/// The addresses without duplicates, in the order in which a phone is likely to reach them: private
+/// networks, then others, then those of tunnels and virtual machines. Any thread.
+[[nodiscard]] std::vector<std::string> likelyFirst(std::vector<LocalAddress> addresses);
 
 }  // namespace stagehopper::companion

@@ -32,7 +32,7 @@ LogFile::~LogFile() {
 
 void LogFile::append(std::string_view line) {
     if (handle_ < 0 || !makeRoomFor(line.size())) return;
-    // A full disk is no reason to end, and there is nobody to be told.
+    // Ignored: the program goes on with a full disk, and has nowhere else to report it.
     [[maybe_unused]] const ssize_t written = ::write(handle_, line.data(), line.size());
 }
 
@@ -40,7 +40,7 @@ void LogFile::open() {
     if (path_.empty()) return;
     std::error_code ignored;
     std::filesystem::create_directories(std::filesystem::path(path_).parent_path(), ignored);
-    // Without waiting: in place of the file there may be a pipe that nobody reads.
+    // Non-blocking: the path may lead to a pipe without a reader.
     handle_ = ::open(path_.c_str(),
                      O_WRONLY | O_APPEND | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC,
                      ownerOnly);
@@ -59,7 +59,7 @@ bool LogFile::makeRoomFor(std::size_t bytes) {
     struct stat ours {};
     if (::fstat(handle_, &ours) != 0) return false;
     if (static_cast<std::size_t>(ours.st_size) + bytes <= maxBytes_) return true;
-    // Another process that writes to it may have renamed it already.
+    // Another process that writes to the file may have renamed it already.
     struct stat named {};
     const bool isOurs = ::lstat(path_.c_str(), &named) == 0 && named.st_dev == ours.st_dev &&
                         named.st_ino == ours.st_ino;

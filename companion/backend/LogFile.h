@@ -6,14 +6,14 @@
 
 namespace stagehopper::companion {
 
-/// A file that only its user may read. When it is full it is renamed, with ".1" behind its name, in
-/// place of the one before, and begins anew: what is there takes twice its size at most.
-/// It is not written to when it is a link, when another name leads to it, or when it belongs to
-/// another user: lines that strangers cause would end up in a file that is not ours.
-/// Thread: one at a time. Other processes of the user may write to the same file.
+/// A file that only its user may read. A full file replaces the previous one with ".1" after its
+/// name, and a new file begins: together they take at most twice the maximum size.
+/// Nothing is written to a symbolic link, to a file with a second name, or to another user's file:
+/// strangers cause lines, and these must not end up in a file that is not ours.
+/// One thread at a time. Other processes of the user may write to the same file.
 class LogFile {
 public:
-    /// With an empty path nothing is written.
+    /// Writes nothing if the path is empty.
     LogFile(std::string path, std::size_t maxBytes);
     ~LogFile();
     LogFile(const LogFile&) = delete;
@@ -24,7 +24,7 @@ public:
 private:
     void open();
     void close();
-    /// False when the file is full and cannot be renamed.
+    /// False if the file is full and cannot be renamed.
     bool makeRoomFor(std::size_t bytes);
 
     std::string path_;

@@ -5,7 +5,7 @@
 
 namespace stagehopper::companion {
 
-/// A TCP connection within this machine, seen from the side that opened it. Addresses and ports in
+/// A TCP connection within this machine, from the client to the server. Addresses and ports are in
 /// host byte order.
 struct LoopbackConnection {
     std::uint32_t fromAddress = 0;
@@ -14,8 +14,8 @@ struct LoopbackConnection {
     std::uint16_t toPort = 0;
 };
 
-/// The user who opened it; none where the system does not tell, and when it is closed already.
-/// Thread: any.
-std::optional<std::uint32_t> userOf(const LoopbackConnection& connection);
+/// The user who opened the connection. Null if it is closed, or if the system cannot know. Any
+/// thread.
+[[nodiscard]] std::optional<std::uint32_t> userOf(const LoopbackConnection& connection);
 
 }  // namespace stagehopper::companion

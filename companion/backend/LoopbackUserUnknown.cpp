@@ -1,4 +1,4 @@
-// For systems that do not tell who opened a connection.
+// For systems that cannot look up the user of a connection.
 #include "companion/backend/LoopbackUser.h"
 
 namespace stagehopper::companion {

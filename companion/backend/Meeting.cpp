@@ -70,7 +70,7 @@ void Meeting::end() {
     const SharedText ended = shared(endedMessage());
     for (const Member& member : members_) {
         member.connection->send(ended, noTopic);
-        // A host that is closed comes back every second; it leaves by itself for another meeting.
+        // A closed host would reconnect every second. It leaves when it finds another meeting.
         if (isHostSocket(member.joinId)) {
             member.connection->keepOpen();
         } else {

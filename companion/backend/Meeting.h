@@ -14,25 +14,24 @@
 
 namespace stagehopper::companion {
 
-/// Why a connection is closed: a WebSocket close code and its words.
+/// A WebSocket close code and its reason.
 struct CloseReason {
     std::uint16_t code = 1000;
     std::string_view reason;
 };
 
-/// The way to one participant. No call may lead back into the meeting.
+/// The connection to one participant. No call may lead back into the meeting.
 class Connection {
 public:
     virtual ~Connection() = default;
     virtual void send(SharedText text, std::string_view topic) = 0;
-    /// What was sent before is still delivered.
+    /// Messages sent before are still delivered.
     virtual void close(CloseReason reason) = 0;
-    /// Stays open without a meeting, and silent.
+    /// Keeps the connection open without a meeting.
     virtual void keepOpen() = 0;
 };
 
-/// One room: who is in it, and what they say to each other.
-/// Thread: one at a time.
+/// One room: its members and the messages between them. One thread at a time.
 class Meeting {
 public:
     static constexpr std::size_t maxParticipants = 200;
@@ -50,19 +49,19 @@ public:
     const Identity& identity() const { return identity_; }
     std::vector<Participant> participants() const;
 
-    /// Whether there is room for this one; who replaces somebody needs none.
-    bool hasRoomFor(const std::string& joinId) const;
-    /// The public id. One who joins again with the same join id keeps it, and the first connection
-    /// is closed.
+    /// Whether the client can join. In a full room it can only replace its earlier connection.
+    [[nodiscard]] bool hasRoomFor(const std::string& joinId) const;
+    /// Returns the public id. A second join with the same join id keeps the public id and closes
+    /// the first connection.
     std::string join(const JoinRequest& request, std::shared_ptr<Connection> connection);
-    /// Nothing when it has been replaced, or never was here.
+    /// Does nothing if the connection was replaced or never joined.
     void leave(const Connection& connection);
     void handle(const Connection& from, const ClientMessage& message);
     void end();
 
 private:
     struct Member {
-        /// Only its client knows it.
+        /// Private to the client.
         std::string joinId;
         Participant participant;
         std::shared_ptr<Connection> connection;
@@ -71,7 +70,7 @@ private:
         Direction direction;
         std::int64_t seq;
     };
-    /// The join id, and the tap's own.
+    /// The join id and the id of the tap.
     using TapId = std::pair<std::string, std::string>;
 
     const Member* findMember(const Connection& connection) const;
@@ -83,9 +82,9 @@ private:
     Identity identity_;
     std::int64_t nextSeq_;
     std::uint64_t publicIds_ = 0;
-    /// In the order in which they came.
+    /// In the order of joining.
     std::vector<Member> members_;
-    /// The latest taps, to know those that are sent again.
+    /// The latest taps, to recognize those that are sent again.
     std::map<TapId, Step> taps_;
     std::deque<TapId> tapsInOrder_;
 };

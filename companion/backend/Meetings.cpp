@@ -13,7 +13,7 @@ std::shared_ptr<Meeting> Meetings::create(std::string roomName, std::int64_t now
         code = randomRoomCode();
     } while (find(code) != nullptr);
     if (roomName.empty()) roomName = code;
-    // Rising even when the clock is set back: the newest is chosen by it.
+    // Ascending even if the clock is set back: clients take the latest for the newest meeting.
     lastCreatedAt_ = std::max(nowInMilliseconds, lastCreatedAt_ + 1);
     meetings_.push_back(std::make_shared<Meeting>(
         Meeting::Identity{code, std::move(roomName), lastCreatedAt_, randomSecret()}));

@@ -9,18 +9,18 @@
 
 namespace stagehopper::companion {
 
-/// All meetings of this backend, the oldest first.
-/// Thread: one at a time.
+/// All meetings of this backend, the oldest first. One thread at a time.
 class Meetings {
 public:
     static constexpr std::size_t maxMeetings = 16;
 
-    /// None when there are too many. Without a name the code is the name.
+    /// Null if there are too many meetings. If the name is empty, the room code is the name.
     std::shared_ptr<Meeting> create(std::string roomName, std::int64_t nowInMilliseconds);
-    std::shared_ptr<Meeting> find(std::string_view roomCode) const;
-    /// None when there is none.
-    std::shared_ptr<Meeting> newest() const;
-    /// False when there is no such meeting.
+    /// Null if no such meeting is open.
+    [[nodiscard]] std::shared_ptr<Meeting> find(std::string_view roomCode) const;
+    /// Null if no meeting is open.
+    [[nodiscard]] std::shared_ptr<Meeting> newest() const;
+    /// False if no such meeting is open.
     bool end(std::string_view roomCode);
 
     const std::vector<std::shared_ptr<Meeting>>& all() const { return meetings_; }

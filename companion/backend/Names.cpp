@@ -16,7 +16,7 @@ bool isUserIdCharacter(char c) {
            c == '-';
 }
 
-/// Takes the first character off valid UTF-8; none when it is not valid.
+/// Removes the first character of the text and returns it. Null if it is not valid UTF-8.
 std::optional<char32_t> takeCharacter(std::string_view& text) {
     struct Form {
         unsigned char mask, lead;
@@ -41,7 +41,7 @@ std::optional<char32_t> takeCharacter(std::string_view& text) {
     return character;
 }
 
-/// Also the marks that turn the direction of writing: with them a name can look like another.
+/// Includes the marks for the direction of writing: they can make one name look like another.
 bool isControl(char32_t c) {
     return c < 0x20 || (c >= 0x7F && c < 0xA0) || c == 0x2028 || c == 0x2029 ||
            (c >= 0x202A && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069);

@@ -4,36 +4,35 @@
 
 namespace stagehopper::companion {
 
-/// The forms of names that come from outside.
-/// Thread: any; pure.
+/// The formats of names that clients send. Any thread.
 
-/// No letter or digit that a person takes for another one.
+/// Without letters and digits that people confuse.
 inline constexpr std::string_view roomCodeAlphabet = "ABCDEFGHJKMNPQRSTUVWXYZ23456789";
 inline constexpr std::size_t roomCodeLength = 6;
 
 bool isRoomCode(std::string_view text);
 
-/// 1 to 64 of A-Za-z0-9_-.
+/// 1 to 64 characters of A-Za-z0-9_-.
 bool isUserId(std::string_view text);
 
-/// A name for people: valid UTF-8, up to 64 characters, none of them a control character.
+/// A name for people: valid UTF-8, at most 64 characters, no control characters.
 bool isDisplayText(std::string_view text);
 
-/// The one drawn above the slides: it is told of pointers. The host's own socket is named like one
-/// and draws nothing.
+/// The overlay above the slides, which draws the pointers. Not the host's own socket, although its
+/// name begins like that of an overlay.
 bool isOverlay(std::string_view userId);
 
 /// The host's own socket.
 bool isHostSocket(std::string_view userId);
 
-/// Whether this one shows people who is in the room. Phones do not: in a full room telling each of
-/// them of each other would be megabytes for everybody.
+/// Whether the client displays the participants. Phones do not: in a full room the lists for all of
+/// them would be megabytes.
 bool showsParticipants(std::string_view userId);
 
-/// Names that only this machine's own clients may carry.
+/// Whether only clients on this machine may use the name.
 bool isReserved(std::string_view userId);
 
-/// What a client is, of its id: "overlay-native", "overlay", "panel" or "guest".
+/// The kind of client, by its id: "overlay-native", "overlay", "panel" or "guest".
 std::string_view kindOf(std::string_view userId);
 
 }  // namespace stagehopper::companion

@@ -7,7 +7,7 @@ namespace stagehopper::companion {
 
 namespace {
 
-/// The whole text as a decimal number between the two bounds.
+/// The whole text as a decimal number from min to max.
 std::optional<std::int64_t> numberIn(std::string_view text, std::int64_t min, std::int64_t max) {
     std::int64_t value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
@@ -23,7 +23,7 @@ std::optional<std::string_view> after(std::string_view prefix, std::string_view 
 
 std::string logFileFor(const EnvironmentReader& environment) {
     const std::string name = "/stagehopper/backend.log";
-    // The convention for these folders ignores a relative one.
+    // By convention relative paths in these variables are ignored.
     if (const auto state = environment("XDG_STATE_HOME"); state && state->starts_with('/')) {
         return *state + name;
     }

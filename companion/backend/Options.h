@@ -9,24 +9,23 @@
 
 namespace stagehopper::companion {
 
-/// What the command line and the environment say.
-/// Thread: any; a value.
+/// The settings from the command line and the environment.
 struct Options {
-    /// The ports that may be used, first to last, both included.
+    /// The range of ports to try, both ends included.
     std::uint16_t firstPort = 3000;
     std::uint16_t lastPort = 3050;
-    /// Whose end ends the backend, too.
+    /// The process id of the parent: the backend ends when it ends.
     std::int64_t parent = 0;
-    /// Where the pages stand; empty: beside the executable.
+    /// The folder of the pages. If empty, that of the executable.
     std::string pages;
-    /// Empty: there is no home to put it in, standard error has to do.
+    /// Empty if there is no home folder: the log then goes to standard error alone.
     std::string logFile;
 };
 
 using EnvironmentReader = std::function<std::optional<std::string>(const std::string& name)>;
 
-/// The options, or, for a person, what is wrong with them.
-std::variant<Options, std::string> readOptions(const std::vector<std::string>& arguments,
-                                               const EnvironmentReader& environment);
+/// The options, or an error message for a person. Any thread.
+[[nodiscard]] std::variant<Options, std::string> readOptions(
+    const std::vector<std::string>& arguments, const EnvironmentReader& environment);
 
 }  // namespace stagehopper::companion

@@ -7,18 +7,17 @@
 
 namespace stagehopper::companion {
 
-/// One text for many receivers.
+/// One text, shared by many receivers.
 using SharedText = std::shared_ptr<const std::string>;
 
-/// What waits to be sent to one client.
-/// Thread: one at a time.
+/// The messages that wait to be sent to one client. One thread at a time.
 class OutgoingQueue {
 public:
     static constexpr std::size_t maxMessages = 256;
 
-    /// False when it is full: its reader is too slow. Of those with the same topic only the newest
-    /// is kept, at the place of the oldest; no topic means that each one matters.
-    bool push(SharedText text, std::string_view topic = {}) {
+    /// False if the queue is full because the client reads too slowly. A message replaces a waiting
+    /// one with the same topic. Messages without a topic are all kept.
+    [[nodiscard]] bool push(SharedText text, std::string_view topic = {}) {
         if (!topic.empty()) {
             for (Entry& entry : entries_) {
                 if (entry.topic != topic) continue;

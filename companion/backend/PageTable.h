@@ -17,7 +17,7 @@ struct PageEntry {
     bool allowsForeignPage = false;
 };
 
-/// All of them: no other path leads to a file.
+/// All files: no other path leads to one.
 inline constexpr std::array pageTable{
     PageEntry{"/link", "link.html", "text/html; charset=utf-8", Trust::localProgram, true},
     PageEntry{"/link.js", "link.js", "text/javascript; charset=utf-8", Trust::localProgram},

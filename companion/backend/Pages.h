@@ -7,8 +7,8 @@
 
 namespace stagehopper::companion {
 
-/// The files that browsers may load: a fixed list, read once, so that no path leads anywhere else.
-/// Thread: one at a time.
+/// The files of `pageTable`, read once at the start, so that no request opens a file. One thread at
+/// a time.
 class Pages {
 public:
     struct File {
@@ -18,9 +18,9 @@ public:
 
     explicit Pages(const std::string& directory);
 
-    /// None when it is not in the list, or was not there at start.
-    const File* at(std::string_view path) const;
-    /// The names of those that were not there.
+    /// Null if the path is not in the table, or if the file was absent at the start.
+    [[nodiscard]] const File* at(std::string_view path) const;
+    /// The names of the files that were absent.
     const std::vector<std::string>& missing() const { return missing_; }
 
 private:

@@ -12,7 +12,7 @@ ParentProcess::ParentProcess(std::int64_t id) : id_(id), isOurs_(::getppid() == 
 
 bool ParentProcess::isGone() const {
     if (isOurs_) return ::getppid() != id_;
-    // Not being allowed to signal it means that it lives.
+    // If the signal is not permitted, the process is alive.
     return ::kill(static_cast<pid_t>(id_), 0) != 0 && errno == ESRCH;
 }
 

@@ -4,17 +4,16 @@
 
 namespace stagehopper::companion {
 
-/// The process with whose end the backend ends.
-/// Thread: any.
+/// The process that the backend must not outlive. Any thread.
 class ParentProcess {
 public:
     explicit ParentProcess(std::int64_t id);
 
-    bool isGone() const;
+    [[nodiscard]] bool isGone() const;
 
 private:
     std::int64_t id_;
-    /// A real parent's end is seen even when its id is given to another process at once.
+    /// The end of a real parent is detected even if another process gets its id at once.
     bool isOurs_;
 };
 

@@ -10,8 +10,7 @@
 
 namespace stagehopper::companion {
 
-/// Counts what is in use of named shares.
-/// Thread: one at a time. Outlives its permits.
+/// Counts the use of named quotas. One thread at a time. Must outlive its permits.
 class Quotas {
 public:
     struct Quota {
@@ -19,7 +18,7 @@ public:
         std::size_t max;
     };
 
-    /// One of each of its shares, held as long as it lives.
+    /// Holds one unit of each of its quotas while it lives.
     class Permit {
     public:
         Permit(Quotas& quotas, std::vector<Quota> held)
@@ -36,8 +35,8 @@ public:
         std::vector<Quota> held_;
     };
 
-    /// None when one of the shares is used up.
-    std::optional<Permit> take(std::vector<Quota> wanted) {
+    /// Null if one of the quotas is used up.
+    [[nodiscard]] std::optional<Permit> take(std::vector<Quota> wanted) {
         const bool free = std::ranges::all_of(wanted, [this](const Quota& quota) {
             const auto used = used_.find(quota.name);
             return used == used_.end() || used->second < quota.max;

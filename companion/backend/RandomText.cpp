@@ -20,7 +20,7 @@ void fillWithRandom(std::span<unsigned char> bytes) {
 }  // namespace
 
 std::string randomRoomCode() {
-    // Bytes past the last whole multiple would make some letters likelier.
+    // Bytes beyond the last whole multiple would make some letters likelier.
     constexpr std::size_t fair = 256 / roomCodeAlphabet.size() * roomCodeAlphabet.size();
     std::string code;
     while (code.size() < roomCodeLength) {

@@ -5,15 +5,15 @@
 
 namespace stagehopper::companion {
 
-/// Thread: any. From the system's random source; ends the program when that fails, since anything
-/// else would be guessable.
+/// Text from the system's random source. The program ends if that fails: any other source would be
+/// guessable. Any thread.
 
-std::string randomRoomCode();
+[[nodiscard]] std::string randomRoomCode();
 
 /// 128 random bits in base64url: 22 characters.
-std::string randomSecret();
+[[nodiscard]] std::string randomSecret();
 
-/// Whether they are equal, in a time that does not tell where they differ.
-bool secretsEqual(std::string_view given, std::string_view secret);
+/// Compares in constant time, which does not reveal where two secrets differ.
+[[nodiscard]] bool secretsEqual(std::string_view given, std::string_view secret);
 
 }  // namespace stagehopper::companion

@@ -8,13 +8,12 @@ namespace stagehopper::companion {
 
 using TimePoint = std::chrono::steady_clock::time_point;
 
-/// At most so many within any window of that length.
-/// Thread: one at a time.
+/// Allows at most `max` events in any window of the given length. One thread at a time.
 class RateLimit {
 public:
     RateLimit(std::size_t max, std::chrono::milliseconds window) : max_(max), window_(window) {}
 
-    /// Counts one more, unless it is one too many.
+    /// Counts one event. False if that exceeds the limit; the event is then not counted.
     bool allow(TimePoint now) {
         if (isFull(now)) return false;
         if (counted_.size() == max_) counted_.pop_front();
@@ -22,12 +21,12 @@ public:
         return true;
     }
 
-    /// `max_` are kept: while the oldest of them is in the window, one more is too many.
-    bool isFull(TimePoint now) const {
+    /// Whether the limit is reached: the oldest of the last `max_` events is still in the window.
+    [[nodiscard]] bool isFull(TimePoint now) const {
         return counted_.size() == max_ && now - counted_.front() < window_;
     }
 
-    bool isEmpty(TimePoint now) const {
+    [[nodiscard]] bool isEmpty(TimePoint now) const {
         return counted_.empty() || now - counted_.back() >= window_;
     }
 

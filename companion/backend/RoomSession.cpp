@@ -21,11 +21,11 @@ namespace {
 
 constexpr std::size_t maxMessageBytes = 4 * 1024;
 constexpr auto handshakeTimeout = 10s;
-// The WebSocket layer pings after half of it.
+// The WebSocket layer pings after half of this time.
 constexpr auto idleTimeout = 30s;
-// For what is still to be sent, and for the other side's good-bye.
+// For the messages still in the queue, and for the close frame of the client.
 constexpr auto closeTimeout = 5s;
-// One for each Stagehopper of this machine.
+// Each running host takes one.
 constexpr std::size_t maxWaitingHosts = 8;
 constexpr std::size_t maxMessages = 240;
 constexpr auto messageWindow = 2s;
@@ -44,7 +44,7 @@ public:
           roomCode_(entry.request.roomCode),
           peer_(std::move(peer)) {}
 
-    /// The seat is taken before the handshake, so that nobody else gets it meanwhile.
+    /// Joins before the handshake, so that no other client takes the place meanwhile.
     void start(const RoomEntry& entry, HttpRequest request) {
         service_.roomConnections.push_back(weak_from_this());
         if (entry.meeting != nullptr) {
@@ -57,7 +57,7 @@ public:
         ws_.set_option(websocket::stream_base::timeout{handshakeTimeout, idleTimeout, true});
         ws_.read_message_max(maxMessageBytes);
         ws_.control_callback([weak = weak_from_this()](websocket::frame_type, beast::string_view) {
-            // Not at once: the WebSocket layer is calling.
+            // Deferred: the WebSocket layer is the caller.
             const auto self = weak.lock();
             if (self == nullptr) return;
             asio::post(self->ws_.get_executor(), [self] { self->countMessage(); });
@@ -71,7 +71,7 @@ public:
     void send(SharedText text, std::string_view topic) override {
         if (closing_) return;
         if (!queue_.push(std::move(text), topic)) {
-            // It would not get at all of this before its time is over.
+            // The client could not read all of it before the close timeout.
             queue_.clear();
             return close({1008, "too slow"});
         }
@@ -86,7 +86,7 @@ public:
         closeTimer_.async_wait([weak = weak_from_this()](beast::error_code error) {
             if (const auto self = weak.lock(); self != nullptr && !error) self->drop();
         });
-        // Not at once: the meeting may be calling.
+        // Deferred: the meeting may be the caller.
         asio::post(ws_.get_executor(), [self = shared_from_this()] { self->leave(); });
         if (open_ && writing_ == nullptr) writeNext();
     }
@@ -116,7 +116,7 @@ private:
 
     void onRead(beast::error_code error) {
         if (error) return onEnd(error);
-        // Once closing, the WebSocket layer reads by itself until the other's good-bye.
+        // While closing, the WebSocket layer itself reads until the close frame of the client.
         if (closing_) return;
         if (ws_.got_binary()) return close({1003, "text only"});
         if (!countMessage()) return;
@@ -129,7 +129,7 @@ private:
         read();
     }
 
-    /// Pings count, too: each makes us answer.
+    /// Pings count as well: each one requires a pong.
     bool countMessage() {
         if (messages_.allow(std::chrono::steady_clock::now())) return true;
         close({1008, "too many messages"});
@@ -156,10 +156,10 @@ private:
         }
     }
 
-    /// However it came about; more than once is once.
+    /// Ends the session for any cause. Only the first call has an effect.
     void onEnd(beast::error_code error) {
         if (ended_) return;
-        // The read ends a moment before the closing that it is part of.
+        // The read ends shortly before the close operation, which ends the session.
         if (closeSent_ && error == websocket::error::closed) return;
         ended_ = true;
         if (!closing_) log("left", error.message());
@@ -193,7 +193,7 @@ private:
     Service& service_;
     Quotas::Permit permit_;
     std::optional<Quotas::Permit> waitingPermit_;
-    /// The meeting holds us.
+    /// Weak: the meeting owns its connections.
     std::weak_ptr<Meeting> meeting_;
     std::string roomCode_;
     std::string publicId_;
@@ -202,7 +202,7 @@ private:
     OutgoingQueue queue_;
     RateLimit messages_{maxMessages, messageWindow};
     bool open_ = false;
-    /// What the WebSocket layer is sending.
+    /// The message that is being sent. Null if there is none.
     SharedText writing_;
     std::optional<CloseReason> closing_;
     bool closeSent_ = false;

@@ -10,8 +10,8 @@
 
 namespace stagehopper::companion {
 
-/// Joins the room and makes the connection a WebSocket, which then lives on its own.
-/// Thread: the server's.
+/// Joins the room and upgrades the connection to a WebSocket. Pending operations keep the session
+/// alive. Main thread only.
 void startRoomSession(boost::beast::tcp_stream stream, Service& service, Quotas::Permit permit,
                       const RoomEntry& entry, std::string peer,
                       boost::beast::http::request<boost::beast::http::string_body> request);

@@ -25,7 +25,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr auto parentPollInterval = 250ms;
-// A good-bye to everybody has to fit into the second that the program has for its end.
+// All connections must be closed within the second that the program has for its end.
 constexpr auto shutdownTimeout = 600ms;
 constexpr auto shutdownPollInterval = 20ms;
 constexpr auto acceptRetryDelay = 100ms;
@@ -47,7 +47,7 @@ Peer peerOf(const tcp::endpoint& from, const tcp::endpoint& to) {
     return peer;
 }
 
-/// False when the port is not to be had.
+/// False if the port is not available.
 bool listenAt(tcp::acceptor& acceptor, const asio::ip::address_v4& address, std::uint16_t port) {
     error_code error;
     const tcp::endpoint endpoint(address, port);
@@ -77,7 +77,7 @@ public:
     }
 
     ~Server() {
-        // Meetings hold connections, which may not outlive the loop.
+        // Meetings own connections, which must not outlive the loop.
         service_->meetings = {};
     }
 
@@ -100,12 +100,12 @@ public:
     }
 
 private:
-    /// The port, or 0.
+    /// Returns the port, or 0 if all are taken.
     std::uint16_t listen(const Options& options) {
         for (std::uint32_t port = options.firstPort; port <= options.lastPort; ++port) {
             const auto number = static_cast<std::uint16_t>(port);
-            // Some systems let all addresses be taken beside one of them; requests to 127.0.0.1
-            // would then go to the other program.
+            // Some systems let a program bind all addresses while another one has bound 127.0.0.1.
+            // Requests to that address would then reach the other program.
             tcp::acceptor trial(loop_);
             if (!listenAt(trial, asio::ip::address_v4::loopback(), number)) continue;
             error_code ignored;
@@ -119,10 +119,11 @@ private:
         acceptor_.async_accept([this](error_code error, tcp::socket socket) {
             if (shuttingDown_) return;
             if (error) {
-                // No descriptors, most likely: trying again at once would only heat the machine.
+                // Most likely out of file descriptors: an immediate retry would only use up the
+                // CPU.
                 acceptTimer_.expires_after(acceptRetryDelay);
-                acceptTimer_.async_wait([this](error_code cancelled) {
-                    if (!cancelled) accept();
+                acceptTimer_.async_wait([this](error_code canceled) {
+                    if (!canceled) accept();
                 });
                 return;
             }
@@ -134,10 +135,11 @@ private:
     void startSession(tcp::socket socket) {
         error_code error;
         const auto peer = socket.remote_endpoint(error);
-        // Gone already.
+        // The client has already disconnected.
         if (error) return;
         socket.set_option(tcp::no_delay(true), error);
-        // What a slow reader leaves lying waits in our queue, where old pointers are replaced.
+        // A small buffer: messages wait in our queue instead, where newer pointers replace old
+        // ones.
         socket.set_option(tcp::socket::send_buffer_size(sendBufferBytes), error);
         const Peer who = peerOf(peer, socket.local_endpoint(error));
         if (auto permit = service_->connectionLimits.take(who)) {
@@ -180,7 +182,7 @@ private:
 
     ParentProcess parent_;
     BackendLog& log_;
-    // Before the loop: connections that the loop still holds at its end use it.
+    // Declared before the loop: connections that the loop destroys at its end still use it.
     std::optional<Service> service_;
     asio::io_context loop_{1};
     tcp::acceptor acceptor_{loop_};

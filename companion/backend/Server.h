@@ -6,8 +6,8 @@
 
 namespace stagehopper::companion {
 
-/// Serves until the parent is gone or the program is told to end; the exit status.
-/// Thread: main; everything runs on it, so nothing needs a lock.
-int serve(const Options& options, const Pages& pages, BackendLog& log);
+/// Serves until the parent ends or a signal ends the program. Returns the exit status. Main thread
+/// only: everything runs on it, so nothing needs a lock.
+[[nodiscard]] int serve(const Options& options, const Pages& pages, BackendLog& log);
 
 }  // namespace stagehopper::companion

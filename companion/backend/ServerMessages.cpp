@@ -5,17 +5,18 @@
 namespace stagehopper::companion {
 
 std::string welcomeMessage(std::string_view roomCode, std::string_view roomName,
-                           const Participant& welcomed, const std::vector<Participant>& everybody) {
+                           const Participant& welcomed,
+                           const std::vector<Participant>& participants) {
     return textOf({{"type", "welcome"},
                    {"roomCode", roomCode},
                    {"roomName", roomName},
                    {"userId", welcomed.userId},
                    {"role", nameOf(welcomed.role)},
-                   {"participants", jsonOf(everybody)}});
+                   {"participants", jsonOf(participants)}});
 }
 
-std::string participantsMessage(const std::vector<Participant>& everybody) {
-    return textOf({{"type", "participants"}, {"participants", jsonOf(everybody)}});
+std::string participantsMessage(const std::vector<Participant>& participants) {
+    return textOf({{"type", "participants"}, {"participants", jsonOf(participants)}});
 }
 
 std::string stepMessage(Direction direction, std::int64_t seq, std::string_view userId,

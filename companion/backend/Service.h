@@ -13,22 +13,21 @@
 
 namespace stagehopper::companion {
 
-/// What all connections of the server share.
-/// Thread: the server's.
+/// The state that all connections of the server share. Main thread only.
 struct Service {
     Service(BackendLog& theLog, const Pages& pages, Api::Environment environment)
         : log(theLog), api(meetings, pages, theLog, std::move(environment)) {}
 
     BackendLog& log;
     ConnectionLimits connectionLimits;
-    /// More than `connectionLimits` allows: they get an answer, but not all at once.
+    /// For connections beyond `connectionLimits`: they get a response, up to these limits.
     ConnectionLimits refusalLimits;
-    /// The sockets of hosts whose meeting is over; see `RoomSession`.
+    /// The connections of hosts whose meeting is over; see `RoomSession`.
     Quotas waitingHosts;
     FailedLogins failedLogins;
     Meetings meetings;
     Api api;
-    /// Those in a room or on their way out of it, to say good-bye to at the end.
+    /// All connections in a room or leaving one, to be closed at the end of the program.
     std::vector<std::weak_ptr<Connection>> roomConnections;
 };
 

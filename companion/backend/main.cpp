@@ -20,9 +20,9 @@ std::optional<std::string> environment(const std::string& name) {
     return value == nullptr ? std::nullopt : std::optional<std::string>(value);
 }
 
-/// Systems start programs with fewer files than there may be connections.
+/// The default limit of open files is lower than the number of connections.
 void allowEnoughFiles() {
-    // Twice: those that get an answer that there are too many need one, too.
+    // Twice: connections beyond the limit need a descriptor as well, for their response.
     constexpr rlim_t needed = 2 * ConnectionLimits::maxConnections + 64;
     rlimit limit{};
     if (::getrlimit(RLIMIT_NOFILE, &limit) != 0 || limit.rlim_cur >= needed) return;
@@ -40,7 +40,7 @@ int run(int count, char** values) {
     if (options.pages.empty()) {
         options.pages = std::filesystem::absolute(values[0]).parent_path().string();
     }
-    // A reader of the log that is gone is no reason to end.
+    // The program goes on if the reader of its log ends.
     std::signal(SIGPIPE, SIG_IGN);
     allowEnoughFiles();
     BackendLog log(options.logFile);

@@ -64,7 +64,7 @@ AccessDecision decideAccess(const RequestContext& context) {
             .status = status, .reason = reason, .route = route, .allowedMethod = {}};
     };
     // A foreign name can resolve to this machine, so only the address itself is accepted.
-    if (context.host != context.reachedAt) {
+    if (context.host != context.localEndpoint) {
         return refusal(421, "this is not the server of that name");
     }
     if (context.origin && *context.origin != "http://" + context.host) {

@@ -11,7 +11,7 @@ struct RequestContext {
     /// The peer's address is 127.0.0.1.
     bool fromThisMachine = false;
     /// The local address and port of the connection, such as "192.168.1.5:3000".
-    std::string reachedAt;
+    std::string localEndpoint;
     std::string host;
     std::optional<std::string> origin;
     std::optional<std::string> fetchSite;

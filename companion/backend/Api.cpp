@@ -68,16 +68,16 @@ Response Api::active() const {
     JsonOut list = JsonOut::array();
     for (const auto& meeting : meetings_.all()) {
         const Meeting::Identity& identity = meeting->identity();
-        JsonOut one = JsonOut::object();
-        one["roomCode"] = identity.roomCode;
-        one["roomName"] = identity.roomName;
-        one["createdAt"] = identity.createdAt;
-        one["participants"] = jsonOf(meeting->participants());
-        list.push_back(std::move(one));
+        JsonOut entry = JsonOut::object();
+        entry["roomCode"] = identity.roomCode;
+        entry["roomName"] = identity.roomName;
+        entry["createdAt"] = identity.createdAt;
+        entry["participants"] = jsonOf(meeting->participants());
+        list.push_back(std::move(entry));
     }
-    JsonOut all = JsonOut::object();
-    all["meetings"] = std::move(list);
-    return jsonResponse(200, textOf(all));
+    JsonOut body = JsonOut::object();
+    body["meetings"] = std::move(list);
+    return jsonResponse(200, textOf(body));
 }
 
 Response Api::create(const std::string& body) {

@@ -40,10 +40,10 @@ bool hasUniqueHeaders(const HttpRequest& request) {
 }
 
 RequestContext contextOf(const HttpRequest& request, const std::string& peer,
-                         const std::string& reachedAt) {
+                         const std::string& localEndpoint) {
     const std::string_view target(request.target());
     return {.fromThisMachine = peer == "127.0.0.1",
-            .reachedAt = reachedAt,
+            .localEndpoint = localEndpoint,
             .host = header(request, "Host").value_or(""),
             .origin = header(request, "Origin"),
             .fetchSite = header(request, "Sec-Fetch-Site"),
@@ -69,7 +69,7 @@ HttpSession::HttpSession(asio::ip::tcp::socket socket, Service& service, Quotas:
     const auto remote = stream_.socket().remote_endpoint(error);
     const auto local = stream_.socket().local_endpoint(error);
     peer_ = remote.address().to_string();
-    reachedAt_ = local.address().to_string() + ":" + std::to_string(local.port());
+    localEndpoint_ = local.address().to_string() + ":" + std::to_string(local.port());
 }
 
 void HttpSession::serve() {
@@ -97,7 +97,7 @@ void HttpSession::onRequest(beast::error_code error) {
         logRefusal(400, "-", "a header twice");
         return respond(errorResponse(400, "malformed request"), false);
     }
-    const RequestContext context = contextOf(request, peer_, reachedAt_);
+    const RequestContext context = contextOf(request, peer_, localEndpoint_);
     const AccessDecision access = decideAccess(context);
     if (!access.isAllowed()) {
         logRefusal(access.status, access.route, access.reason);

@@ -42,7 +42,7 @@ private:
     Service& service_;
     Quotas::Permit permit_;
     std::string peer_;
-    std::string reachedAt_;
+    std::string localEndpoint_;
     boost::beast::flat_buffer buffer_;
     std::optional<Parser> parser_;
 };

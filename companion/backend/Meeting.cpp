@@ -94,18 +94,18 @@ void Meeting::handleFrom(const Member& from, const StepMessage& message) {
         from.connection->send(shared(stepMessage(direction, seq, userId, message.id)), noTopic);
         return;
     }
-    const Step made{message.direction, nextSeq_++};
-    remember(tap, made);
-    const SharedText text = shared(stepMessage(made.direction, made.seq, userId, message.id));
+    const Step newStep{message.direction, nextSeq_++};
+    remember(tap, newStep);
+    const SharedText text = shared(stepMessage(newStep.direction, newStep.seq, userId, message.id));
     for (const Member& member : members_) member.connection->send(text, noTopic);
 }
 
 void Meeting::handleFrom(const Member& from, const PointerMessage& message) {
-    const Participant& who = from.participant;
-    const SharedText text = shared(pointerMessage(who.userId, who.cursorColor, message));
+    const Participant& sender = from.participant;
+    const SharedText text = shared(pointerMessage(sender.userId, sender.cursorColor, message));
     for (const Member& member : members_) {
         if (isOverlay(member.participant.userId)) {
-            member.connection->send(text, "pointer " + who.userId);
+            member.connection->send(text, "pointer " + sender.userId);
         }
     }
 }

@@ -141,11 +141,11 @@ private:
         // A small buffer: messages wait in our queue instead, where newer pointers replace old
         // ones.
         socket.set_option(tcp::socket::send_buffer_size(sendBufferBytes), error);
-        const Peer who = peerOf(peer, socket.local_endpoint(error));
-        if (auto permit = service_->connectionLimits.take(who)) {
+        const Peer client = peerOf(peer, socket.local_endpoint(error));
+        if (auto permit = service_->connectionLimits.take(client)) {
             std::make_shared<HttpSession>(std::move(socket), *service_, std::move(*permit))
                 ->serve();
-        } else if (auto refusal = service_->refusalLimits.take(who)) {
+        } else if (auto refusal = service_->refusalLimits.take(client)) {
             std::make_shared<HttpSession>(std::move(socket), *service_, std::move(*refusal))
                 ->refuse();
         }

@@ -8,7 +8,7 @@ namespace {
 /// A request of the host: a program on this machine, not a browser.
 RequestContext program(std::string path) {
     return {.fromThisMachine = true,
-            .reachedAt = "127.0.0.1:3000",
+            .localEndpoint = "127.0.0.1:3000",
             .host = "127.0.0.1:3000",
             .origin = {},
             .fetchSite = {},
@@ -29,7 +29,7 @@ RequestContext ownPage(std::string method, std::string path) {
 RequestContext phone(std::string path) {
     RequestContext context = program(std::move(path));
     context.fromThisMachine = false;
-    context.reachedAt = context.host = "192.168.1.5:3000";
+    context.localEndpoint = context.host = "192.168.1.5:3000";
     return context;
 }
 
@@ -139,7 +139,7 @@ TEST(AccessDecision, ThePeerAddressDecidesAndNotTheHostHeader) {
     RequestContext context = phone("/v1/meetings/active");
     context.host = "127.0.0.1:3000";
     EXPECT_EQ(decideAccess(context).status, 421U);
-    context.reachedAt = "127.0.0.1:3000";
+    context.localEndpoint = "127.0.0.1:3000";
     EXPECT_EQ(decideAccess(context).status, 403U);
 }
 

@@ -84,8 +84,8 @@ void async_teardown(boost::beast::role_type, WireStream& stream, Handler&& handl
     boost::system::error_code error;
     stream.sayGoodbye();
     stream.socket().shutdown(WireStream::Socket::shutdown_send, error);
-    boost::asio::post(stream.get_executor(), boost::beast::bind_front_handler(
-                                                 std::forward<Handler>(handler), std::move(error)));
+    boost::asio::post(stream.get_executor(),
+                      boost::beast::bind_front_handler(std::forward<Handler>(handler), error));
 }
 
 }  // namespace stagehopper::linux_port

@@ -21,4 +21,16 @@ std::string diagnosticFileLine(std::string_view time, std::string_view message) 
     return line;
 }
 
+std::string logDetail(
+    std::initializer_list<std::pair<std::string_view, std::string_view>> keysAndValues) {
+    std::string detail;
+    for (const auto& [key, value] : keysAndValues) {
+        if (!detail.empty()) detail += ' ';
+        detail += key;
+        detail += '=';
+        detail += value;
+    }
+    return detail;
+}
+
 }  // namespace stagehopper

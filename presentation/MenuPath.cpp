@@ -2,7 +2,7 @@
 #include <variant>
 
 #include "app/AppController.h"
-#include "app/LogDetail.h"
+#include "app/LogLine.h"
 #include "platform/Accessibility.h"
 #include "presentation/TitleMatcher.h"
 

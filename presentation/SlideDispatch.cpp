@@ -2,7 +2,7 @@
 #include <string>
 
 #include "app/AppController.h"
-#include "app/LogDetail.h"
+#include "app/LogLine.h"
 #include "platform/Accessibility.h"
 #include "platform/Clock.h"
 #include "platform/Host.h"

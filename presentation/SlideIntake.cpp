@@ -1,7 +1,7 @@
 #include <string>
 
 #include "app/AppController.h"
-#include "app/LogDetail.h"
+#include "app/LogLine.h"
 #include "app/Utf8.h"
 #include "platform/Accessibility.h"
 #include "platform/Clock.h"

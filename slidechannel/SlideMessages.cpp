@@ -1,7 +1,7 @@
 #include <variant>
 
 #include "app/AppController.h"
-#include "app/LogDetail.h"
+#include "app/LogLine.h"
 #include "app/Utf8.h"
 #include "platform/Text.h"
 #include "slidechannel/SlideMessage.h"

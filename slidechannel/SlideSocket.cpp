@@ -2,7 +2,7 @@
 #include <variant>
 
 #include "app/AppController.h"
-#include "app/LogDetail.h"
+#include "app/LogLine.h"
 #include "app/Utf8.h"
 #include "platform/Dispatch.h"
 #include "platform/UrlSession.h"

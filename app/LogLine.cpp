@@ -2,6 +2,12 @@
 
 namespace stagehopper {
 
+namespace {
+
+constexpr std::string_view dash = "-";
+
+}  // namespace
+
 std::string diagnosticMessage(std::string_view event, std::string_view detail) {
     std::string message = "[slide_nav] ";
     message += event;
@@ -31,6 +37,14 @@ std::string logDetail(
         detail += value;
     }
     return detail;
+}
+
+std::string_view dashIfEmpty(std::string_view text) {
+    return text.empty() ? dash : text;
+}
+
+std::string_view dashIfAbsent(const std::optional<std::string>& text) {
+    return text ? std::string_view(*text) : dash;
 }
 
 }  // namespace stagehopper

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -17,5 +18,11 @@ std::string diagnosticFileLine(std::string_view time, std::string_view message);
 /// "key=value key=value": the detail of a diagnostic line. Values stand as they are.
 std::string logDetail(
     std::initializer_list<std::pair<std::string_view, std::string_view>> keysAndValues);
+
+/// The text, or "-" when it is empty.
+std::string_view dashIfEmpty(std::string_view text);
+
+/// The text, even an empty one, or "-" when it is absent. A view of `text`.
+std::string_view dashIfAbsent(const std::optional<std::string>& text);
 
 }  // namespace stagehopper

@@ -21,7 +21,6 @@ using platform::AccessibilityAttribute;
 constexpr std::chrono::microseconds keyHold{50'000};
 
 constexpr std::string_view absentIdentity = "nil";
-constexpr std::string_view absentTitle = "-";
 
 std::string frontBundleId(const std::optional<platform::RunningApplication>& front) {
     if (!front || !front->bundleIdentifier) return std::string(absentIdentity);
@@ -46,7 +45,7 @@ void AppController::resolveSlideTargetAndSend(std::string_view direction) {
                 logDetail({{"ax", platform_.accessibility.isProcessTrusted() ? "true" : "false"},
                            {"front", frontBundleId(front)},
                            {"self", selfBundleId.value_or(std::string(absentIdentity))},
-                           {"title", focusedTitle.value_or(std::string(absentTitle))}}));
+                           {"title", dashIfAbsent(focusedTitle)}}));
 
     const auto candidate = resolveSlideTargetCandidate(selfBundleId, front);
     if (!candidate) {
@@ -64,15 +63,15 @@ void AppController::sendSlideStep(const SlideTargetCandidate& candidate,
     const auto strategy = keyStrategy(slideApplication(candidate.bundleId));
     const bool isFront = front && front->processIdentifier == pid;
     const std::string detection(detectionWord(strategy, isFront));
-    const std::string title =
-        candidate.windowTitles.empty() ? std::string(absentTitle) : candidate.windowTitles.front();
+    const std::string_view title =
+        candidate.windowTitles.empty() ? std::string_view() : candidate.windowTitles.front();
     slideNavLog("target_resolved",
                 detection + " " +
                     logDetail({{"bundle", candidate.bundleId},
                                {"strategy", strategy.word},
                                {"pid", strategy.profiled ? std::to_string(pid)
                                                          : std::string(absentIdentity)},
-                               {"title", title}}));
+                               {"title", dashIfEmpty(title)}}));
 
     if (!isFront) {
         // Menu commands act on the program in front, whoever's menu they stand in.

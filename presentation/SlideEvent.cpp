@@ -8,8 +8,4 @@ bool isRepeatedEvent(std::string_view seq, platform::Date now,
     return lastSeq && *lastSeq == seq && lastAt && now - *lastAt < repeatWindow;
 }
 
-std::string_view seqForLog(std::string_view seq) {
-    return seq.empty() ? "-" : seq;
-}
-
 }  // namespace stagehopper

@@ -17,7 +17,4 @@ bool isRepeatedEvent(std::string_view seq, platform::Date now,
                      const std::optional<std::string>& lastSeq,
                      const std::optional<platform::Date>& lastAt);
 
-/// "-" for an empty tag, as the log writes what is absent.
-std::string_view seqForLog(std::string_view seq);
-
 }  // namespace stagehopper

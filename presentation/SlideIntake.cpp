@@ -25,8 +25,9 @@ void AppController::consumeSlideEvent(std::string_view direction, std::string_vi
         lastSlideEventSeq = seq;
         lastSlideEventAt = now;
     }
-    slideNavLog("native_bridge_received",
-                logDetail({{"direction", direction}, {"seq", seqForLog(seq)}, {"source", source}}));
+    slideNavLog(
+        "native_bridge_received",
+        logDetail({{"direction", direction}, {"seq", dashIfEmpty(seq)}, {"source", source}}));
     pptSlide(direction);
 }
 

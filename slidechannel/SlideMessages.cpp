@@ -10,7 +10,6 @@ namespace stagehopper {
 
 namespace {
 
-constexpr std::string_view absent = "-";
 /// Names this channel in the log.
 constexpr std::string_view source = "native_ws";
 
@@ -20,12 +19,11 @@ void AppController::handleNativeSlideSocketText(std::string_view text) {
     const auto message = parseSlideMessage(text);
     if (std::holds_alternative<WelcomeMessage>(message)) {
         slideNavLog("native_ws_ready",
-                    logDetail({{"room", nativeSlideSocketRoomCode.value_or(std::string(absent))}}));
+                    logDetail({{"room", dashIfAbsent(nativeSlideSocketRoomCode)}}));
     } else if (const auto* step = std::get_if<SlideNavMessage>(&message)) {
         const auto direction = platform_.text.lowercased(trimmed(step->direction));
-        slideNavLog(
-            "native_ws_received",
-            logDetail({{"direction", direction}, {"seq", step->seq.empty() ? absent : step->seq}}));
+        slideNavLog("native_ws_received",
+                    logDetail({{"direction", direction}, {"seq", dashIfEmpty(step->seq)}}));
         consumeSlideEvent(direction, step->seq, source);
     }
 }

@@ -16,7 +16,6 @@ constexpr platform::Duration pingInterval{15.0};
 constexpr platform::Duration reconnectDelay{1.0};
 /// "Going away", of RFC 6455.
 constexpr int goingAway = 1001;
-constexpr const char* absent = "-";
 
 /// The text of a message; absent for bytes that are none.
 std::optional<std::string> textOf(platform::WebSocketMessage message) {
@@ -153,7 +152,7 @@ void AppController::cancelNativeSlideSocket(std::string_view reason) {
     if (nativeSlideSocket) {
         slideNavLog(
             "native_ws_disconnected",
-            logDetail({{"room", nativeSlideSocketRoomCode.value_or(absent)}, {"reason", reason}}));
+            logDetail({{"room", dashIfAbsent(nativeSlideSocketRoomCode)}, {"reason", reason}}));
     }
     if (nativeSlidePingTimer) nativeSlidePingTimer->invalidate();
     nativeSlidePingTimer.reset();

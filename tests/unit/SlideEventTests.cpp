@@ -34,10 +34,5 @@ TEST(SlideEvent, WithoutATimeNothingIsARepeat) {
     EXPECT_FALSE(isRepeatedEvent("7", noon, "7", std::nullopt));
 }
 
-TEST(SlideEvent, AMissingTagIsLoggedAsADash) {
-    EXPECT_EQ(seqForLog(""), "-");
-    EXPECT_EQ(seqForLog("7"), "7");
-}
-
 }  // namespace
 }  // namespace stagehopper

@@ -10,7 +10,6 @@ namespace stagehopper {
 namespace {
 
 constexpr platform::Duration probeWait{0.35};
-constexpr int statusOk = 200;
 
 /// What a probe waits for. The answer may come when nobody waits any more.
 struct Answer {
@@ -26,7 +25,7 @@ bool AppController::healthCheckLocalPort(std::int64_t port) {
     platform_.urlSession.startDataTask(
         backendHealthUrl(port), [answer](const platform::DataResult& result) {
             // A body that breaks off does not matter: the status is all that is asked for.
-            answer->healthy = result.response && result.response->statusCode == statusOk;
+            answer->healthy = result.response && result.response->statusCode == platform::statusOk;
             answer->arrived->signal();
         });
     answer->arrived->wait(probeWait);

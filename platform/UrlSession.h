@@ -13,6 +13,9 @@ struct UrlError {
     std::string localizedDescription;
 };
 
+/// The status of a request that succeeded.
+inline constexpr int statusOk = 200;
+
 struct HttpResponse {
     int statusCode = 0;
     /// Empty when it did not come whole.

@@ -11,11 +11,11 @@ namespace stagehopper {
 namespace {
 
 constexpr platform::Duration discoveryInterval{4.0};
-constexpr int statusOk = 200;
 
 std::optional<ActiveMeetingsResponse> activeMeetings(const platform::DataResult& result) {
     const auto& response = result.response;
-    if (result.error || !response || response->statusCode != statusOk) return std::nullopt;
+    if (result.error || !response || response->statusCode != platform::statusOk)
+        return std::nullopt;
     return decodeActiveMeetings(response->body);
 }
 

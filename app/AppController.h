@@ -32,6 +32,7 @@ namespace stagehopper {
 class BridgeHandler;
 class TitleMatcher;
 struct KeyStrategy;
+struct LaunchState;
 struct SlideTargetCandidate;
 
 /// The application: its and its panel's delegate, the owner of all its state, and every operation
@@ -229,6 +230,7 @@ private:
 
     /// Starts a series of launches, unless a healthy backend answers.
     void launchBackendUnlessHealthy();
+    [[nodiscard]] LaunchState launchState() const;
     void bundledBackendDidExit(const std::filesystem::path& resourceDir, const std::string& name,
                                std::int32_t status);
     void scheduleBundledBackendRetry(const std::filesystem::path& resourceDir,

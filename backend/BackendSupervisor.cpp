@@ -1,5 +1,6 @@
 #include "app/AppController.h"
 #include "backend/LocalBackend.h"
+#include "backend/Relaunch.h"
 #include "platform/ChildProcess.h"
 #include "platform/Dispatch.h"
 #include "platform/FileSystem.h"
@@ -28,10 +29,16 @@ void AppController::launchBackendUnlessHealthy() {
     attemptLaunchBundledBackend(resourceDir(), backendName);
 }
 
+LaunchState AppController::launchState() const {
+    return {.terminating = appIsTerminating,
+            .userStopped = bundledBackendUserStopped,
+            .attempts = bundledBackendLaunchAttempt,
+            .maxAttempts = maxBundledBackendLaunchAttempts};
+}
+
 void AppController::attemptLaunchBundledBackend(const std::filesystem::path& resourceDir,
                                                 const std::string& name) {
-    if (bundledBackendUserStopped) return;
-    if (bundledBackendLaunchAttempt >= maxBundledBackendLaunchAttempts) return;
+    if (mayRelaunch(launchState()) != Relaunch::allowed) return;
     // Counted before anything can fail: a missing file is an attempt, too.
     ++bundledBackendLaunchAttempt;
 
@@ -62,8 +69,7 @@ void AppController::attemptLaunchBundledBackend(const std::filesystem::path& res
     if (!launched) {
         platform_.systemLog.write("Stagehopper: failed to start bundled backend: " +
                                   launched.reason());
-        if (bundledBackendLaunchAttempt < maxBundledBackendLaunchAttempts && !appIsTerminating &&
-            !bundledBackendUserStopped) {
+        if (mayRelaunch(launchState()) == Relaunch::allowed) {
             scheduleBundledBackendRetry(resourceDir, name);
         }
         return;
@@ -76,9 +82,10 @@ void AppController::attemptLaunchBundledBackend(const std::filesystem::path& res
 
 void AppController::bundledBackendDidExit(const std::filesystem::path& resourceDir,
                                           const std::string& name, std::int32_t status) {
-    if (bundledBackendUserStopped) return;
+    const auto relaunch = mayRelaunch(launchState());
+    if (relaunch == Relaunch::unwanted) return;
     if (firstHealthyLocalBackendBaseURL()) return;
-    if (bundledBackendLaunchAttempt >= maxBundledBackendLaunchAttempts) {
+    if (relaunch == Relaunch::exhausted) {
         platform_.systemLog.write(
             "Stagehopper: bundled backend exited; max launch attempts "
             "reached");
@@ -95,7 +102,7 @@ void AppController::scheduleBundledBackendRetry(const std::filesystem::path& res
                                                 const std::string& name) {
     platform_.dispatch.asyncMainAfter(retryDelay, [weak = weak_from_this(), resourceDir, name] {
         const auto self = weak.lock();
-        if (!self || self->appIsTerminating || self->bundledBackendUserStopped) return;
+        if (!self || mayRelaunch(self->launchState()) != Relaunch::allowed) return;
         if (self->firstHealthyLocalBackendBaseURL()) return;
         self->attemptLaunchBundledBackend(resourceDir, name);
     });

@@ -19,8 +19,7 @@ struct SlideMenuTitles {
 
 /// A program that can hold slides, and how to step it.
 ///
-/// New program: 1. a row in the port's table  2. its identity in the port's identity table
-/// 3. a scenario or desktop test that steps it.
+/// How to add a program: docs/architecture.md.
 struct SlideApplication {
     std::string bundleIdentifier;
     /// Which program is taken when none was stepped before and none of them is in front: the

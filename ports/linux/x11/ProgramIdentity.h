@@ -25,7 +25,7 @@ struct ProgramTraces {
 /// same identity here; other programs have their application id, else the class name of their first
 /// window, else the name of their executable. Absent when there is no trace at all.
 ///
-/// New program: a row in the table in ProgramIdentity.cpp.
+/// How to add a program: docs/architecture.md.
 std::optional<std::string> programIdentity(const ProgramTraces& traces);
 
 }  // namespace stagehopper::linux_port

@@ -31,6 +31,7 @@ namespace stagehopper {
 
 class BridgeHandler;
 class TitleMatcher;
+enum class SlideDirection;
 struct KeyStrategy;
 struct LaunchState;
 struct SlideTargetCandidate;
@@ -178,7 +179,7 @@ public:
     /// Presses the program's own "next" or "previous" menu item. True only when an enabled item
     /// was pressed; every other outcome but "no menu titles known" has its line in the log.
     bool pressSlideMenuCommand(const std::string& bundleId, platform::Pid process,
-                               std::string_view direction);
+                               SlideDirection direction);
     /// The titles by which the program's slide commands are found; null when none are known.
     [[nodiscard]] const platform::SlideMenuTitles* slideMenuStrategy(
         std::string_view bundleId) const;
@@ -203,12 +204,12 @@ public:
     // --- Slide dispatch (presentation/SlideDispatch.cpp) ------------------------------------
 
     /// Steps the presentation: by its menu when its program is in front, else, or when the menu
-    /// fails, by a key to its process. `direction` is "next" or "prev".
-    void resolveSlideTargetAndSend(std::string_view direction);
+    /// fails, by a key to its process.
+    void resolveSlideTargetAndSend(SlideDirection direction);
     /// The second half: steps this candidate. `front` is the program that has the focus.
     void sendSlideStep(const SlideTargetCandidate& candidate,
                        const std::optional<platform::RunningApplication>& front,
-                       std::string_view direction);
+                       SlideDirection direction);
 
     // --- Accessibility permission (presentation/AccessibilityPermission.cpp) ----------------
 
@@ -243,8 +244,7 @@ private:
     void pingNativeSlideSocket(const std::string& roomCode);
     void nativeSlidePingDidFail(const std::string& roomCode, std::string_view error);
     /// Posts one key press and release, 50 ms apart.
-    void sendSlideKey(platform::Pid process, const KeyStrategy& strategy,
-                      std::string_view direction);
+    void sendSlideKey(platform::Pid process, const KeyStrategy& strategy, SlideDirection direction);
     void rememberSlideTarget(const SlideTargetCandidate& candidate);
     /// The program's row in the table of slide applications; null when it has none.
     [[nodiscard]] const platform::SlideApplication* slideApplication(

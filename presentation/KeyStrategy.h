@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "platform/SlideApplication.h"
+#include "presentation/SlideDirection.h"
 
 namespace stagehopper {
 
@@ -16,9 +17,8 @@ struct KeyStrategy {
     /// A program we know: keys go to its process. Otherwise they go to whoever has the focus.
     bool profiled;
 
-    /// `direction` is "next" or "prev".
-    [[nodiscard]] platform::VirtualKey keyFor(std::string_view direction) const {
-        return direction == "next" ? nextKey : previousKey;
+    [[nodiscard]] platform::VirtualKey keyFor(SlideDirection direction) const {
+        return direction == SlideDirection::next ? nextKey : previousKey;
     }
     /// How the log names the way of the keys.
     [[nodiscard]] std::string_view dispatchWord() const { return profiled ? "pid" : "hid"; }

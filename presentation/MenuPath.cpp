@@ -4,6 +4,7 @@
 #include "app/AppController.h"
 #include "app/LogLine.h"
 #include "platform/Accessibility.h"
+#include "presentation/SlideDirection.h"
 #include "presentation/TitleMatcher.h"
 
 namespace stagehopper {
@@ -63,7 +64,7 @@ UIElementRef AppController::findMenuItem(const std::vector<UIElementRef>& elemen
 }
 
 bool AppController::pressSlideMenuCommand(const std::string& bundleId, platform::Pid process,
-                                          std::string_view direction) {
+                                          SlideDirection direction) {
     const auto* titles = slideMenuStrategy(bundleId);
     if (titles == nullptr) return false;
 
@@ -77,29 +78,32 @@ bool AppController::pressSlideMenuCommand(const std::string& bundleId, platform:
 
     const TitleMatcher preferred(platform_.text, titles->menus);
     const TitleMatcher wanted(platform_.text,
-                              direction == "next" ? titles->next : titles->previous);
+                              direction == SlideDirection::next ? titles->next : titles->previous);
     const auto item = findMenuItem(menuRootCandidates(*menuBar, preferred), wanted, searchDepth);
     if (!item) {
-        slideNavLog("menu_path_missing", logDetail({{"bundle", bundleId}, {"dir", direction}}));
+        slideNavLog("menu_path_missing",
+                    logDetail({{"bundle", bundleId}, {"dir", directionWord(direction)}}));
         return false;
     }
 
     const auto title = axStringAttribute(*item, AccessibilityAttribute::title).value_or("unknown");
     if (isDisabled(*item)) {
-        slideNavLog("menu_path_disabled",
-                    logDetail({{"bundle", bundleId}, {"dir", direction}, {"title", title}}));
+        slideNavLog(
+            "menu_path_disabled",
+            logDetail({{"bundle", bundleId}, {"dir", directionWord(direction)}, {"title", title}}));
         return false;
     }
     if (const auto error = item->press(); error != platform::AccessibilityError::success) {
         slideNavLog("menu_path_press_failed",
                     logDetail({{"bundle", bundleId},
-                               {"dir", direction},
+                               {"dir", directionWord(direction)},
                                {"title", title},
                                {"err", std::to_string(static_cast<int>(error))}}));
         return false;
     }
-    slideNavLog("menu_path_sent",
-                logDetail({{"bundle", bundleId}, {"dir", direction}, {"title", title}}));
+    slideNavLog(
+        "menu_path_sent",
+        logDetail({{"bundle", bundleId}, {"dir", directionWord(direction)}, {"title", title}}));
     return true;
 }
 

@@ -9,6 +9,7 @@
 #include "platform/KeyboardEvents.h"
 #include "platform/Workspace.h"
 #include "presentation/KeyStrategy.h"
+#include "presentation/SlideDirection.h"
 #include "presentation/SlideTargetCandidate.h"
 
 namespace stagehopper {
@@ -29,7 +30,7 @@ std::string frontBundleId(const std::optional<platform::RunningApplication>& fro
 
 }  // namespace
 
-void AppController::resolveSlideTargetAndSend(std::string_view direction) {
+void AppController::resolveSlideTargetAndSend(SlideDirection direction) {
     const auto selfBundleId = platform_.host.bundleIdentifier();
     const auto front = platform_.workspace.frontmostApplication();
     std::optional<std::string> focusedTitle;
@@ -58,7 +59,7 @@ void AppController::resolveSlideTargetAndSend(std::string_view direction) {
 
 void AppController::sendSlideStep(const SlideTargetCandidate& candidate,
                                   const std::optional<platform::RunningApplication>& front,
-                                  std::string_view direction) {
+                                  SlideDirection direction) {
     const auto pid = candidate.app.processIdentifier;
     const auto strategy = keyStrategy(slideApplication(candidate.bundleId));
     const bool isFront = front && front->processIdentifier == pid;
@@ -89,7 +90,7 @@ void AppController::sendSlideStep(const SlideTargetCandidate& candidate,
 }
 
 void AppController::sendSlideKey(platform::Pid process, const KeyStrategy& strategy,
-                                 std::string_view direction) {
+                                 SlideDirection direction) {
     const auto key = strategy.keyFor(direction);
     const auto down = platform_.keyboardEvents.makeKeyboardEvent(key, true);
     const auto up = platform_.keyboardEvents.makeKeyboardEvent(key, false);
@@ -103,7 +104,7 @@ void AppController::sendSlideKey(platform::Pid process, const KeyStrategy& strat
                            {"keycodes_next/prev", std::to_string(strategy.nextKey) + "/" +
                                                       std::to_string(strategy.previousKey)},
                            {"sent", std::to_string(key)},
-                           {"dir", direction},
+                           {"dir", directionWord(direction)},
                            {"dispatch", strategy.dispatchWord()}}));
 
     const auto post = [&](const platform::KeyboardEvent& event) {

@@ -2,11 +2,10 @@
 
 #include "app/AppController.h"
 #include "app/LogLine.h"
-#include "app/Utf8.h"
 #include "platform/Accessibility.h"
 #include "platform/Clock.h"
 #include "platform/Dispatch.h"
-#include "platform/Text.h"
+#include "presentation/SlideDirection.h"
 #include "presentation/SlideEvent.h"
 
 namespace stagehopper {
@@ -38,8 +37,8 @@ void AppController::pptSlide(std::string_view direction) {
 }
 
 void AppController::pptSlideOnMainQueue(std::string_view direction) {
-    const std::string normalized = platform_.text.lowercased(trimmed(direction));
-    if (normalized != "next" && normalized != "prev") {
+    const auto parsed = parseSlideDirection(platform_.text, direction);
+    if (!parsed) {
         slideNavLog("blocked_invalid_direction", logDetail({{"raw", direction}}));
         return;
     }
@@ -48,7 +47,7 @@ void AppController::pptSlideOnMainQueue(std::string_view direction) {
                     "AXIsProcessTrusted=false (waiting for user to quit/relaunch)");
         return;
     }
-    resolveSlideTargetAndSend(normalized);
+    resolveSlideTargetAndSend(*parsed);
 }
 
 }  // namespace stagehopper

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "presentation/SlideDirection.h"
 #include "presentation/SlideTargetCandidate.h"
 #include "tests/scenario/Programs.h"
 #include "tests/scenario/Stage.h"
@@ -111,7 +112,7 @@ TEST_F(SlideDispatch, AFocusedWindowWithoutATitleIsLoggedWithADash) {
 TEST_F(SlideDispatch, TheContextTellsTheTrustOfThatMoment) {
     stage.desktop.accessibility.trusted = false;
     stage.forget();
-    stage.app->resolveSlideTargetAndSend("next");
+    stage.app->resolveSlideTargetAndSend(SlideDirection::next);
     EXPECT_THAT(stage.lines("exec_context"),
                 ElementsAre("exec_context ax=false front=nil self=org.stagehopper.Stagehopper "
                             "title=-"));
@@ -280,7 +281,7 @@ TEST_F(SlideDispatch, AnUnprofiledTargetGetsArrowsWhereTheFocusIs) {
     const auto front = stage.desktop.workspace.frontmostApplication();
     stage.forget();
     stage.app->sendSlideStep({{9, "org.example.Unknown"}, "org.example.Unknown", {"deck"}}, front,
-                             "prev");
+                             SlideDirection::previous);
     EXPECT_THAT(stage.lines(),
                 ElementsAre("target_resolved detected_generic bundle=org.example.Unknown "
                             "strategy=generic_arrows_fallback pid=nil title=deck",
@@ -301,7 +302,7 @@ TEST_F(SlideDispatch, AnUnprofiledTargetInFrontHasNoMenuTitlesAndGetsArrows) {
     stage.desktop.bringToFront(9);
     stage.forget();
     stage.app->sendSlideStep({{9, "org.example.Unknown"}, "org.example.Unknown", {"deck"}},
-                             stage.desktop.workspace.frontmostApplication(), "next");
+                             stage.desktop.workspace.frontmostApplication(), SlideDirection::next);
     EXPECT_THAT(stage.lines(),
                 ElementsAre("target_resolved detected_generic bundle=org.example.Unknown "
                             "strategy=generic_arrows_fallback pid=nil title=deck",
@@ -316,7 +317,7 @@ TEST_F(SlideDispatch, ATargetWithoutATitleIsLoggedWithADash) {
     stage.desktop.addProgram(keynote(40));
     stage.forget();
     stage.app->sendSlideStep({{40, "com.apple.iWork.Keynote"}, "com.apple.iWork.Keynote", {}},
-                             std::nullopt, "next");
+                             std::nullopt, SlideDirection::next);
     EXPECT_THAT(stage.lines("target_resolved"),
                 ElementsAre("target_resolved detected_profiled_background "
                             "bundle=com.apple.iWork.Keynote strategy=keynote_arrows pid=40 "

@@ -10,16 +10,16 @@ const platform::SlideApplication row{"org.example.Slides", 3, "example_pages", 1
 TEST(KeyStrategy, OfARowIsTheRowsKeysToTheProcess) {
     const auto strategy = keyStrategy(&row);
     EXPECT_EQ(strategy.word, "example_pages");
-    EXPECT_EQ(strategy.keyFor("next"), 121);
-    EXPECT_EQ(strategy.keyFor("prev"), 116);
+    EXPECT_EQ(strategy.keyFor(SlideDirection::next), 121);
+    EXPECT_EQ(strategy.keyFor(SlideDirection::previous), 116);
     EXPECT_EQ(strategy.dispatchWord(), "pid");
 }
 
 TEST(KeyStrategy, WithoutARowIsTheArrowsToWhoeverHasTheFocus) {
     const auto strategy = keyStrategy(nullptr);
     EXPECT_EQ(strategy.word, "generic_arrows_fallback");
-    EXPECT_EQ(strategy.keyFor("next"), 124);
-    EXPECT_EQ(strategy.keyFor("prev"), 123);
+    EXPECT_EQ(strategy.keyFor(SlideDirection::next), 124);
+    EXPECT_EQ(strategy.keyFor(SlideDirection::previous), 123);
     EXPECT_EQ(strategy.dispatchWord(), "hid");
 }
 

@@ -10,7 +10,7 @@
 #include "platform/Workspace.h"
 #include "presentation/KeyStrategy.h"
 #include "presentation/SlideDirection.h"
-#include "presentation/SlideTargetCandidate.h"
+#include "presentation/SlideTargetChoice.h"
 
 namespace stagehopper {
 

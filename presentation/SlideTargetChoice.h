@@ -6,9 +6,17 @@
 #include <vector>
 
 #include "platform/Workspace.h"
-#include "presentation/SlideTargetCandidate.h"
 
 namespace stagehopper {
+
+/// A running program that may hold the presentation.
+struct SlideTargetCandidate {
+    platform::RunningApplication app;
+    /// Never empty.
+    std::string bundleId;
+    /// Trimmed and not empty, in the order in which the program lists its windows.
+    std::vector<std::string> windowTitles;
+};
 
 /// What was stepped before and what is in front now.
 struct SlideTargetHistory {

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "presentation/SlideDirection.h"
-#include "presentation/SlideTargetCandidate.h"
+#include "presentation/SlideTargetChoice.h"
 #include "tests/scenario/Programs.h"
 #include "tests/scenario/Stage.h"
 

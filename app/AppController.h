@@ -167,8 +167,8 @@ public:
     std::optional<SlideTargetCandidate> resolveSlideTargetCandidate(
         const std::optional<std::string>& selfBundleId,
         const std::optional<platform::RunningApplication>& front);
-    /// Rank of a program among the slide applications, lower first; absent when it is none.
-    [[nodiscard]] std::optional<int> slideBundlePriority(std::string_view bundleId) const;
+    /// Rank of a program among the slide applications, lower first; absent without a row.
+    static std::optional<int> slideBundlePriority(const platform::SlideApplication* row);
     /// Trimmed, non-empty titles of a process's windows, in the system's order.
     std::vector<std::string> windowTitles(platform::Pid pid);
     /// Whether a window with this title shows slides, as far as the titles of that program tell.
@@ -178,11 +178,10 @@ public:
 
     /// Presses the program's own "next" or "previous" menu item. True only when an enabled item
     /// was pressed; every other outcome but "no menu titles known" has its line in the log.
-    bool pressSlideMenuCommand(const std::string& bundleId, platform::Pid process,
-                               SlideDirection direction);
+    bool pressSlideMenuCommand(const SlideTargetCandidate& candidate, SlideDirection direction);
     /// The titles by which the program's slide commands are found; null when none are known.
-    [[nodiscard]] const platform::SlideMenuTitles* slideMenuStrategy(
-        std::string_view bundleId) const;
+    static const platform::SlideMenuTitles* slideMenuStrategy(
+        const platform::SlideApplication* row);
     /// The top-level menus with a preferred title; all of them when none has one.
     static std::vector<platform::UIElementRef> menuRootCandidates(
         const platform::UIElement& menuBar, const TitleMatcher& preferred);
@@ -246,9 +245,6 @@ private:
     /// Posts one key press and release, 50 ms apart.
     void sendSlideKey(platform::Pid process, const KeyStrategy& strategy, SlideDirection direction);
     void rememberSlideTarget(const SlideTargetCandidate& candidate);
-    /// The program's row in the table of slide applications; null when it has none.
-    [[nodiscard]] const platform::SlideApplication* slideApplication(
-        std::string_view bundleId) const;
 
     platform::Platform platform_;
 

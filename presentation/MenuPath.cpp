@@ -5,6 +5,7 @@
 #include "app/LogLine.h"
 #include "platform/Accessibility.h"
 #include "presentation/SlideDirection.h"
+#include "presentation/SlideTargetChoice.h"
 #include "presentation/TitleMatcher.h"
 
 namespace stagehopper {
@@ -28,8 +29,8 @@ bool isDisabled(const UIElement& item) {
 
 }  // namespace
 
-const platform::SlideMenuTitles* AppController::slideMenuStrategy(std::string_view bundleId) const {
-    const auto* row = slideApplication(bundleId);
+const platform::SlideMenuTitles* AppController::slideMenuStrategy(
+    const platform::SlideApplication* row) {
     if (row == nullptr || !row->menuTitles) return nullptr;
     return &*row->menuTitles;
 }
@@ -63,16 +64,17 @@ UIElementRef AppController::findMenuItem(const std::vector<UIElementRef>& elemen
     return nullptr;
 }
 
-bool AppController::pressSlideMenuCommand(const std::string& bundleId, platform::Pid process,
+bool AppController::pressSlideMenuCommand(const SlideTargetCandidate& candidate,
                                           SlideDirection direction) {
-    const auto* titles = slideMenuStrategy(bundleId);
+    const auto* titles = slideMenuStrategy(candidate.row);
     if (titles == nullptr) return false;
 
-    const auto application = platform_.accessibility.applicationElement(process);
+    const auto application =
+        platform_.accessibility.applicationElement(candidate.app.processIdentifier);
     const auto menuBar = axElementAttribute(*application, AccessibilityAttribute::menuBar);
     if (!menuBar) {
         slideNavLog("menu_path_unavailable",
-                    logDetail({{"bundle", bundleId}, {"reason", "no_menu_bar"}}));
+                    logDetail({{"bundle", candidate.bundleId}, {"reason", "no_menu_bar"}}));
         return false;
     }
 
@@ -82,28 +84,28 @@ bool AppController::pressSlideMenuCommand(const std::string& bundleId, platform:
     const auto item = findMenuItem(menuRootCandidates(*menuBar, preferred), wanted, searchDepth);
     if (!item) {
         slideNavLog("menu_path_missing",
-                    logDetail({{"bundle", bundleId}, {"dir", directionWord(direction)}}));
+                    logDetail({{"bundle", candidate.bundleId}, {"dir", directionWord(direction)}}));
         return false;
     }
 
     const auto title = axStringAttribute(*item, AccessibilityAttribute::title).value_or("unknown");
     if (isDisabled(*item)) {
-        slideNavLog(
-            "menu_path_disabled",
-            logDetail({{"bundle", bundleId}, {"dir", directionWord(direction)}, {"title", title}}));
+        slideNavLog("menu_path_disabled", logDetail({{"bundle", candidate.bundleId},
+                                                     {"dir", directionWord(direction)},
+                                                     {"title", title}}));
         return false;
     }
     if (const auto error = item->press(); error != platform::AccessibilityError::success) {
         slideNavLog("menu_path_press_failed",
-                    logDetail({{"bundle", bundleId},
+                    logDetail({{"bundle", candidate.bundleId},
                                {"dir", directionWord(direction)},
                                {"title", title},
                                {"err", std::to_string(static_cast<int>(error))}}));
         return false;
     }
-    slideNavLog(
-        "menu_path_sent",
-        logDetail({{"bundle", bundleId}, {"dir", directionWord(direction)}, {"title", title}}));
+    slideNavLog("menu_path_sent", logDetail({{"bundle", candidate.bundleId},
+                                             {"dir", directionWord(direction)},
+                                             {"title", title}}));
     return true;
 }
 

@@ -1,5 +1,7 @@
 #include "presentation/SlideApplications.h"
 
+#include <algorithm>
+
 namespace stagehopper {
 
 namespace {
@@ -63,6 +65,15 @@ const std::vector<SlideApplication>& commonSlideApplications() {
         byArrows("com.microsoft.edgemac", 4, "browser_arrows"),
     };
     return rows;
+}
+
+const SlideApplication* findSlideApplication(std::string_view bundleId,
+                                             const std::vector<SlideApplication>& portRows) {
+    for (const auto* rows : {&commonSlideApplications(), &portRows}) {
+        const auto row = std::ranges::find(*rows, bundleId, &SlideApplication::bundleIdentifier);
+        if (row != rows->end()) return &*row;
+    }
+    return nullptr;
 }
 
 }  // namespace stagehopper

@@ -61,7 +61,7 @@ void AppController::sendSlideStep(const SlideTargetCandidate& candidate,
                                   const std::optional<platform::RunningApplication>& front,
                                   SlideDirection direction) {
     const auto pid = candidate.app.processIdentifier;
-    const auto strategy = keyStrategy(slideApplication(candidate.bundleId));
+    const auto strategy = keyStrategy(candidate.row);
     const bool isFront = front && front->processIdentifier == pid;
     const std::string detection(detectionWord(strategy, isFront));
     const std::string_view title =
@@ -78,7 +78,7 @@ void AppController::sendSlideStep(const SlideTargetCandidate& candidate,
         // Menu commands act on the program in front, whoever's menu they stand in.
         slideNavLog("menu_path_skipped",
                     logDetail({{"bundle", candidate.bundleId}, {"reason", "background_target"}}));
-    } else if (pressSlideMenuCommand(candidate.bundleId, pid, direction)) {
+    } else if (pressSlideMenuCommand(candidate, direction)) {
         rememberSlideTarget(candidate);
         slideNavLog("completed", logDetail({{"path", "menu"}, {"bundle", candidate.bundleId}}));
         return;

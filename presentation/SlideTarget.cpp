@@ -10,17 +10,7 @@
 
 namespace stagehopper {
 
-const platform::SlideApplication* AppController::slideApplication(std::string_view bundleId) const {
-    for (const auto* rows : {&commonSlideApplications(), &platform_.slideApplications}) {
-        const auto row =
-            std::ranges::find(*rows, bundleId, &platform::SlideApplication::bundleIdentifier);
-        if (row != rows->end()) return &*row;
-    }
-    return nullptr;
-}
-
-std::optional<int> AppController::slideBundlePriority(std::string_view bundleId) const {
-    const auto* row = slideApplication(bundleId);
+std::optional<int> AppController::slideBundlePriority(const platform::SlideApplication* row) {
     if (row == nullptr) return std::nullopt;
     return row->priority;
 }
@@ -48,7 +38,8 @@ std::optional<SlideTargetCandidate> AppController::resolveSlideTargetCandidate(
     for (const auto& running : platform_.workspace.runningApplications()) {
         const auto& bundleId = running.bundleIdentifier;
         if (!bundleId || bundleId == selfBundleId) continue;
-        const auto priority = slideBundlePriority(*bundleId);
+        const auto* row = findSlideApplication(*bundleId, platform_.slideApplications);
+        const auto priority = slideBundlePriority(row);
         if (!priority) continue;
         const auto titles = windowTitles(running.processIdentifier);
         if (titles.empty()) continue;
@@ -60,7 +51,7 @@ std::optional<SlideTargetCandidate> AppController::resolveSlideTargetCandidate(
             })) {
             continue;
         }
-        candidates.push_back({{running, *bundleId, titles}, *priority});
+        candidates.push_back({{running, *bundleId, titles, row}, *priority});
     }
 
     SlideTargetHistory history{lastSlideTargetPID, lastSlideTargetBundleId, std::nullopt};

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/SlideApplication.h"
 #include "platform/Workspace.h"
 
 namespace stagehopper {
@@ -16,6 +17,8 @@ struct SlideTargetCandidate {
     std::string bundleId;
     /// Trimmed and not empty, in the order in which the program lists its windows.
     std::vector<std::string> windowTitles;
+    /// Its row in the table of slide applications; null for a program that has none.
+    const platform::SlideApplication* row = nullptr;
 };
 
 /// What was stepped before and what is in front now.

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "presentation/SlideApplications.h"
 #include "presentation/SlideDirection.h"
 #include "presentation/SlideTargetChoice.h"
 #include "tests/scenario/Programs.h"
@@ -316,7 +317,8 @@ TEST_F(SlideDispatch, AnUnprofiledTargetInFrontHasNoMenuTitlesAndGetsArrows) {
 TEST_F(SlideDispatch, ATargetWithoutATitleIsLoggedWithADash) {
     stage.desktop.addProgram(keynote(40));
     stage.forget();
-    stage.app->sendSlideStep({{40, "com.apple.iWork.Keynote"}, "com.apple.iWork.Keynote", {}},
+    const auto* row = findSlideApplication("com.apple.iWork.Keynote", {});
+    stage.app->sendSlideStep({{40, "com.apple.iWork.Keynote"}, "com.apple.iWork.Keynote", {}, row},
                              std::nullopt, SlideDirection::next);
     EXPECT_THAT(stage.lines("target_resolved"),
                 ElementsAre("target_resolved detected_profiled_background "

@@ -38,6 +38,15 @@ TEST(SlideApplications, KnownEverywhereAreTheseEightInThisOrder) {
     }
 }
 
+TEST(SlideApplications, ARowIsFoundByItsIdentityCommonOnesFirst) {
+    const std::vector<platform::SlideApplication> portRows{
+        {"org.example.Slides", 2, "example_keys", 121, 116, std::nullopt},
+        {"com.apple.Safari", 9, "port_safari", 121, 116, std::nullopt}};
+    EXPECT_EQ(findSlideApplication("org.example.Slides", portRows), portRows.data());
+    EXPECT_EQ(findSlideApplication("com.apple.Safari", portRows), &commonSlideApplications()[4]);
+    EXPECT_EQ(findSlideApplication("com.microsoft.PowerPoint", portRows), nullptr);
+}
+
 using Titles = std::vector<std::string>;
 
 TEST(SlideApplications, PowerPointsMenuTitlesAreInChineseAndEnglish) {

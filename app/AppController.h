@@ -171,8 +171,8 @@ public:
     static std::optional<int> slideBundlePriority(const platform::SlideApplication* row);
     /// Trimmed, non-empty titles of a process's windows, in the system's order.
     std::vector<std::string> windowTitles(platform::Pid pid);
-    /// Whether a window with this title shows slides, as far as the titles of that program tell.
-    bool isLikelyPresentationWindow(std::string_view title, std::string_view bundleId);
+    /// Whether a window with this title shows slides, by the rule in the row of its program.
+    bool isLikelyPresentationWindow(std::string_view title, const platform::SlideApplication& row);
 
     // --- Menu path (presentation/MenuPath.cpp) ----------------------------------------------
 

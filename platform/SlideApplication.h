@@ -17,6 +17,15 @@ struct SlideMenuTitles {
     std::vector<std::string> previous;
 };
 
+/// Which titles of a program's windows suggest slides.
+enum class SlideTitles {
+    any,
+    /// Ending in ".pdf".
+    pdf,
+    /// Ending like a presentation's file name, or with a word for presentations in it.
+    presentation,
+};
+
 /// A program that can hold slides, and how to step it.
 ///
 /// How to add a program: docs/architecture.md.
@@ -30,6 +39,7 @@ struct SlideApplication {
     VirtualKey nextKey = virtual_key::rightArrow;
     VirtualKey previousKey = virtual_key::leftArrow;
     std::optional<SlideMenuTitles> menuTitles;
+    SlideTitles slideTitles = SlideTitles::any;
 };
 
 }  // namespace stagehopper::platform

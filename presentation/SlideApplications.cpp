@@ -32,7 +32,8 @@ SlideApplication wps() {
                             {"下一张幻灯片", "下一页", "下一张", "下一步", "下一动画", "next slide",
                              "next page", "next"},
                             {"上一张幻灯片", "上一页", "上一张", "上一步", "上一动画",
-                             "previous slide", "previous page", "previous", "back"}}};
+                             "previous slide", "previous page", "previous", "back"}},
+            platform::SlideTitles::presentation};
 }
 
 SlideApplication keynote() {
@@ -47,8 +48,10 @@ SlideApplication keynote() {
 }
 
 /// A program without slide commands in its menus: it is stepped by the arrow keys alone.
-SlideApplication byArrows(const char* bundleIdentifier, int priority, const char* strategy) {
-    return {bundleIdentifier, priority, strategy, key::rightArrow, key::leftArrow, std::nullopt};
+SlideApplication byArrows(const char* bundleIdentifier, int priority, const char* strategy,
+                          platform::SlideTitles slideTitles = platform::SlideTitles::any) {
+    return {bundleIdentifier, priority,     strategy,   key::rightArrow,
+            key::leftArrow,   std::nullopt, slideTitles};
 }
 
 }  // namespace
@@ -58,7 +61,7 @@ const std::vector<SlideApplication>& commonSlideApplications() {
         powerPoint(),
         wps(),
         keynote(),
-        byArrows("com.apple.Preview", 3, "preview_arrows"),
+        byArrows("com.apple.Preview", 3, "preview_arrows", platform::SlideTitles::pdf),
         byArrows("com.apple.Safari", 4, "browser_arrows"),
         byArrows("com.google.Chrome", 4, "browser_arrows"),
         byArrows("org.mozilla.firefox", 4, "browser_arrows"),

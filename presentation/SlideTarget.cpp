@@ -27,8 +27,9 @@ std::vector<std::string> AppController::windowTitles(platform::Pid pid) {
     return titles;
 }
 
-bool AppController::isLikelyPresentationWindow(std::string_view title, std::string_view bundleId) {
-    return titleSuggestsSlides(normalizedTitle(platform_.text, title), bundleId);
+bool AppController::isLikelyPresentationWindow(std::string_view title,
+                                               const platform::SlideApplication& row) {
+    return titleSuggestsSlides(normalizedTitle(platform_.text, title), row.slideTitles);
 }
 
 std::optional<SlideTargetCandidate> AppController::resolveSlideTargetCandidate(
@@ -43,11 +44,11 @@ std::optional<SlideTargetCandidate> AppController::resolveSlideTargetCandidate(
         if (!priority) continue;
         const auto titles = windowTitles(running.processIdentifier);
         if (titles.empty()) continue;
-        // Preview shows images and texts too. The others are not asked: WPS puts titles of its own
-        // on its show windows.
-        if (bundleId == "com.apple.Preview" &&
+        // Preview also shows images and texts. WPS is not asked: its show windows have titles of
+        // their own.
+        if (row->slideTitles == platform::SlideTitles::pdf &&
             std::ranges::none_of(titles, [&](const std::string& title) {
-                return isLikelyPresentationWindow(title, *bundleId);
+                return isLikelyPresentationWindow(title, *row);
             })) {
             continue;
         }

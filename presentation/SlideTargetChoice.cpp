@@ -14,7 +14,7 @@ constexpr std::array presentationSuffixes{".ppt"sv, ".pptx"sv, ".pps"sv, ".ppsx"
                                           ".pot"sv, ".potx"sv, ".dps"sv};
 constexpr std::array presentationWords{"演示"sv, "幻灯"sv, "presentation"sv};
 
-bool wpsTitleSuggestsSlides(std::string_view title) {
+bool namesPresentation(std::string_view title) {
     return std::ranges::any_of(presentationSuffixes,
                                [title](auto suffix) { return title.ends_with(suffix); }) ||
            std::ranges::any_of(presentationWords, [title](auto word) {
@@ -53,9 +53,15 @@ std::optional<SlideTargetCandidate> chooseSlideTarget(
     return best->candidate;
 }
 
-bool titleSuggestsSlides(std::string_view normalizedTitle, std::string_view bundleId) {
-    if (bundleId == "com.kingsoft.wpsoffice.mac") return wpsTitleSuggestsSlides(normalizedTitle);
-    if (bundleId == "com.apple.Preview") return normalizedTitle.ends_with(".pdf");
+bool titleSuggestsSlides(std::string_view normalizedTitle, platform::SlideTitles rule) {
+    switch (rule) {
+        case platform::SlideTitles::any:
+            return true;
+        case platform::SlideTitles::pdf:
+            return normalizedTitle.ends_with(".pdf");
+        case platform::SlideTitles::presentation:
+            return namesPresentation(normalizedTitle);
+    }
     return true;
 }
 

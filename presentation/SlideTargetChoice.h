@@ -40,8 +40,8 @@ struct RankedCandidate {
 std::optional<SlideTargetCandidate> chooseSlideTarget(
     const std::vector<RankedCandidate>& candidates, const SlideTargetHistory& history);
 
-/// Whether the title of a window of `bundleId` says that slides are in it. `normalizedTitle` is
-/// folded, trimmed and lower-case. Programs whose titles do not tell count as yes.
-bool titleSuggestsSlides(std::string_view normalizedTitle, std::string_view bundleId);
+/// Whether a window with this title shows slides, by the rule of its program. `normalizedTitle` is
+/// folded, trimmed and lower-case.
+bool titleSuggestsSlides(std::string_view normalizedTitle, platform::SlideTitles rule);
 
 }  // namespace stagehopper

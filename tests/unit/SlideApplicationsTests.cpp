@@ -5,6 +5,8 @@
 namespace stagehopper {
 namespace {
 
+using platform::SlideTitles;
+
 struct Row {
     const char* bundleIdentifier;
     int priority;
@@ -45,6 +47,16 @@ TEST(SlideApplications, ARowIsFoundByItsIdentityCommonOnesFirst) {
     EXPECT_EQ(findSlideApplication("org.example.Slides", portRows), portRows.data());
     EXPECT_EQ(findSlideApplication("com.apple.Safari", portRows), &commonSlideApplications()[4]);
     EXPECT_EQ(findSlideApplication("com.microsoft.PowerPoint", portRows), nullptr);
+}
+
+TEST(SlideApplications, OnlyPreviewAndWpsHaveARuleForTheirTitles) {
+    for (const auto& row : commonSlideApplications()) {
+        const auto expected = row.bundleIdentifier == "com.apple.Preview" ? SlideTitles::pdf
+                              : row.bundleIdentifier == "com.kingsoft.wpsoffice.mac"
+                                  ? SlideTitles::presentation
+                                  : SlideTitles::any;
+        EXPECT_EQ(row.slideTitles, expected) << row.bundleIdentifier;
+    }
 }
 
 using Titles = std::vector<std::string>;

@@ -5,6 +5,8 @@
 namespace stagehopper {
 namespace {
 
+using platform::SlideTitles;
+
 RankedCandidate candidate(platform::Pid pid, const std::string& bundleId, int priority) {
     return {{{pid, bundleId}, bundleId, {"a window"}}, priority};
 }
@@ -58,31 +60,31 @@ TEST(SlideTargetChoice, WhenThePreviousOneIsGoneTheOneInFrontIsTaken) {
     EXPECT_EQ(chosen({safari, chrome, keynote}, {50, "com.microsoft.Powerpoint", 31}), 31);
 }
 
-TEST(SlideTargetChoice, WpsTitlesTellSlidesByTheirEnding) {
+TEST(SlideTargetChoice, APresentationsFileNameSuggestsSlides) {
     for (const char* title :
          {"deck.ppt", "deck.pptx", "deck.pps", "deck.ppsx", "deck.pot", "deck.potx", "deck.dps"}) {
-        EXPECT_TRUE(titleSuggestsSlides(title, "com.kingsoft.wpsoffice.mac")) << title;
+        EXPECT_TRUE(titleSuggestsSlides(title, SlideTitles::presentation)) << title;
     }
     for (const char* title : {"letter.docx", "deck.pptx - old", "ppt", "sheet.xlsx", ""}) {
-        EXPECT_FALSE(titleSuggestsSlides(title, "com.kingsoft.wpsoffice.mac")) << title;
+        EXPECT_FALSE(titleSuggestsSlides(title, SlideTitles::presentation)) << title;
     }
 }
 
-TEST(SlideTargetChoice, WpsTitlesTellSlidesByTheirWords) {
+TEST(SlideTargetChoice, AWordForPresentationsSuggestsSlides) {
     for (const char* title : {"wps 演示", "幻灯片放映", "my presentation 3"}) {
-        EXPECT_TRUE(titleSuggestsSlides(title, "com.kingsoft.wpsoffice.mac")) << title;
+        EXPECT_TRUE(titleSuggestsSlides(title, SlideTitles::presentation)) << title;
     }
 }
 
-TEST(SlideTargetChoice, PreviewTitlesTellSlidesByPdf) {
-    EXPECT_TRUE(titleSuggestsSlides("deck.pdf", "com.apple.Preview"));
-    EXPECT_FALSE(titleSuggestsSlides("deck.pdf (page 1)", "com.apple.Preview"));
-    EXPECT_FALSE(titleSuggestsSlides("deck.pptx", "com.apple.Preview"));
+TEST(SlideTargetChoice, ATitleEndingInPdfSuggestsSlidesInAPdfViewer) {
+    EXPECT_TRUE(titleSuggestsSlides("deck.pdf", SlideTitles::pdf));
+    EXPECT_FALSE(titleSuggestsSlides("deck.pdf (page 1)", SlideTitles::pdf));
+    EXPECT_FALSE(titleSuggestsSlides("deck.pptx", SlideTitles::pdf));
 }
 
-TEST(SlideTargetChoice, TitlesOfOtherProgramsDoNotTell) {
-    EXPECT_TRUE(titleSuggestsSlides("anything", "com.apple.iWork.Keynote"));
-    EXPECT_TRUE(titleSuggestsSlides("", "org.mozilla.firefox"));
+TEST(SlideTargetChoice, WithoutARuleAnyTitleSuggestsSlides) {
+    EXPECT_TRUE(titleSuggestsSlides("anything", SlideTitles::any));
+    EXPECT_TRUE(titleSuggestsSlides("", SlideTitles::any));
 }
 
 }  // namespace

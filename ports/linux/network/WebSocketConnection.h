@@ -14,7 +14,7 @@
 #include "platform/UrlSession.h"
 #include "ports/linux/network/Connector.h"
 #include "ports/linux/network/NetworkThread.h"
-#include "ports/linux/network/PingLedger.h"
+#include "ports/linux/network/PendingPings.h"
 #include "ports/linux/network/UrlTimeLimits.h"
 #include "ports/linux/network/WireStream.h"
 

@@ -1,4 +1,4 @@
-#include "ports/linux/network/PingLedger.h"
+#include "ports/linux/network/PendingPings.h"
 
 #include <charconv>
 #include <utility>

@@ -1,6 +1,6 @@
 // Which pong answers which ping.
 
-#include "ports/linux/network/PingLedger.h"
+#include "ports/linux/network/PendingPings.h"
 
 #include <gmock/gmock.h>
 

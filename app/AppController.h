@@ -72,7 +72,7 @@ public:
     /// be written drops the line silently.
     void slideNavLog(std::string_view event, std::string_view detail);
 
-    // --- Panel window and bridge (app/PanelWindow.cpp, app/BridgeDispatch.cpp) --------------
+    // --- Panel window and bridge (app/PanelWindow.cpp, app/BridgeCommands.cpp) --------------
 
     /// The directory that holds the pages: the bundle's, else "Resources" beside the executable,
     /// else, unchecked, "Resources" in the working directory.
@@ -131,7 +131,7 @@ public:
     /// One round: asks the backend, chooses a meeting, connects. Skipped while one is under way.
     void discoverActiveMeetingAndConnectIfNeeded();
 
-    // --- Slide socket (slidechannel/SlideSocket.cpp, slidechannel/SlideMessages.cpp) --------
+    // --- Slide socket (slidechannel/SlideSocket.cpp, slidechannel/SlideMessageHandling.cpp) -
 
     /// Joins the room on that server, unless it is joined already. `reason` is for the log.
     void connectNativeSlideSocket(const std::string& serverUrl, const std::string& roomCode,
@@ -200,7 +200,7 @@ public:
     static std::vector<platform::UIElementRef> axChildrenAttribute(
         const platform::UIElement& element, platform::AccessibilityAttribute attribute);
 
-    // --- Slide dispatch (presentation/SlideDispatch.cpp) ------------------------------------
+    // --- Slide step (presentation/SlideStep.cpp) --------------------------------------------
 
     /// Steps the presentation: by its menu when its program is in front, else, or when the menu
     /// fails, by a key to its process.

@@ -155,23 +155,21 @@ TEST_F(ResourceDirectory, IsElseTheWorkingDirectorysWhetherItExistsOrNot) {
     EXPECT_EQ(stage.app->resourceDir(), "/home/user/Resources");
 }
 
-using BridgeDispatch = testing::Test;
-
-TEST(BridgeDispatch, DebugTextBecomesALine) {
+TEST(BridgeCommands, DebugTextBecomesALine) {
     Stage stage;
     stage.launch();
     stage.pagePosts("DBG:hello | world");
     EXPECT_THAT(stage.lines(), ElementsAre("panel_debug hello | world"));
 }
 
-TEST(BridgeDispatch, EmptyDebugTextBecomesALineWithoutDetail) {
+TEST(BridgeCommands, EmptyDebugTextBecomesALineWithoutDetail) {
     Stage stage;
     stage.launch();
     stage.pagePosts("DBG:");
     EXPECT_THAT(stage.lines(), ElementsAre("panel_debug"));
 }
 
-TEST(BridgeDispatch, ASlideStepReachesTheProgram) {
+TEST(BridgeCommands, ASlideStepReachesTheProgram) {
     Stage stage;
     stage.desktop.addProgram(keynote(40).window("deck.key"));
     stage.launch();
@@ -181,7 +179,7 @@ TEST(BridgeDispatch, ASlideStepReachesTheProgram) {
     EXPECT_THAT(stage.desktop.program(40).keysDown(), ElementsAre(123));
 }
 
-TEST(BridgeDispatch, WhatIsNotRecognisedIsIgnoredSilently) {
+TEST(BridgeCommands, WhatIsNotRecognisedIsIgnoredSilently) {
     Stage stage;
     stage.launch();
     const auto mark = stage.desktop.journal.mark();
@@ -193,7 +191,7 @@ TEST(BridgeDispatch, WhatIsNotRecognisedIsIgnoredSilently) {
     EXPECT_THAT(stage.desktop.journal.effectsSince(mark), IsEmpty());
 }
 
-TEST(BridgeDispatch, AHugeMessageIsWrittenWhole) {
+TEST(BridgeCommands, AHugeMessageIsWrittenWhole) {
     Stage stage;
     stage.launch();
     const std::string text(10'000'000, 'x');
@@ -201,7 +199,7 @@ TEST(BridgeDispatch, AHugeMessageIsWrittenWhole) {
     EXPECT_EQ(stage.lines().back().size(), text.size() + "panel_debug "s.size());
 }
 
-TEST(BridgeDispatch, ABurstIsHandledInOrder) {
+TEST(BridgeCommands, ABurstIsHandledInOrder) {
     Stage stage;
     stage.launch();
     for (int i = 0; i < 10'000; ++i) {

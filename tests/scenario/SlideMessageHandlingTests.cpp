@@ -15,9 +15,9 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-class SlideMessages : public SlideSocket {
+class SlideMessageHandling : public SlideSocket {
 protected:
-    SlideMessages() {
+    SlideMessageHandling() {
         stage.desktop.addProgram(keynote(40).window("deck.key"));
         connect(base, "AB12CD");
         stage.forget();
@@ -28,19 +28,19 @@ protected:
     }
 };
 
-TEST_F(SlideMessages, AWelcomeSaysThatTheRoomIsReady) {
+TEST_F(SlideMessageHandling, AWelcomeSaysThatTheRoomIsReady) {
     receive(R"({"type":"welcome","participants":[]})");
     EXPECT_THAT(stage.lines(), ElementsAre("native_ws_ready room=AB12CD"));
 }
 
-TEST_F(SlideMessages, AWelcomeWithoutARoomWritesADash) {
+TEST_F(SlideMessageHandling, AWelcomeWithoutARoomWritesADash) {
     stage.app->cancelNativeSlideSocket("test");
     stage.forget();
     stage.app->handleNativeSlideSocketText(R"({"type":"welcome"})");
     EXPECT_THAT(stage.lines(), ElementsAre("native_ws_ready room=-"));
 }
 
-TEST_F(SlideMessages, AStepTurnsTheSlide) {
+TEST_F(SlideMessageHandling, AStepTurnsTheSlide) {
     receive("{\"type\":\"slide_nav\",\"direction\":\" Next\\n\",\"seq\":17}");
     const auto lines = stage.lines();
     ASSERT_GE(lines.size(), 2U);
@@ -49,21 +49,21 @@ TEST_F(SlideMessages, AStepTurnsTheSlide) {
     EXPECT_THAT(stage.desktop.program(40).keysDown(), ElementsAre(124));
 }
 
-TEST_F(SlideMessages, AStepWithoutATagGoesOnWithoutOne) {
+TEST_F(SlideMessageHandling, AStepWithoutATagGoesOnWithoutOne) {
     receive(R"({"type":"slide_nav","direction":"PREV"})");
     EXPECT_EQ(stage.lines()[0], "native_ws_received direction=prev seq=-");
     EXPECT_EQ(stage.lines()[1], "native_bridge_received direction=prev seq=- source=native_ws");
     EXPECT_THAT(stage.desktop.program(40).keysDown(), ElementsAre(123));
 }
 
-TEST_F(SlideMessages, TwoStepsWithoutATagAreTwoSteps) {
+TEST_F(SlideMessageHandling, TwoStepsWithoutATagAreTwoSteps) {
     receive(R"({"type":"slide_nav","direction":"PREV"})");
     receive(R"({"type":"slide_nav","direction":"PREV"})");
     EXPECT_THAT(stage.desktop.program(40).keysDown(), ElementsAre(123, 123));
     EXPECT_THAT(stage.lines("duplicate_dropped"), IsEmpty());
 }
 
-TEST_F(SlideMessages, AStepWithoutADirectionIsPassedOnAndRefused) {
+TEST_F(SlideMessageHandling, AStepWithoutADirectionIsPassedOnAndRefused) {
     receive(R"({"type":"slide_nav","seq":"a1"})");
     EXPECT_THAT(stage.lines(),
                 ElementsAre("native_ws_received direction= seq=a1",
@@ -71,25 +71,25 @@ TEST_F(SlideMessages, AStepWithoutADirectionIsPassedOnAndRefused) {
                             "blocked_invalid_direction raw="));
 }
 
-TEST_F(SlideMessages, ADirectionThatIsANumberIsNone) {
+TEST_F(SlideMessageHandling, ADirectionThatIsANumberIsNone) {
     receive(R"({"type":"slide_nav","direction":5,"seq":5})");
     EXPECT_EQ(stage.lines()[0], "native_ws_received direction= seq=5");
 }
 
-TEST_F(SlideMessages, AStepThatAlsoCameThroughThePanelTurnsOneSlide) {
+TEST_F(SlideMessageHandling, AStepThatAlsoCameThroughThePanelTurnsOneSlide) {
     receive(R"({"type":"slide_nav","direction":"next","seq":17})");
     stage.pagePosts("PPT:next|17|panel");
     EXPECT_THAT(stage.desktop.program(40).keysDown(), SizeIs(1));
     EXPECT_THAT(stage.lines(), Contains("duplicate_dropped direction=next seq=17 source=panel"));
 }
 
-TEST_F(SlideMessages, AStepSentTwiceTurnsOneSlide) {
+TEST_F(SlideMessageHandling, AStepSentTwiceTurnsOneSlide) {
     receive(R"({"type":"slide_nav","direction":"next","seq":17})");
     receive(R"({"type":"slide_nav","direction":"next","seq":17})");
     EXPECT_THAT(stage.desktop.program(40).keysDown(), SizeIs(1));
 }
 
-TEST_F(SlideMessages, WhatIsNotUnderstoodIsIgnoredSilently) {
+TEST_F(SlideMessageHandling, WhatIsNotUnderstoodIsIgnoredSilently) {
     for (const auto& text :
          {""s, "hello"s, "{"s, "[]"s, R"([{"type":"welcome"}])"s, "5"s, "null"s, R"("welcome")"s,
           "{}"s, R"({"type":5})"s, R"({"type":"WELCOME"})"s, R"({"type":"welcome "})"s,
@@ -102,14 +102,14 @@ TEST_F(SlideMessages, WhatIsNotUnderstoodIsIgnoredSilently) {
     EXPECT_THAT(stage.lines(), SizeIs(1));
 }
 
-TEST_F(SlideMessages, AMessageOfTheOldRoomThatComesLateIsStillActedOn) {
+TEST_F(SlideMessageHandling, AMessageOfTheOldRoomThatComesLateIsStillActedOn) {
     stage.desktop.network.sends(socket(), R"({"type":"slide_nav","direction":"next","seq":1})");
     stage.app->connectNativeSlideSocket(base, "OTHER", "test");
     stage.desktop.runReady();
     EXPECT_THAT(stage.lines(), Contains("native_ws_received direction=next seq=1"));
 }
 
-TEST_F(SlideMessages, AnEndlessNestingIsIgnored) {
+TEST_F(SlideMessageHandling, AnEndlessNestingIsIgnored) {
     receive(std::string(1'000'000, '['));
     receive(R"({"type":"slide_nav","direction":"next","seq":)" + std::string(100'000, '[') +
             std::string(100'000, ']') + "}");

@@ -5,16 +5,16 @@
 
 namespace stagehopper::linux_port {
 
-void PingLedger::add(Handler handler) {
+void PendingPings::add(Handler handler) {
     entries_.push_back({++lastAdded_, std::move(handler)});
 }
 
-std::optional<std::string> PingLedger::takeUnsent() {
+std::optional<std::string> PendingPings::takeUnsent() {
     if (lastSent_ == lastAdded_) return std::nullopt;
     return std::to_string(++lastSent_);
 }
 
-std::vector<PingLedger::Handler> PingLedger::answeredBy(std::string_view pongPayload) {
+std::vector<PendingPings::Handler> PendingPings::answeredBy(std::string_view pongPayload) {
     std::uint64_t number = 0;
     const char* end = pongPayload.data() + pongPayload.size();
     const auto [stop, error] = std::from_chars(pongPayload.data(), end, number);
@@ -27,7 +27,7 @@ std::vector<PingLedger::Handler> PingLedger::answeredBy(std::string_view pongPay
     return answered;
 }
 
-std::vector<PingLedger::Handler> PingLedger::takeAll() {
+std::vector<PendingPings::Handler> PendingPings::takeAll() {
     std::vector<Handler> all;
     for (auto& entry : std::exchange(entries_, {})) all.push_back(std::move(entry.handler));
     lastSent_ = lastAdded_;

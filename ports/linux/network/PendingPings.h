@@ -14,7 +14,7 @@ namespace stagehopper::linux_port {
 
 /// Which ping still waits for its pong. Each carries its number: a server that is late may answer
 /// only the last one, and that answers those before it, too. No thread of its own, no locks.
-class PingLedger {
+class PendingPings {
 public:
     using Handler = std::function<void(std::optional<platform::UrlError>)>;
 

@@ -28,7 +28,7 @@ class WebSocketConnection final : public Connection,
                                   public std::enable_shared_from_this<WebSocketConnection> {
 public:
     using Receiver = std::function<void(platform::ReceiveResult)>;
-    using PongHandler = PingLedger::Handler;
+    using PongHandler = PendingPings::Handler;
 
     WebSocketConnection(NetworkThread& thread, std::string url, UrlTimeLimits limits);
 
@@ -72,7 +72,7 @@ private:
     std::string problem_;
     std::deque<Receiver> receivers_;
     std::optional<platform::WebSocketMessage> held_;
-    PingLedger pings_;
+    PendingPings pings_;
     bool sendingPing_ = false;
     boost::beast::flat_buffer buffer_;
     std::unique_ptr<Wire> wire_;

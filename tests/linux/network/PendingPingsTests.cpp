@@ -10,56 +10,56 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class PingLedgerTest : public testing::Test {
+class PendingPingsTest : public testing::Test {
 protected:
-    PingLedger ledger;
+    PendingPings pending;
     std::vector<int> heard;
 
     /// Three pings, of which two have been sent.
     void SetUp() override {
-        for (int i = 1; i <= 3; ++i) ledger.add([this, i](const auto&) { heard.push_back(i); });
-        ASSERT_EQ(ledger.takeUnsent(), "1");
-        ASSERT_EQ(ledger.takeUnsent(), "2");
+        for (int i = 1; i <= 3; ++i) pending.add([this, i](const auto&) { heard.push_back(i); });
+        ASSERT_EQ(pending.takeUnsent(), "1");
+        ASSERT_EQ(pending.takeUnsent(), "2");
     }
-    static void call(const std::vector<PingLedger::Handler>& handlers) {
+    static void call(const std::vector<PendingPings::Handler>& handlers) {
         for (const auto& handler : handlers) handler(std::nullopt);
     }
 };
 
-TEST_F(PingLedgerTest, APongAnswersItsPing) {
-    call(ledger.answeredBy("1"));
+TEST_F(PendingPingsTest, APongAnswersItsPing) {
+    call(pending.answeredBy("1"));
     EXPECT_THAT(heard, ElementsAre(1));
-    call(ledger.answeredBy("2"));
+    call(pending.answeredBy("2"));
     EXPECT_THAT(heard, ElementsAre(1, 2));
 }
 
-TEST_F(PingLedgerTest, APongAnswersThePingsBeforeIt) {
-    call(ledger.answeredBy("2"));
+TEST_F(PendingPingsTest, APongAnswersThePingsBeforeIt) {
+    call(pending.answeredBy("2"));
     EXPECT_THAT(heard, ElementsAre(1, 2));
 }
 
-TEST_F(PingLedgerTest, ASecondPongForTheSamePingAnswersNothing) {
-    call(ledger.answeredBy("1"));
-    EXPECT_THAT(ledger.answeredBy("1"), IsEmpty());
+TEST_F(PendingPingsTest, ASecondPongForTheSamePingAnswersNothing) {
+    call(pending.answeredBy("1"));
+    EXPECT_THAT(pending.answeredBy("1"), IsEmpty());
 }
 
-TEST_F(PingLedgerTest, APongForAPingThatWasNotSentAnswersNothing) {
-    EXPECT_THAT(ledger.answeredBy("3"), IsEmpty());
+TEST_F(PendingPingsTest, APongForAPingThatWasNotSentAnswersNothing) {
+    EXPECT_THAT(pending.answeredBy("3"), IsEmpty());
 }
 
-TEST_F(PingLedgerTest, APongThatNobodyAskedForAnswersNothing) {
+TEST_F(PendingPingsTest, APongThatNobodyAskedForAnswersNothing) {
     for (const char* payload : {"", "x", "1x", " 1", "-1", "99999999999999999999"}) {
-        EXPECT_THAT(ledger.answeredBy(payload), IsEmpty()) << payload;
+        EXPECT_THAT(pending.answeredBy(payload), IsEmpty()) << payload;
     }
 }
 
-TEST_F(PingLedgerTest, TheEndConcernsAllThatWait) {
-    call(ledger.answeredBy("1"));
+TEST_F(PendingPingsTest, TheEndConcernsAllThatWait) {
+    call(pending.answeredBy("1"));
     heard.clear();
-    call(ledger.takeAll());
+    call(pending.takeAll());
     EXPECT_THAT(heard, ElementsAre(2, 3));
-    EXPECT_EQ(ledger.takeUnsent(), std::nullopt);
-    EXPECT_THAT(ledger.takeAll(), IsEmpty());
+    EXPECT_EQ(pending.takeUnsent(), std::nullopt);
+    EXPECT_THAT(pending.takeAll(), IsEmpty());
 }
 
 }  // namespace

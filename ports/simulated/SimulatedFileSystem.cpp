@@ -9,7 +9,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr int mostLinks = 40;  // as in a real kernel: links in a circle end somewhere
+constexpr int maxLinks = 40;  // as in a real kernel: links in a circle end somewhere
 
 bool isInside(const fs::path& path, const fs::path& directory) {
     return std::mismatch(directory.begin(), directory.end(), path.begin(), path.end()).first ==
@@ -26,7 +26,7 @@ SimulatedFileSystem::Entry SimulatedFileSystem::fileWith(std::string_view conten
 
 fs::path SimulatedFileSystem::resolved(const fs::path& path) const {
     fs::path rest = path.lexically_normal();
-    for (int followed = 0; followed < mostLinks; ++followed) {
+    for (int followed = 0; followed < maxLinks; ++followed) {
         fs::path walked;
         bool replaced = false;
         for (auto part = rest.begin(); part != rest.end(); ++part) {

@@ -7,7 +7,7 @@ namespace stagehopper::linux_port {
 namespace {
 
 // A menu bar lies a few panels deep.
-constexpr int deepestBar = 8;
+constexpr int maxBarDepth = 8;
 // A level with more objects than that is contents, not layout.
 constexpr std::size_t widestLevel = 300;
 
@@ -15,7 +15,7 @@ constexpr std::size_t widestLevel = 300;
 
 std::optional<ObjectReference> findMenuBar(AccessibilityBus& bus, const ObjectReference& window) {
     References level{window};
-    for (int depth = 0; depth <= deepestBar && !level.empty(); ++depth) {
+    for (int depth = 0; depth <= maxBarDepth && !level.empty(); ++depth) {
         std::vector<BusCall> calls;
         for (const auto& object : level) {
             calls.push_back(at_spi_call::role(object));

@@ -8,9 +8,9 @@ namespace stagehopper::linux_port {
 namespace {
 
 // Deeper than any menu; a malformed tree must end somewhere.
-constexpr std::size_t deepestMenu = 9;
+constexpr std::size_t maxMenuDepth = 9;
 // Likewise, for a tree without an end in its breadth.
-constexpr std::size_t mostNodes = 20'000;
+constexpr std::size_t maxNodes = 20'000;
 // From here on one big answer about the whole program comes sooner than many small ones, and with
 // it at hand the rest of the bar costs no more than one menu.
 constexpr std::size_t bulkFrom = 100;
@@ -70,7 +70,7 @@ MenuTree::Level MenuTree::readBelow(const Level& parents) {
     for (const auto parent : parents) {
         const auto& object = nodes_[parent].object;
         const auto* entry = bulk_ ? bulk_->find(object) : nullptr;
-        if ((entry != nullptr && !entry->hasChildren) || nodes_[parent].depth >= deepestMenu) {
+        if ((entry != nullptr && !entry->hasChildren) || nodes_[parent].depth >= maxMenuDepth) {
             continue;
         }
         asked.push_back(parent);
@@ -88,7 +88,7 @@ MenuTree::Level MenuTree::append(const Level& parents,
     for (std::size_t i = 0; i < parents.size(); ++i) {
         if (!children[i]) continue;
         for (const auto& object : *children[i]) {
-            if (nodes_.size() >= mostNodes) return level;
+            if (nodes_.size() >= maxNodes) return level;
             const auto index = nodes_.size();
             nodes_.push_back({object, AtSpiRole::invalid, {}, nodes_[parents[i]].depth + 1, {}});
             nodes_[parents[i]].children.push_back(index);

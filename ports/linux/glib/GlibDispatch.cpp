@@ -14,7 +14,7 @@ namespace {
 
 using Instant = TaskQueue::Instant;
 
-constexpr platform::Duration shortestInterval = std::chrono::milliseconds(1);
+constexpr platform::Duration minInterval = std::chrono::milliseconds(1);
 
 /// One task in the queue, which may be gone before its handle is.
 struct QueuedTask {
@@ -101,7 +101,7 @@ std::unique_ptr<platform::WorkItem> GlibDispatch::afterMain(platform::Duration d
 
 std::unique_ptr<platform::Timer> GlibDispatch::repeatMain(platform::Duration interval,
                                                           platform::Task task) {
-    const auto wait = waitingTime(interval, shortestInterval);
+    const auto wait = waitingTime(interval, minInterval);
     return std::make_unique<QueuedTimer>(QueuedTask{
         queue_, queue_->addRepeating(Instant::clock::now() + wait, wait, std::move(task))});
 }

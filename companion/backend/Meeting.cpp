@@ -9,7 +9,7 @@ namespace stagehopper::companion {
 
 namespace {
 
-constexpr std::size_t maxRememberedTaps = 4096;
+constexpr std::size_t dedupCapacity = 4096;
 constexpr std::string_view noTopic;
 
 SharedText shared(std::string text) {
@@ -89,13 +89,13 @@ const Meeting::Member* Meeting::findMember(const Connection& connection) const {
 void Meeting::handleFrom(const Member& from, const StepMessage& message) {
     const std::string& userId = from.participant.userId;
     const TapId tap(from.joinId, message.id);
-    if (const auto known = taps_.find(tap); known != taps_.end()) {
+    if (const auto known = dedupSteps_.find(tap); known != dedupSteps_.end()) {
         const auto& [direction, seq] = known->second;
         from.connection->send(shared(stepMessage(direction, seq, userId, message.id)), noTopic);
         return;
     }
     const Step newStep{message.direction, nextSeq_++};
-    remember(tap, newStep);
+    addToDedup(tap, newStep);
     const SharedText text = shared(stepMessage(newStep.direction, newStep.seq, userId, message.id));
     for (const Member& member : members_) member.connection->send(text, noTopic);
 }
@@ -118,12 +118,12 @@ void Meeting::broadcastParticipants(const Connection* except) {
     }
 }
 
-void Meeting::remember(const TapId& tap, Step step) {
-    taps_.emplace(tap, step);
-    tapsInOrder_.push_back(tap);
-    if (tapsInOrder_.size() <= maxRememberedTaps) return;
-    taps_.erase(tapsInOrder_.front());
-    tapsInOrder_.pop_front();
+void Meeting::addToDedup(const TapId& tap, Step step) {
+    dedupSteps_.emplace(tap, step);
+    dedupOrder_.push_back(tap);
+    if (dedupOrder_.size() <= dedupCapacity) return;
+    dedupSteps_.erase(dedupOrder_.front());
+    dedupOrder_.pop_front();
 }
 
 }  // namespace stagehopper::companion

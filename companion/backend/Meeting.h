@@ -77,7 +77,7 @@ private:
     void handleFrom(const Member& from, const StepMessage& message);
     void handleFrom(const Member& from, const PointerMessage& message);
     void broadcastParticipants(const Connection* except);
-    void remember(const TapId& tap, Step step);
+    void addToDedup(const TapId& tap, Step step);
 
     Identity identity_;
     std::int64_t nextSeq_;
@@ -85,8 +85,8 @@ private:
     /// In the order of joining.
     std::vector<Member> members_;
     /// The latest taps, to recognize those that are sent again.
-    std::map<TapId, Step> taps_;
-    std::deque<TapId> tapsInOrder_;
+    std::map<TapId, Step> dedupSteps_;
+    std::deque<TapId> dedupOrder_;
 };
 
 }  // namespace stagehopper::companion

@@ -1,8 +1,8 @@
-// Finding a backend, starting one, keeping it running, stopping it.
+// Finding a backend, starting one, keeping it running.
 
 #include <gmock/gmock.h>
 
-#include "tests/scenario/Stage.h"
+#include "tests/scenario/BackendFixture.h"
 
 namespace stagehopper {
 namespace {
@@ -14,22 +14,9 @@ using testing::Each;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Pair;
 using testing::SizeIs;
 
-constexpr auto* backend = Stage::backendPath;
-constexpr auto* startedOnce = "started bundled backend StagehopperBackend-arm64 (attempt 1/3)";
-
-class BackendSupervision : public testing::Test {
-protected:
-    auto starts() { return stage.desktop.processes.started(backend); }
-    auto& child() { return stage.desktop.processes.last(backend); }
-    /// Launches and keeps what the launch itself wrote.
-    void launch() { stage.desktop.launch(stage.app); }
-    std::chrono::nanoseconds now() { return stage.desktop.clock.elapsed(); }
-
-    Stage stage;
-};
+using BackendSupervision = BackendTest;
 
 TEST_F(BackendSupervision, ABackendThatAnswersIsUsedAndNoneIsStarted) {
     stage.installServingBackend(3000);
@@ -199,112 +186,6 @@ TEST_F(BackendSupervision, AnExitIsNoMatterWhileAnotherBackendServes) {
     EXPECT_THAT(starts(), SizeIs(1));
 }
 
-TEST_F(BackendSupervision, StoppingEndsTheBackendAndStartsNoOther) {
-    stage.installServingBackend(3000);
-    stage.launch();
-    stage.pagePosts("CMD:stopBundledBackend");
-    stage.desktop.advance(10s);
-    EXPECT_FALSE(child().running);
-    EXPECT_THAT(starts(), SizeIs(1));
-    EXPECT_THAT(stage.systemLines(), IsEmpty());
-}
-
-TEST_F(BackendSupervision, StoppingDoesNotHoldUpTheMainThread) {
-    stage.installBackend({.endsWithin = platform::Duration{5}});
-    stage.launch();
-    stage.pagePosts("CMD:stopBundledBackend");
-    EXPECT_TRUE(child().askedToEnd);
-    EXPECT_TRUE(child().running);
-    stage.pagePosts("DBG:still here");
-    EXPECT_THAT(stage.lines(), Contains("panel_debug still here"));
-    stage.desktop.advance(5s);
-    EXPECT_FALSE(child().running);
-}
-
-TEST_F(BackendSupervision, StoppingWhereNoneWasStartedIsSilentAndKept) {
-    stage.desktop.network.serve(3000);
-    stage.launch();
-    stage.installServingBackend(3001);
-    stage.pagePosts("CMD:stopBundledBackend");
-    stage.desktop.network.stopServing(3000);
-    stage.desktop.advance(10s);
-    EXPECT_THAT(stage.systemLines(), IsEmpty());
-    EXPECT_THAT(starts(), IsEmpty());
-}
-
-TEST_F(BackendSupervision, AStopIsKeptAlsoWhereNoStartHasEverWorked) {
-    stage.installBackend({.launchError = "Exec format error"});
-    stage.launch();
-    stage.pagePosts("CMD:stopBundledBackend");
-    stage.installServingBackend(3000);
-    stage.desktop.advance(10s);
-    EXPECT_THAT(starts(), IsEmpty());
-    EXPECT_THAT(stage.systemLines(), IsEmpty());
-}
-
-TEST_F(BackendSupervision, StoppingDropsARetryThatWaits) {
-    stage.installBackend({.exitsAfter = platform::Duration{0}, .exitStatus = 1});
-    stage.launch();
-    stage.pagePosts("CMD:stopBundledBackend");
-    stage.desktop.advance(10s);
-    EXPECT_THAT(starts(), SizeIs(1));
-}
-
-TEST_F(BackendSupervision, ABackendOfSomebodyElseIsNeverStopped) {
-    stage.desktop.network.serve(3000);
-    stage.launch();
-    stage.pagePosts("CMD:stopBundledBackend");
-    stage.desktop.userPressesMenuItem("退出 Stagehopper");
-    EXPECT_THAT(stage.desktop.journal.effectsSince(0),
-                testing::Not(Contains("process asked to end: StagehopperBackend-arm64")));
-}
-
-TEST_F(BackendSupervision, StartingAfterAStopBeginsAFreshSeries) {
-    stage.installBackend({.exitsAfter = platform::Duration{0}, .exitStatus = 1});
-    stage.launch();
-    stage.desktop.advance(10s);
-    stage.pagePosts("CMD:stopBundledBackend");
-    stage.forget();
-    stage.pagePosts("CMD:startBundledBackend");
-    stage.desktop.advance(10s);
-    EXPECT_THAT(starts(), SizeIs(6));
-    EXPECT_EQ(stage.systemLines().front(), startedOnce);
-    EXPECT_EQ(stage.systemLines().back(), "bundled backend exited; max launch attempts reached");
-}
-
-TEST_F(BackendSupervision, StartingAfterTheLastAttemptBeginsAFreshSeriesWithoutAStop) {
-    stage.installBackend({.exitsAfter = platform::Duration{0}, .exitStatus = 1});
-    stage.launch();
-    stage.desktop.advance(10s);
-    ASSERT_EQ(stage.systemLines().back(), "bundled backend exited; max launch attempts reached");
-    stage.forget();
-    stage.pagePosts("CMD:startBundledBackend");
-    stage.desktop.advance(10s);
-    ASSERT_THAT(starts(), SizeIs(6));
-    EXPECT_EQ(stage.systemLines().front(), startedOnce);
-}
-
-TEST_F(BackendSupervision, StartingWhileOneAnswersOnlyAllowsItToBeRestarted) {
-    stage.installServingBackend(3000);
-    stage.launch();
-    const auto mark = stage.desktop.journal.mark();
-    stage.pagePosts("CMD:startBundledBackend");
-    EXPECT_THAT(stage.desktop.journal.effectsSince(mark), IsEmpty());
-    EXPECT_THAT(starts(), SizeIs(1));
-}
-
-TEST_F(BackendSupervision, AStopIsTakenBackByStartingWhileTheOldOneStillAnswers) {
-    stage.installServingBackend(3000);
-    stage.desktop.processes.programs[backend].endsWithin = platform::Duration{2};
-    stage.launch();
-    stage.pagePosts("CMD:stopBundledBackend");
-    stage.pagePosts("CMD:startBundledBackend");
-    stage.desktop.advance(10s);
-    // The exit found the stop taken back: it is one to recover from.
-    EXPECT_THAT(starts(), SizeIs(2));
-    EXPECT_TRUE(child().running);
-}
-
 TEST_F(BackendSupervision, AServerThatAnswersWithAnErrorIsNoBackend) {
     stage.desktop.network.serve(3000).answers["/health"] = {500, "oops"};
     stage.installServingBackend(3001);
@@ -317,68 +198,6 @@ TEST_F(BackendSupervision, AServerThatAnswersNoContentIsNoBackend) {
     stage.installServingBackend(3001);
     launch();
     EXPECT_THAT(starts(), SizeIs(1));
-}
-
-TEST_F(BackendSupervision, ABackendThatWasStartedDuringAStopIsEndedAtQuit) {
-    stage.installBackend({.endsWithin = platform::Duration{5}});
-    stage.launch();
-    stage.pagePosts("CMD:stopBundledBackend");
-    stage.installServingBackend(3000);
-    stage.pagePosts("CMD:startBundledBackend");
-    ASSERT_THAT(starts(), SizeIs(2));
-    // The first has ended, and its stop is complete; the second is the one that counts.
-    stage.desktop.advance(10s);
-    EXPECT_FALSE(starts()[0]->running);
-    EXPECT_TRUE(starts()[1]->running);
-    stage.desktop.userPressesMenuItem("退出 Stagehopper");
-    EXPECT_FALSE(starts()[1]->running);
-}
-
-TEST_F(BackendSupervision, QuittingWaitsForTheBackendToExit) {
-    stage.installServingBackend(3000);
-    stage.desktop.processes.programs[backend].endsWithin = platform::Duration{3};
-    stage.launch();
-    const auto before = now();
-    stage.desktop.userPressesMenuItem("退出 Stagehopper");
-    EXPECT_FALSE(child().running);
-    EXPECT_EQ(now() - before, 3s);
-}
-
-TEST_F(BackendSupervision, ItsExitWhileTheProgramEndsIsNotRecoveredFrom) {
-    stage.installServingBackend(3000);
-    stage.launch();
-    stage.desktop.application.turnsAtTheEndFor = 10s;
-    stage.desktop.userPressesMenuItem("退出 Stagehopper");
-    EXPECT_THAT(stage.systemLines(), IsEmpty());
-    EXPECT_THAT(starts(), SizeIs(1));
-}
-
-TEST_F(BackendSupervision, AMessageThatComesAfterShutDownHasBegunStartsNone) {
-    stage.installServingBackend(3000);
-    stage.launch();
-    stage.desktop.application.turnsAtTheEndFor = 10s;
-    stage.desktop.panelPage().posts("bridge", "CMD:startBundledBackend");
-    stage.desktop.userPressesMenuItem("退出 Stagehopper");
-    EXPECT_THAT(starts(), SizeIs(1));
-}
-
-TEST_F(BackendSupervision, QuittingDuringARestartDelayStartsNothing) {
-    stage.installBackend({.exitsAfter = platform::Duration{0}, .exitStatus = 1});
-    stage.launch();
-    stage.desktop.application.turnsAtTheEndFor = 10s;
-    stage.desktop.userPressesMenuItem("退出 Stagehopper");
-    EXPECT_THAT(starts(), SizeIs(1));
-    EXPECT_TRUE(stage.desktop.application.terminated());
-}
-
-TEST_F(BackendSupervision, QuittingWhileAStopIsUnderWayWaitsForTheSameEnd) {
-    stage.installServingBackend(3000);
-    stage.desktop.processes.programs[backend].endsWithin = platform::Duration{3};
-    stage.launch();
-    stage.pagePosts("CMD:stopBundledBackend");
-    stage.desktop.advance(1s);
-    stage.desktop.userPressesMenuItem("退出 Stagehopper");
-    EXPECT_FALSE(child().running);
 }
 
 }  // namespace

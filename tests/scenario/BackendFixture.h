@@ -1,0 +1,25 @@
+#pragma once
+
+#include <gmock/gmock.h>
+
+#include "tests/scenario/Stage.h"
+
+namespace stagehopper {
+
+/// A stage, and what became of the backends that were started on it.
+class BackendTest : public testing::Test {
+protected:
+    static constexpr auto* backend = Stage::backendPath;
+    static constexpr auto* startedOnce =
+        "started bundled backend StagehopperBackend-arm64 (attempt 1/3)";
+
+    auto starts() { return stage.desktop.processes.started(backend); }
+    auto& child() { return stage.desktop.processes.last(backend); }
+    /// Launches and keeps the lines of the launch itself.
+    void launch() { stage.desktop.launch(stage.app); }
+    std::chrono::nanoseconds now() { return stage.desktop.clock.elapsed(); }
+
+    Stage stage;
+};
+
+}  // namespace stagehopper

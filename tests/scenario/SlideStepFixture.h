@@ -1,0 +1,24 @@
+#pragma once
+
+#include <gmock/gmock.h>
+
+#include <string_view>
+
+#include "tests/scenario/Stage.h"
+
+namespace stagehopper {
+
+/// A launched program; the tests add presentation programs and step them.
+class SlideStepping : public testing::Test {
+protected:
+    SlideStepping() { stage.launch(); }
+    /// Steps, and keeps only the lines of this step.
+    void stepAfresh(std::string_view direction) {
+        stage.forget();
+        stage.step(direction);
+    }
+
+    Stage stage;
+};
+
+}  // namespace stagehopper

@@ -39,12 +39,12 @@ struct SlideTargetCandidate;
 /// The application: its and its panel's delegate, the owner of all its state, and every operation
 /// on it.
 ///
-/// This header is the table of contents; the bodies stand in the folders of their subsystems.
-/// Main thread only, unless an operation says otherwise. No operation throws or reports failure to
-/// its caller: failures are logged, or silent where the text of the operation says so.
+/// This header is the table of contents; the bodies are in the folders of their subsystems.
+/// Main thread only, unless an operation's comment says otherwise. No operation throws or reports
+/// failure to its caller: failures are logged, or ignored where the operation's comment says so.
 ///
-/// The entry point holds the one strong reference. Work that outlives a call holds the controller
-/// weakly and does nothing when it is gone.
+/// The entry point holds the only strong reference. Work that outlives a call holds the controller
+/// weakly and does nothing after the controller is gone.
 class AppController final : public platform::ApplicationDelegate,
                             public platform::WindowDelegate,
                             public platform::ScreenObserver,
@@ -63,13 +63,13 @@ public:
     bool applicationShouldTerminateAfterLastWindowClosed() override;
     /// The shut-down sequence. Blocks until the backend has exited.
     void applicationWillTerminate() override;
-    /// Takes the overlay away with the panel window.
+    /// Removes the overlay when the panel window closes.
     void windowWillClose(const platform::Window* window) override;
 
     // --- Diagnostic log (app/DiagnosticLog.cpp) ---------------------------------------------
 
-    /// Writes one line to the system log and to the debug log file. Any thread. A file that cannot
-    /// be written drops the line silently.
+    /// Writes one line to the system log and to the debug log file. Any thread. If the file cannot
+    /// be written, the line is dropped without a report.
     void slideNavLog(std::string_view event, std::string_view detail);
 
     // --- Panel window and bridge (app/PanelWindow.cpp, app/BridgeCommands.cpp) --------------
@@ -79,13 +79,13 @@ public:
     std::filesystem::path resourceDir();
     /// Creates and shows the panel window and starts loading its page.
     void buildPanelWindow();
-    /// Acts on one text posted by the panel page; what it does not recognise is ignored.
+    /// Acts on one text posted by the panel page. Unknown texts are ignored.
     void handleBridgeRaw(std::string_view raw);
 
     // --- Overlay (app/OverlayWindow.cpp) ----------------------------------------------------
 
-    /// Shows the overlay above everything on the main screen, and makes it first when there is
-    /// none. Without a screen nothing happens.
+    /// Shows the overlay above everything on the main screen; creates it if necessary. Does nothing
+    /// without a screen.
     void showOverlay();
     /// Removes the overlay and its page, if there is one.
     void destroyOverlay();
@@ -94,30 +94,30 @@ public:
 
     // --- Backend (backend/BackendSupervisor.cpp, backend/HealthProbe.cpp) -------------------
 
-    /// One attempt to start the backend executable `name` in `resourceDir`; after the third in a
-    /// series nothing happens. Outcomes go to the system log.
+    /// Tries once to start the backend executable `name` in `resourceDir`. Does nothing after the
+    /// third attempt in a series. Writes the outcome to the system log.
     void attemptLaunchBundledBackend(const std::filesystem::path& resourceDir,
                                      const std::string& name);
-    /// Ends the backend that this program started and starts no other until the user asks.
-    /// Returns at once; the end is awaited in the background.
+    /// Ends the backend that this program started, and starts no other until the user asks for one.
+    /// Returns at once; a background task waits for the end.
     void stopBundledBackendFromUser();
-    /// Whether a healthy backend listens on that port of the loopback interface. Any thread but the
-    /// URL session's; blocks it for up to 0.35 s.
+    /// Whether a healthy backend listens on this port of the loopback interface. Blocks for up to
+    /// 0.35 s. Any thread except the URL session's.
     bool healthCheckLocalPort(std::int64_t port);
-    /// "http://127.0.0.1:PORT" of the first healthy port from 3000 to 3050. Blocks like the probes
-    /// that it makes.
+    /// "http://127.0.0.1:PORT" of the first healthy port from 3000 to 3050. Blocks
+    /// during each probe.
     std::optional<std::string> firstHealthyLocalBackendBaseURL();
 
     // --- Network tuning (network/AwdlControl.cpp, network/WifiKeepAlive.cpp) ----------------
 
-    /// Whether Apple Wireless Direct Link is on. Blocks; not for the main thread. Absent when the
-    /// system could not be asked.
+    /// Whether Apple Wireless Direct Link is on; absent if the system cannot be asked. Blocks: not
+    /// for the main thread.
     std::optional<bool> isAWDLUp();
     /// Switches AWDL off through an administrator prompt, in the background.
     void disableAWDLIfNeeded();
-    /// Does so as soon as the backend is healthy, unless that takes more than 45 s.
+    /// Waits up to 45 s for a healthy backend and then switches AWDL off.
     void scheduleAwdlOptimizationAfterBackendReady();
-    /// Starts the prompt that switches AWDL on again, and does not wait for it.
+    /// Starts the prompt that switches AWDL on again. Does not wait for the answer.
     void restoreAWDL();
     /// The gateway of the first default route; absent when there is none. Blocks.
     std::optional<std::string> getDefaultGateway();
@@ -126,36 +126,37 @@ public:
 
     // --- Meeting discovery (slidechannel/MeetingDiscovery.cpp) ------------------------------
 
-    /// Looks for the active meeting now and every 4 s. Failures are silent.
+    /// Looks for the active meeting now and every 4 s. Failures are not reported.
     void startNativeSlideDiscovery();
-    /// One round: asks the backend, chooses a meeting, connects. Skipped while one is under way.
+    /// One round: asks the backend, chooses a meeting, connects. Does nothing while another round
+    /// is running.
     void discoverActiveMeetingAndConnectIfNeeded();
 
     // --- Slide socket (slidechannel/SlideSocket.cpp, slidechannel/SlideMessageHandling.cpp) -
 
-    /// Joins the room on that server, unless it is joined already. `reason` is for the log.
+    /// Joins the room on this server unless it is joined already. `reason` is for the log.
     void connectNativeSlideSocket(const std::string& serverUrl, const std::string& roomCode,
                                   std::string_view reason);
     /// Drops the connection, if there is one, and stops its pings.
     void cancelNativeSlideSocket(std::string_view reason);
-    /// Connects again in 1 s, instead of any reconnect that waits.
+    /// Schedules a reconnect in 1 s. It replaces a pending one.
     void scheduleNativeSlideSocketReconnect(const std::string& serverUrl,
                                             const std::string& roomCode, std::string_view reason);
     /// Pings the room's connection every 15 s.
     void startNativeSlidePingLoop(const std::string& roomCode);
-    /// Waits for the next message, as long as this room is joined. Main thread and the URL
-    /// session's queue.
+    /// Waits for the next message while this room is joined. Main thread and the URL session's
+    /// queue.
     void receiveNativeSlideSocketMessages(const std::string& expectedRoomCode);
-    /// Acts on one text from the room; what it does not understand is ignored.
+    /// Acts on one text from the room. Unknown texts are ignored.
     void handleNativeSlideSocketText(std::string_view text);
 
     // --- Slide events (presentation/SlideIntake.cpp) ----------------------------------------
 
     /// Takes a slide step from any channel: drops repeats, logs it, and passes it on.
-    /// Any thread, but one call at a time. `seq` may be empty: such events are never repeats.
+    /// Any thread, but one call at a time. An event with an empty `seq` is never a repeat.
     void consumeSlideEvent(std::string_view direction, std::string_view seq,
                            std::string_view source);
-    /// Hops to the main queue, also when already there. Any thread.
+    /// Posts the step to the main queue, even from the main thread. Any thread.
     void pptSlide(std::string_view direction);
     /// Checks direction and accessibility trust, then steps.
     void pptSlideOnMainQueue(std::string_view direction);
@@ -176,36 +177,36 @@ public:
 
     // --- Menu path (presentation/MenuPath.cpp) ----------------------------------------------
 
-    /// Presses the program's own "next" or "previous" menu item. True only when an enabled item
-    /// was pressed; every other outcome but "no menu titles known" has its line in the log.
+    /// Presses the program's own "next" or "previous" menu item. True only if an enabled item was
+    /// pressed. Logs every other outcome, except that no menu titles are known.
     bool pressSlideMenuCommand(const SlideTargetCandidate& candidate, SlideDirection direction);
-    /// The titles by which the program's slide commands are found; null when none are known.
+    /// The titles by which the program's slide commands are found; null if none are known.
     static const platform::SlideMenuTitles* slideMenuStrategy(
         const platform::SlideApplication* row);
-    /// The top-level menus with a preferred title; all of them when none has one.
+    /// The top-level menus with a preferred title, or all of them if none has one.
     static std::vector<platform::UIElementRef> menuRootCandidates(
         const platform::UIElement& menuBar, const TitleMatcher& preferred);
-    /// The first matching menu item, depth first, in reading order; null when there is none.
-    /// `depth` more levels below `elements` are searched, not even these when it is negative.
+    /// The first matching menu item, depth first, in reading order; null if there is none. Searches
+    /// `elements` and `depth` levels below them; searches nothing if `depth` is negative.
     static platform::UIElementRef findMenuItem(const std::vector<platform::UIElementRef>& elements,
                                                const TitleMatcher& wanted, int depth);
-    /// An attribute as text; absent when unreadable or something else.
+    /// An attribute as text; absent if it is unreadable or has another type.
     static std::optional<std::string> axStringAttribute(const platform::UIElement& element,
                                                         platform::AccessibilityAttribute attribute);
-    /// An attribute as an element; null when unreadable or something else.
+    /// An attribute as an element; null if it is unreadable or has another type.
     static platform::UIElementRef axElementAttribute(const platform::UIElement& element,
                                                      platform::AccessibilityAttribute attribute);
-    /// An attribute as a list of elements, without its entries of other kinds; empty when
-    /// unreadable or no list.
+    /// An attribute as a list of elements, without entries of other types; empty if it is
+    /// unreadable or not a list.
     static std::vector<platform::UIElementRef> axChildrenAttribute(
         const platform::UIElement& element, platform::AccessibilityAttribute attribute);
 
     // --- Slide step (presentation/SlideStep.cpp) --------------------------------------------
 
-    /// Steps the presentation: by its menu when its program is in front, else, or when the menu
+    /// Steps the presentation: by its menu if its program is in front; otherwise, or if the menu
     /// fails, by a key to its process.
     void resolveSlideTargetAndSend(SlideDirection direction);
-    /// The second half: steps this candidate. `front` is the program that has the focus.
+    /// Steps this candidate. `front` is the program that has the focus.
     void sendSlideStep(const SlideTargetCandidate& candidate,
                        const std::optional<platform::RunningApplication>& front,
                        SlideDirection direction);
@@ -223,12 +224,12 @@ private:
     void enableSlideControl();
     void openAccessibilitySettings();
     void hideOverlay();
-    /// Connects the slide socket and, in a moment, the overlay's page.
+    /// Connects the slide socket now and the overlay's page half a second later.
     void connectOverlayAndSocket(const std::string& serverUrl, const std::string& roomCode);
-    /// The frame of the screen that the overlay covers; absent when there is no screen.
+    /// The frame of the screen that the overlay covers; absent without a screen.
     std::optional<platform::Rect> overlayFrame();
 
-    /// Starts a series of launches, unless a healthy backend answers.
+    /// Starts a series of launches unless a healthy backend answers.
     void launchBackendUnlessHealthy();
     [[nodiscard]] LaunchState launchState() const;
     void bundledBackendDidExit(const std::filesystem::path& resourceDir, const std::string& name,
@@ -236,7 +237,7 @@ private:
     void scheduleBundledBackendRetry(const std::filesystem::path& resourceDir,
                                      const std::string& name);
     void waitForBackendThenDisableAWDL();
-    /// Starts an AppleScript; null when the runner could not be started.
+    /// Starts an AppleScript; null if the runner could not be started.
     std::shared_ptr<platform::ChildProcess> startAppleScript(std::string_view script);
 
     void nativeSlideSocketDidFail(const std::string& expectedRoomCode, std::string_view error);
@@ -248,12 +249,12 @@ private:
 
     platform::Platform platform_;
 
-    /// For what the URL session's queue reads of the slide socket: written under it by the main
-    /// thread, which alone may read without it.
+    /// Protects the members of the slide socket that the URL session's queue reads. Only the main
+    /// thread writes them, with the lock held; it may read them without the lock.
     std::mutex nativeSlideSocketMutex_;
 
     // The whole state. Names and order are fixed.
-    // Atomic: also read on other threads, where a stale value is harmless.
+    // Atomic members are also read on other threads, where a stale value is harmless.
 
     std::shared_ptr<platform::Window> panelWindow;
     std::shared_ptr<platform::WebView> panelWebView;
@@ -262,7 +263,7 @@ private:
     std::shared_ptr<BridgeHandler> bridge;
     std::shared_ptr<platform::ChildProcess> keepAliveProcess;
     std::shared_ptr<platform::ChildProcess> backendProcess;
-    /// Set once when shut-down begins; work that arrives later starts nothing new.
+    /// Set once when shut-down begins. Work that arrives later starts nothing new.
     std::atomic<bool> appIsTerminating{false};
     std::int64_t bundledBackendLaunchAttempt = 0;
     std::int64_t maxBundledBackendLaunchAttempts = 3;
@@ -272,7 +273,7 @@ private:
     /// Seconds.
     double slideAccessibilityHintThrottle = 4.0;
     bool didRequestAccessibilityPrompt = false;
-    /// The process and product that took the previous step; never cleared.
+    /// The process and the product of the previous step; never cleared.
     std::optional<platform::Pid> lastSlideTargetPID;
     std::optional<std::string> lastSlideTargetBundleId;
     /// Of the last accepted event that had a sequence tag.

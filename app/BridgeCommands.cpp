@@ -16,10 +16,10 @@ namespace {
 constexpr std::string_view accessibilitySettingsUrl =
     "x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility";
 
-// The page of an overlay that was made just now has loaded by then.
+// Long enough for the page of a new overlay to load.
 constexpr platform::Duration overlayConnectDelay{0.5};
 
-/// Safe between the double quotes of a script's text, as far as backslashes and quotes go.
+/// Escapes backslashes and double quotes for a string literal in a script.
 std::string escapedForScript(std::string_view text) {
     std::string escaped;
     for (const char character : text) {

@@ -8,7 +8,7 @@ namespace stagehopper {
 
 class AppController;
 
-/// Receives what the panel page posts to "bridge" and hands texts to the controller.
+/// Receives the panel page's posts to "bridge" and passes texts to the controller.
 /// Main thread only.
 class BridgeHandler final : public platform::ScriptMessageHandler {
 public:

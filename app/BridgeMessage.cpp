@@ -21,7 +21,7 @@ constexpr std::array commands{
     std::pair{"CMD:openAccessibilitySettings"sv, BridgeCommand::openAccessibilitySettings},
 };
 
-/// The text before the first bar and, if there is a bar, the text behind it.
+/// The text before the first bar and, if there is a bar, the text after it.
 std::pair<std::string_view, std::optional<std::string_view>> splitAtBar(std::string_view text) {
     const auto bar = text.find('|');
     if (bar == std::string_view::npos) return {text, std::nullopt};

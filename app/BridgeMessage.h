@@ -5,7 +5,7 @@
 
 namespace stagehopper {
 
-/// Texts beginning with "CMD:", each compared as a whole.
+/// Texts that begin with "CMD:", each compared as a whole.
 enum class BridgeCommand {
     showOverlay,
     hideOverlay,
@@ -17,7 +17,7 @@ enum class BridgeCommand {
     openAccessibilitySettings,
 };
 
-/// "PPT:direction|seq|source". Nothing is validated here.
+/// "PPT:direction|seq|source". The fields are not validated.
 struct SlideStep {
     std::string_view direction;
     std::string_view seq;
@@ -34,7 +34,7 @@ struct DebugText {
     friend bool operator==(const DebugText&, const DebugText&) = default;
 };
 
-/// "WSCONN:url|room"; both are there and not empty.
+/// "WSCONN:url|room". Neither is empty.
 struct ConnectRequest {
     std::string_view serverUrl;
     std::string_view roomCode;
@@ -46,11 +46,11 @@ struct UnknownMessage {
     friend bool operator==(const UnknownMessage&, const UnknownMessage&) = default;
 };
 
-/// The texts in it are views into the message that was parsed.
+/// The texts are views into the parsed message.
 using BridgeMessage =
     std::variant<UnknownMessage, BridgeCommand, SlideStep, DebugText, ConnectRequest>;
 
-/// Reads one message of the panel page. Case and blanks count.
+/// Reads one message of the panel page. Case and blanks are significant.
 BridgeMessage parseBridgeMessage(std::string_view raw);
 
 }  // namespace stagehopper

@@ -21,15 +21,15 @@ void AppController::slideNavLog(std::string_view event, std::string_view detail)
     const std::string message = diagnosticMessage(event, detail);
     platform_.systemLog.write(message);
 
-    // The file is UTF-8 throughout: a text that is not is left out rather than altered.
+    // The whole file is UTF-8: invalid text is left out rather than altered.
     if (!isValidUtf8(message)) return;
     const std::string line =
         diagnosticFileLine(platform_.host.localizedTime(platform_.clock.now()), message);
 
-    // Opened for every line: a file that was deleted meanwhile is made anew.
+    // The file is opened for every line, so that a deleted file is created again.
     const std::filesystem::path file = debugLogFile;
     const bool exists = platform_.fileSystem.fileExists(file);
-    // Where another thread makes it meanwhile, ours is appended.
+    // If another thread creates the file in between, this line is appended.
     if (exists || !platform_.fileSystem.createFile(file, line)) {
         platform_.fileSystem.appendToFile(file, line);
     }

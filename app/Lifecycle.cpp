@@ -18,7 +18,7 @@ void AppController::applicationDidFinishLaunching() {
     slideNavLog("app_launched", "nativeSlideDiscovery started");
     platform_.application.activate();
     startWifiKeepAlive();
-    // Says why no dialog was seen: each is raised only when the user acts in the panel.
+    // Explains why no dialog appears: each is shown only after an action of the user in the panel.
     slideNavLog("app_launched", "no_auto_prompts — awdl_on_meeting_start; accessibility_on_toggle");
     platform_.screens.addObserver(weak_from_this());
 }
@@ -40,13 +40,13 @@ void AppController::applicationWillTerminate() {
     if (nativeSlideReconnectWorkItem) nativeSlideReconnectWorkItem->cancel();
     nativeSlideReconnectWorkItem.reset();
     cancelNativeSlideSocket("app_terminating");
-    // Held here: the completion of a user's stop, for one, drops the handle.
+    // Keeps the handle: the completion of a user's stop may drop the member during the wait.
     if (const auto process = backendProcess) {
         process->terminate();
         process->waitUntilExit();
         backendProcess.reset();
     }
-    // Not awaited: it holds nothing that anybody waits for.
+    // There is no wait: nothing depends on its end.
     if (keepAliveProcess) keepAliveProcess->terminate();
     if (awdlDisabled) restoreAWDL();
 }

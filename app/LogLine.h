@@ -8,14 +8,14 @@
 
 namespace stagehopper {
 
-/// "[slide_nav] event detail", without the blank when there is no detail.
+/// "[slide_nav] event detail"; without the second blank if the detail is empty.
 std::string diagnosticMessage(std::string_view event, std::string_view detail);
 
-/// The message as the log file holds it: "[time] message" and a line feed. A message of several
-/// lines stays as it is.
+/// The message as a line of the log file: "[time] message" and a line feed. A message of several
+/// lines is not changed.
 std::string diagnosticFileLine(std::string_view time, std::string_view message);
 
-/// "key=value key=value": the detail of a diagnostic line. Values stand as they are.
+/// "key=value key=value": the detail of a diagnostic line. Values are not changed.
 std::string logDetail(
     std::initializer_list<std::pair<std::string_view, std::string_view>> keysAndValues);
 

@@ -4,8 +4,8 @@
 
 namespace stagehopper {
 
-/// The application menu and the edit menu. The edit menu is there for its key equivalents: they
-/// work inside the panel's page.
+/// The application menu and the edit menu. The edit menu exists for its key equivalents, which work
+/// inside the panel's page.
 platform::MainMenu mainMenu();
 
 }  // namespace stagehopper

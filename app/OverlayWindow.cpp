@@ -24,7 +24,7 @@ void AppController::showOverlay() {
     const auto frame = overlayFrame();
     if (!frame) return;
 
-    // No message handler: the overlay only shows, and has nothing to say to the program.
+    // No message handler: the overlay only displays and sends nothing to the program.
     platform::WebViewConfiguration configuration;
     configuration.userScripts.push_back({std::string(overlayScript)});
     const platform::Rect filled{0, 0, frame->size};

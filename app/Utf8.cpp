@@ -24,7 +24,7 @@ bool isWhitespace(char32_t c) {
            c == 0x205F || c == 0x3000;
 }
 
-/// Where the last character of a non-empty text begins.
+/// The start of the last character of a non-empty text.
 std::size_t lastCharacter(std::string_view text) {
     std::size_t start = text.size() - 1;
     while (start > 0 && text.size() - start < 4 &&

@@ -8,12 +8,12 @@ namespace stagehopper {
 
 struct DecodedCodePoint {
     char32_t codePoint;
-    /// Bytes it takes, 1 to 4.
+    /// In bytes, 1 to 4.
     std::size_t length;
 };
 
-/// The code point at the beginning of `bytes`; absent when they are empty or do not begin with
-/// well-formed UTF-8 (overlong forms, surrogates and values above U+10FFFF are not).
+/// The code point at the beginning of `bytes`; absent if they are empty or begin with malformed
+/// UTF-8. Overlong forms, surrogates and values above U+10FFFF are malformed.
 std::optional<DecodedCodePoint> decodeUtf8(std::string_view bytes);
 
 bool isValidUtf8(std::string_view bytes);

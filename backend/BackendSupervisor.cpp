@@ -14,7 +14,7 @@ namespace {
 constexpr const char* backendName = "StagehopperBackend-arm64";
 constexpr platform::Duration retryDelay{1.0};
 
-/// The environment in which the backend runs: ours, and the ports it may listen on.
+/// The backend's environment: ours and the ports on which it may listen.
 platform::Environment backendEnvironment(platform::Environment environment) {
     environment["PORT"] = std::to_string(firstBackendPort);
     environment["PORT_EXTRA"] = std::to_string(lastBackendPort - firstBackendPort);
@@ -39,7 +39,7 @@ LaunchState AppController::launchState() const {
 void AppController::attemptLaunchBundledBackend(const std::filesystem::path& resourceDir,
                                                 const std::string& name) {
     if (mayRelaunch(launchState()) != Relaunch::allowed) return;
-    // Counted before anything can fail: a missing file is an attempt, too.
+    // Counted before anything can fail, so that a missing file is also an attempt.
     ++bundledBackendLaunchAttempt;
 
     const auto executable = resourceDir / name;
@@ -110,7 +110,7 @@ void AppController::scheduleBundledBackendRetry(const std::filesystem::path& res
 
 void AppController::stopBundledBackendFromUser() {
     bundledBackendUserStopped = true;
-    // The handle is handed over by value: the main thread may replace it meanwhile.
+    // The task gets a copy of the handle because the main thread may replace the member.
     platform_.dispatch.asyncGlobal(
         platform::QualityOfService::userInitiated,
         [weak = weak_from_this(), dispatch = &platform_.dispatch, process = backendProcess] {
@@ -121,7 +121,7 @@ void AppController::stopBundledBackendFromUser() {
             dispatch->asyncMain([weak, process] {
                 const auto self = weak.lock();
                 if (!self) return;
-                // One that the user started meanwhile is still needed, to be ended at quit.
+                // A backend that the user has started since then must be ended at quit.
                 if (self->backendProcess == process) self->backendProcess.reset();
                 self->bundledBackendLaunchAttempt = 0;
             });

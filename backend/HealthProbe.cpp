@@ -11,7 +11,7 @@ namespace {
 
 constexpr platform::Duration probeWait{0.35};
 
-/// What a probe waits for. The answer may come when nobody waits any more.
+/// What a probe waits for. The answer may arrive after the probe has given up.
 struct Answer {
     std::shared_ptr<platform::Semaphore> arrived;
     std::atomic<bool> healthy{false};
@@ -24,7 +24,7 @@ bool AppController::healthCheckLocalPort(std::int64_t port) {
     answer->arrived = platform_.dispatch.makeSemaphore();
     platform_.urlSession.startDataTask(
         backendHealthUrl(port), [answer](const platform::DataResult& result) {
-            // A body that breaks off does not matter: the status is all that is asked for.
+            // Only the status counts; an incomplete body does not matter.
             answer->healthy = result.response && result.response->statusCode == platform::statusOk;
             answer->arrived->signal();
         });

@@ -36,11 +36,10 @@ void AppController::disableAWDLIfNeeded() {
             const auto self = weak.lock();
             if (!self) return;
             const auto isUp = self->isAWDLUp();
-            // Where the system cannot be asked there is nothing to switch off.
+            // If the system cannot be asked, there is nothing to switch off.
             if (!isUp) return;
             if (!*isUp) {
-                // Down already, but restored at quit all the same: whoever took it down is likely
-                // to have been an earlier run of ours.
+                // Already off, probably because of an earlier run of ours: restored at quit anyway.
                 self->awdlDisabled = true;
                 return;
             }
@@ -79,7 +78,7 @@ void AppController::waitForBackendThenDisableAWDL() {
 void AppController::restoreAWDL() {
     auto prompt = startAppleScript(restoreAwdlScript);
     if (!prompt) return;
-    // Awaited, so that the system can forget the process; the program may well be gone before.
+    // The wait lets the system release the process. The program may exit before.
     platform_.dispatch.asyncGlobal(platform::QualityOfService::standard,
                                    [prompt = std::move(prompt)] { prompt->waitUntilExit(); });
 }

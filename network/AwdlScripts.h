@@ -4,7 +4,7 @@
 
 namespace stagehopper {
 
-// AppleScript, so that the system shows its own password dialog with our words in it.
+// AppleScript makes the system show its own password dialog with our text.
 
 inline constexpr std::string_view disableAwdlScript =
     R"(do shell script "ifconfig awdl0 down" with administrator privileges with prompt "Stagehopper 需要暂时关闭 AWDL 无线直连（Apple 设备互联功能），以优化局域网信号，确保手机遥控光标与翻页流畅运行。退出 App 时将自动恢复，届时会再次弹出此密码框。")";

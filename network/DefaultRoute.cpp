@@ -8,7 +8,7 @@ namespace stagehopper {
 
 namespace {
 
-/// Takes the text up to the first `separator` off the front, and the separator with it.
+/// Removes the text up to and including the first `separator`; returns it without the separator.
 std::string_view takeUntil(std::string_view& rest, char separator) {
     const auto end = rest.find(separator);
     const auto taken = rest.substr(0, end);

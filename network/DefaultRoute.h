@@ -6,8 +6,8 @@
 
 namespace stagehopper {
 
-/// The gateway of the first row of a route table that reads "default GATEWAY …"; absent when there
-/// is none, or when the table is no UTF-8. Fields are separated by blanks; tabs belong to a field.
+/// The gateway of the first row "default GATEWAY …" of a route table; absent if there is no such
+/// row or the table is not valid UTF-8. Blanks separate fields; tabs belong to a field.
 std::optional<std::string> defaultGateway(std::string_view routeTable);
 
 }  // namespace stagehopper

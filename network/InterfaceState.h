@@ -4,8 +4,8 @@
 
 namespace stagehopper {
 
-/// Whether an interface is up, by what `ifconfig` writes about it. Nothing at all means that there
-/// is no such interface. What is no UTF-8 counts as up: better one prompt too many.
+/// Whether an interface is up, according to the output of `ifconfig`. Empty output means that the
+/// interface does not exist. Invalid UTF-8 counts as up: a superfluous prompt is better than none.
 bool isInterfaceUp(std::string_view ifconfigOutput);
 
 }  // namespace stagehopper

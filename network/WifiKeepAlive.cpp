@@ -8,7 +8,7 @@ namespace {
 
 constexpr const char* routeTableTool = "/usr/sbin/netstat";
 constexpr const char* pingTool = "/sbin/ping";
-/// The usual address of a router at home, for when the table names none.
+/// The usual address of a home router, used if the route table names no gateway.
 constexpr const char* fallbackGateway = "192.168.0.1";
 
 }  // namespace
@@ -17,7 +17,7 @@ std::optional<std::string> AppController::getDefaultGateway() {
     const auto tool = platform_.childProcesses.makeChildProcess(
         {.executable = routeTableTool, .arguments = {"-rn"}, .capturesOutput = true});
     if (!tool->launch({})) return std::nullopt;
-    // Read first: a table larger than a pipe would keep the tool from ever exiting.
+    // Read before waiting: with a full pipe the tool would never exit.
     const auto table = tool->readOutputToEnd();
     tool->waitUntilExit();
     return defaultGateway(table);
@@ -25,10 +25,10 @@ std::optional<std::string> AppController::getDefaultGateway() {
 
 void AppController::startWifiKeepAlive() {
     const auto gateway = getDefaultGateway().value_or(fallbackGateway);
-    // One echo request a second with one byte in it, until it is ended.
+    // Sends one echo request of one byte a second until it is ended.
     keepAliveProcess = platform_.childProcesses.makeChildProcess(
         {.executable = pingTool, .arguments = {"-i", "1", "-s", "1", gateway}, .endsWithUs = true});
-    // A machine without ping goes without.
+    // A machine without ping runs without the keep-alive.
     (void)keepAliveProcess->launch({});
 }
 

@@ -10,7 +10,7 @@ namespace {
 
 using nlohmann::json;
 
-/// The field of that name; null when it is missing or `object` is none.
+/// The field with this name; null if it is missing or `object` is not an object.
 const json* field(const json& object, const char* name) {
     const auto found = object.find(name);
     return found == object.end() ? nullptr : &*found;

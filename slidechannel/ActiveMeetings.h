@@ -20,7 +20,7 @@ struct ActiveMeetingParticipant {
 struct ActiveMeetingSummary {
     std::string roomCode;
     std::string roomName;
-    /// Larger is newer; in whatever unit the backend counts.
+    /// Larger is newer. The backend chooses the unit.
     double createdAt = 0;
     std::vector<ActiveMeetingParticipant> participants;
 
@@ -33,8 +33,8 @@ struct ActiveMeetingsResponse {
     friend bool operator==(const ActiveMeetingsResponse&, const ActiveMeetingsResponse&) = default;
 };
 
-/// Reads the backend's answer. Every field is required, under its own name and of its own type;
-/// other fields are ignored. One meeting that does not fit makes the whole answer absent.
+/// Reads the backend's answer. Every field is required, with its exact name and type; other fields
+/// are ignored. Absent if a single meeting is invalid.
 std::optional<ActiveMeetingsResponse> decodeActiveMeetings(std::string_view json);
 
 }  // namespace stagehopper

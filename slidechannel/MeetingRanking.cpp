@@ -8,7 +8,7 @@ namespace stagehopper {
 namespace {
 
 constexpr std::string_view hostRole = "host";
-/// Begins the identities of our own clients: the overlay pages and this program's socket.
+/// The prefix of our own clients' identities: the overlay pages and this program's socket.
 constexpr std::string_view overlayPrefix = "overlay";
 
 bool isRemote(const ActiveMeetingParticipant& participant) {
@@ -23,7 +23,7 @@ bool hasRemote(const ActiveMeetingSummary& meeting) {
 
 std::optional<ActiveMeetingSummary> meetingToFollow(std::vector<ActiveMeetingSummary> meetings) {
     std::erase_if(meetings, [](const auto& meeting) { return meeting.participants.empty(); });
-    // The first of equals is the one listed first.
+    // max_element returns the first of equal meetings.
     const auto best = std::ranges::max_element(meetings, [](const auto& left, const auto& right) {
         const bool leftHas = hasRemote(left);
         const bool rightHas = hasRemote(right);

@@ -6,11 +6,11 @@
 
 namespace stagehopper {
 
-/// Levels of arrays and objects inside each other that a text from outside may have: as many as
-/// Foundation's decoder takes. What walks the values recursively is safe at this depth.
+/// The most levels of nested arrays and objects in a received text: as many as Foundation's decoder
+/// accepts. Recursive code is safe at this depth.
 inline constexpr int maxJsonNesting = 512;
 
-/// Parses a text that another program sent. Absent when it is malformed or nested too deeply.
+/// Parses a text from another program. Absent if it is malformed or nested too deeply.
 std::optional<nlohmann::json> parseReceivedJson(std::string_view text);
 
 }  // namespace stagehopper

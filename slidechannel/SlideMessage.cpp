@@ -16,8 +16,8 @@ std::string textOf(const json& object, const char* name) {
     return found != object.end() && found->is_string() ? found->get<std::string>() : std::string{};
 }
 
-/// A value as text: a text as it stands, numbers in plain decimal. A whole number is the same
-/// however the sender wrote it: 17 and 17.0 are one tag.
+/// A value as text: strings unchanged, numbers in plain decimal. 17 and 17.0 are the same tag,
+/// because senders write whole numbers in both ways.
 std::string described(const json& value) {
     constexpr double exactlyCounted = 9007199254740992.0;  // 2^53
     if (value.is_string()) return value.get<std::string>();

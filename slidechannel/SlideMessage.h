@@ -13,22 +13,22 @@ struct WelcomeMessage {
 
 /// A step from a remote.
 struct SlideNavMessage {
-    /// As it came; empty when it was missing or no text.
+    /// Unchanged; empty if it was missing or not a string.
     std::string direction;
-    /// The sequence tag as text; empty when it was missing.
+    /// The sequence tag as text; empty if it was missing.
     std::string seq;
 
     friend bool operator==(const SlideNavMessage&, const SlideNavMessage&) = default;
 };
 
-/// Malformed, or of a type that is none of ours.
+/// Malformed or of an unknown type.
 struct OtherMessage {
     friend bool operator==(const OtherMessage&, const OtherMessage&) = default;
 };
 
 using SlideMessage = std::variant<OtherMessage, WelcomeMessage, SlideNavMessage>;
 
-/// Reads one text of the slide socket: a JSON object whose "type" says what it is.
+/// Reads one text of the slide socket: a JSON object with a "type".
 SlideMessage parseSlideMessage(std::string_view text);
 
 }  // namespace stagehopper

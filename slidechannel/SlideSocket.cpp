@@ -14,10 +14,10 @@ namespace {
 
 constexpr platform::Duration pingInterval{15.0};
 constexpr platform::Duration reconnectDelay{1.0};
-/// "Going away", of RFC 6455.
+/// "Going away" in RFC 6455.
 constexpr int goingAway = 1001;
 
-/// The text of a message; absent for bytes that are none.
+/// The text of a message; absent for bytes that are not valid UTF-8.
 std::optional<std::string> textOf(platform::WebSocketMessage message) {
     if (message.kind == platform::WebSocketMessage::Kind::binary && !isValidUtf8(message.bytes)) {
         return std::nullopt;
@@ -81,14 +81,14 @@ void AppController::receiveNativeSlideSocketMessages(const std::string& expected
                 if (const auto app = weak.lock()) app->handleNativeSlideSocketText(text);
             });
         }
-        // Armed again at once, on whatever socket holds the room by now.
+        // The next receive goes to the socket that has this room now.
         self->receiveNativeSlideSocketMessages(expectedRoomCode);
     });
 }
 
 void AppController::nativeSlideSocketDidFail(const std::string& expectedRoomCode,
                                              std::string_view error) {
-    // The end of a connection that was dropped or replaced is no failure.
+    // The end of a dropped or replaced connection is not a failure.
     if (nativeSlideSocketRoomCode != expectedRoomCode) return;
     const auto serverUrl = nativeSlideSocketServerUrl;
     slideNavLog("native_ws_receive_failed",
@@ -124,7 +124,7 @@ void AppController::pingNativeSlideSocket(const std::string& roomCode) {
 }
 
 void AppController::nativeSlidePingDidFail(const std::string& roomCode, std::string_view error) {
-    // Unlike a failed receive, any failed ping drops whatever connection there is.
+    // Unlike a failed receive, a failed ping of any room drops the current connection.
     const auto serverUrl = nativeSlideSocketServerUrl;
     const auto currentRoom = nativeSlideSocketRoomCode;
     slideNavLog("native_ws_ping_failed",

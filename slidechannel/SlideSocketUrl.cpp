@@ -10,12 +10,12 @@ namespace stagehopper {
 
 namespace {
 
-// What RFC 3986 allows besides letters, digits and "-._~".
+// The characters that RFC 3986 allows in addition to letters, digits and "-._~".
 constexpr std::string_view inUser = "!$&'()*+,;=:";
 constexpr std::string_view inHost = "!$&'()*+,;=";
 constexpr std::string_view inPath = "!$&'()*+,;=:@/";
 constexpr std::string_view inFragment = "!$&'()*+,;=:@/?";
-/// In the name or value of a query item, without what separates the items.
+/// In the name or value of a query item, without the separators of items.
 constexpr std::string_view inQueryItem = "!$'()*+,:@/?";
 
 bool isDigit(char c) {
@@ -58,8 +58,8 @@ std::string percentEncoded(std::string_view text, std::string_view alsoAllowed) 
     return encoded;
 }
 
-/// A part of a URL, with what is beyond ASCII escaped. Absent when it has a character that is not
-/// allowed in that part.
+/// A part of a URL, with characters beyond ASCII escaped. Absent if it has a character that is not
+/// allowed in this part.
 std::optional<std::string> urlPart(std::string_view text, std::string_view alsoAllowed) {
     std::string part;
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -84,7 +84,7 @@ bool isScheme(std::string_view text) {
     });
 }
 
-/// What stands in the brackets of an IPv6 address; the zone behind it gets its "%" escaped.
+/// The text between the brackets of an IPv6 address, with the "%" before a zone escaped.
 std::optional<std::string> ipLiteral(std::string_view text) {
     const auto percent = std::min(text.find('%'), text.size());
     const auto address = text.substr(0, percent);

@@ -12,7 +12,7 @@
 
 namespace stagehopper::platform {
 
-/// The attributes that we read, by the names that macOS gives them without the prefix "AX".
+/// The attributes that we read, named as on macOS without the prefix "AX".
 enum class AccessibilityAttribute {
     children,
     enabled,
@@ -24,7 +24,7 @@ enum class AccessibilityAttribute {
     windows,
 };
 
-/// Results of an action; the numbers are macOS's `AXError`, on every port.
+/// Results of an action. The numbers are those of macOS's `AXError` on every port.
 enum class AccessibilityError : std::int32_t {
     success = 0,
     failure = -25200,
@@ -55,38 +55,37 @@ using UIElementRef = std::shared_ptr<const UIElement>;
 struct AttributeValue;
 using AttributeList = std::vector<AttributeValue>;
 
-/// What an attribute may hold. A list may mix kinds: the other side decides what it sends.
+/// The value of an attribute. A list may mix types: the other program decides what it sends.
 struct AttributeValue {
     std::variant<std::string, bool, std::int64_t, UIElementRef, AttributeList> value;
 };
 
-/// One object in another program's interface. Main thread only. The object itself may be gone at
-/// any time: reads then return nothing and the press returns an error. No call blocks longer than
-/// the port's time limit, however the other program behaves.
+/// One object in another program's interface. Main thread only. The object may disappear at any
+/// time: reads then return nothing and a press returns an error. No call blocks longer than the
+/// port's time limit, whatever the other program does.
 class UIElement {
 public:
     virtual ~UIElement() = default;
     /// Absent when the object has no such attribute or the read fails.
     [[nodiscard]] virtual std::optional<AttributeValue> attributeValue(
         AccessibilityAttribute attribute) const = 0;
-    /// Chooses the object, as a click on it does.
+    /// Activates the object, as a click does.
     ///
-    /// An error is a promise that this press will have no effect, so that the caller may take
-    /// another way: the object or its action is absent, its program is gone or refused, or the
-    /// request was never sent. Everything else is success. A request that was sent and not answered
-    /// within the time limit counts as pressed: the program may still act on it, and another way on
-    /// top of that would act twice.
+    /// An error guarantees that this press has no effect, so that the caller may try another way:
+    /// the object or its action is absent, its program is gone or refused, or the request was never
+    /// sent. Everything else is success. A request without an answer within the time limit counts
+    /// as pressed: the program may still act on it, and a second way would then act twice.
     [[nodiscard]] virtual AccessibilityError press() const = 0;
 };
 
-/// The right to look into other programs, and the way in. Main thread only.
+/// The right to access other programs' interfaces, and their root objects. Main thread only.
 class Accessibility {
 public:
     virtual ~Accessibility() = default;
-    /// Whether this process may read and drive other programs' interfaces. Quick: asked at every
-    /// slide step.
+    /// Whether this process may read and control other programs' interfaces. Must be fast: called
+    /// at every slide step.
     virtual bool isProcessTrusted() = 0;
-    /// Shows the system's own dialog that asks the user for that right; returns at once.
+    /// Shows the system's dialog that asks the user for this right. Returns at once.
     virtual void requestTrust() = 0;
     /// The root of the interface of a process. Never null; an unknown process has no attributes.
     virtual UIElementRef applicationElement(Pid process) = 0;

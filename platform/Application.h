@@ -7,19 +7,19 @@
 namespace stagehopper::platform {
 
 enum class ActivationPolicy {
-    /// An ordinary program: in the Dock or task bar, with a menu, able to take the focus.
+    /// An ordinary program: it is in the Dock or task bar, has a menu and can take the focus.
     regular
 };
 
-/// Told about the application's life. All calls come on the main thread.
+/// Receives the events of the application's life cycle on the main thread.
 class ApplicationDelegate {
 public:
     virtual ~ApplicationDelegate() = default;
-    /// Once, from inside `Application::run`, before any user input is handled.
+    /// Called once, from `Application::run`, before any user input is handled.
     virtual void applicationDidFinishLaunching() = 0;
-    /// Asked after a window was closed and none is left.
+    /// Called after the last window was closed.
     virtual bool applicationShouldTerminateAfterLastWindowClosed() = 0;
-    /// Once, after the decision to quit and before `Application::run` returns.
+    /// Called once, after the decision to quit and before `Application::run` returns.
     virtual void applicationWillTerminate() = 0;
 };
 
@@ -27,14 +27,14 @@ public:
 class Application {
 public:
     virtual ~Application() = default;
-    /// Held weakly: a delegate that is gone is not called.
+    /// Held weakly: a destroyed delegate is not called.
     virtual void setDelegate(std::weak_ptr<ApplicationDelegate> delegate) = 0;
     virtual void setActivationPolicy(ActivationPolicy policy) = 0;
     virtual void setMainMenu(const MainMenu& menu) = 0;
     /// Asks the system to bring this program's windows to the front.
     virtual void activate() = 0;
-    /// Ends the program in good order: the delegate is told, then `run` returns. Work still queued
-    /// is dropped then, but may run until then. A second call does nothing.
+    /// Ends the program in order: calls the delegate, then `run` returns. Queued work may run until
+    /// then and is dropped afterwards. A second call does nothing.
     virtual void terminate() = 0;
     /// Runs the event loop until `terminate`. Returns the process's exit status.
     virtual int run() = 0;

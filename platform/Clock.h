@@ -4,7 +4,7 @@
 
 namespace stagehopper::platform {
 
-/// Wall-clock time, which the user or the network may set forwards and backwards.
+/// Wall-clock time. The user or the network may set it forward and back.
 using Date = std::chrono::system_clock::time_point;
 using Duration = std::chrono::duration<double>;
 

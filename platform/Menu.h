@@ -20,7 +20,7 @@ struct MenuItem {
     friend bool operator==(const MenuItem&, const MenuItem&) = default;
 };
 
-/// A missing item is a separator.
+/// An absent item is a separator.
 using MenuEntry = std::optional<MenuItem>;
 
 struct Menu {

@@ -8,7 +8,7 @@ namespace stagehopper::platform {
 
 class WebView;
 
-/// Bits of a window's collection behaviour; the values are AppKit's `NSWindowCollectionBehavior`.
+/// Bits of a window's collection behavior; the values are AppKit's `NSWindowCollectionBehavior`.
 enum PanelCollectionBehavior : unsigned {
     /// On every desktop of the user.
     canJoinAllSpaces = 1U << 0U,
@@ -23,7 +23,7 @@ struct PanelOptions {
     bool clearBackground = false;
     bool opaque = true;
     bool hasShadow = true;
-    /// Out of sight while another program is active.
+    /// Hidden while another program is active.
     bool hidesOnDeactivate = true;
     /// Window level, counted from the system's shielding level, which covers full-screen programs.
     int levelAboveShielding = 0;
@@ -39,12 +39,12 @@ public:
     virtual ~Panel() = default;
     /// The panel holds the view strongly.
     virtual void setContentView(const std::shared_ptr<WebView>& view) = 0;
-    /// Shows it above the other windows of its level, whichever program is active, and leaves the
-    /// focus where it is.
+    /// Shows it above the other windows of its level, whichever program is active, without moving
+    /// the focus.
     virtual void orderFrontRegardless() = 0;
-    /// Hides it; its page goes on running.
+    /// Hides it; its page continues to run.
     virtual void orderOut() = 0;
-    /// Moves and resizes it, and draws it anew at once.
+    /// Moves and resizes it, and redraws it at once.
     virtual void setFrame(const Rect& frame) = 0;
 };
 

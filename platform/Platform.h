@@ -38,7 +38,7 @@ struct Platform {
     UrlSession& urlSession;
     UserInterface& userInterface;
     Workspace& workspace;
-    /// Programs that exist only on this platform. They stand behind the ones known everywhere.
+    /// Programs that exist only on this platform. They follow the common ones.
     std::vector<SlideApplication> slideApplications;
 };
 

@@ -8,10 +8,10 @@
 
 namespace stagehopper::platform {
 
-/// Titles by which a program's slide commands are found in its menu bar. A menu or item matches
-/// when its title contains one of these, case and diacritics aside.
+/// Titles by which a program's slide commands are found in its menu bar. A menu or item matches if
+/// its title contains one of these, ignoring case and diacritics.
 struct SlideMenuTitles {
-    /// Top-level menus to look into; when none of them exists, all are searched.
+    /// Top-level menus to search; if none of them exists, all are searched.
     std::vector<std::string> menus;
     std::vector<std::string> next;
     std::vector<std::string> previous;
@@ -26,13 +26,12 @@ enum class SlideTitles {
     presentation,
 };
 
-/// A program that can hold slides, and how to step it.
+/// A program that can show slides, and how to step it.
 ///
 /// How to add a program: docs/architecture.md.
 struct SlideApplication {
     std::string bundleIdentifier;
-    /// Which program is taken when none was stepped before and none of them is in front: the
-    /// lowest number.
+    /// If no program was stepped before and none of them is in front, the lowest number is chosen.
     int priority = 0;
     /// Names the row in the diagnostic log.
     std::string strategy;

@@ -4,11 +4,11 @@
 
 namespace stagehopper::platform {
 
-/// The log that the operating system keeps for every program. Any thread; never fails visibly.
+/// The operating system's log for all programs. Any thread. Does not report failures.
 class SystemLog {
 public:
     virtual ~SystemLog() = default;
-    /// Writes one message as it stands; the system adds its own time and the program's name.
+    /// Writes one message unchanged; the system adds the time and the program's name.
     virtual void write(std::string_view message) = 0;
 };
 

@@ -8,7 +8,7 @@
 
 namespace stagehopper::platform {
 
-/// Words for a person: why a connection failed.
+/// The reason why a connection failed, in words for a person.
 struct UrlError {
     std::string localizedDescription;
 };
@@ -18,57 +18,58 @@ inline constexpr int statusOk = 200;
 
 struct HttpResponse {
     int statusCode = 0;
-    /// Empty when it did not come whole.
+    /// Empty if it was incomplete.
     std::string body;
 };
 
-/// What came of a request. Both are there when the head of a response came and its body broke off.
+/// The result of a request. Both are present if the response's body was incomplete.
 struct DataResult {
-    /// Whatever its status.
+    /// Present with any status.
     std::optional<HttpResponse> response;
-    /// Absent when the response came whole.
+    /// Absent if the response was complete.
     std::optional<UrlError> error;
 };
 
 struct WebSocketMessage {
     enum class Kind { text, binary };
     Kind kind = Kind::text;
-    /// UTF-8 when it is a text; else as it came.
+    /// UTF-8 for a text; otherwise unchanged.
     std::string bytes;
 };
 
 using ReceiveResult = std::variant<WebSocketMessage, UrlError>;
 
 /// One WebSocket connection. Any thread. Nothing happens before `resume`. Dropping it closes the
-/// connection; completions that are still due get an error.
+/// connection; pending completions get an error.
 ///
-/// Completions are called once, on the session's own queue, one at a time, never from inside the
-/// call that they belong to.
+/// Each completion is called once, on the session's own queue, one at a time, and never inside the
+/// call that passed it.
 class WebSocketTask {
 public:
     virtual ~WebSocketTask() = default;
-    /// Connects; what comes of it, a pending or the next receive tells.
+    /// Starts connecting. The result is delivered to the pending or next `receive`.
     virtual void resume() = 0;
-    /// The next message, or why there will be none. Messages that come while nobody asks wait.
+    /// Delivers the next message, or an error if there will be none. Messages are kept until they
+    /// are received.
     virtual void receive(std::function<void(ReceiveResult)> completion) = 0;
-    /// Sends a ping. The handler is called when its pong has come, without an error, or when the
-    /// connection has failed or been closed first.
+    /// Sends a ping. The handler is called without an error when the pong arrives, or with an error
+    /// if the connection fails or is closed first.
     virtual void sendPing(std::function<void(std::optional<UrlError>)> pongHandler) = 0;
     /// Closes the connection with this code and no reason; pending completions get an error.
     virtual void cancel(int closeCode) = 0;
 };
 
-/// HTTP and WebSocket connections. Any thread. Completions run on a queue of the session's own, so
-/// that whoever blocks the main thread can wait for them.
+/// HTTP and WebSocket connections. Any thread. Completions run on the session's own queue, so that
+/// code that blocks the main thread can wait for them.
 class UrlSession {
 public:
     virtual ~UrlSession() = default;
-    /// GETs `url` ("http://…", "https://…"); the completion is called once. A URL that is none is
-    /// an error. A redirect is a response with a status of 3xx, wherever it leads; a request that
-    /// gets no answer at all fails after the system's own time limit.
+    /// GETs `url` ("http://…", "https://…") and calls the completion once. An invalid URL completes
+    /// with an error. Redirects are not followed: they complete with a status of 3xx. A request
+    /// without an answer fails after the system's time limit.
     virtual void startDataTask(const std::string& url,
                                std::function<void(DataResult)> completion) = 0;
-    /// Never null. A `url` that is no "ws://…" or "wss://…" fails as a connection does.
+    /// Never null. If `url` is not "ws://…" or "wss://…", the connection fails.
     virtual std::shared_ptr<WebSocketTask> makeWebSocketTask(const std::string& url) = 0;
 };
 

@@ -9,7 +9,7 @@
 
 namespace stagehopper::platform {
 
-/// Makes windows, panels and views. Main thread only; never answers null.
+/// Makes windows, panels and views. Main thread only. Never returns null.
 class UserInterface {
 public:
     virtual ~UserInterface() = default;

@@ -27,16 +27,16 @@ struct WindowOptions {
 
 class Window;
 
-/// Told on the main thread when a window of its is about to close.
+/// Called on the main thread when one of its windows is about to close.
 class WindowDelegate {
 public:
     virtual ~WindowDelegate() = default;
-    /// `window` may be null when the system does not say which.
+    /// `window` is null if the system does not name the window.
     virtual void windowWillClose(const Window* window) = 0;
 };
 
 /// An ordinary window, hidden until ordered front. Main thread only. Dropping it closes it.
-/// When the user closes it, it counts as closed at once, whoever still holds the handle.
+/// When the user closes it, it counts as closed at once, even if a handle remains.
 class Window {
 public:
     virtual ~Window() = default;
@@ -44,7 +44,7 @@ public:
     virtual void setMinimumSize(Size size) = 0;
     /// The view fills the window and follows its size; the window holds it strongly.
     virtual void setContentView(const std::shared_ptr<WebView>& view) = 0;
-    /// Centres the window on its screen.
+    /// Centers the window on its screen.
     virtual void center() = 0;
     /// Held weakly.
     virtual void setDelegate(std::weak_ptr<WindowDelegate> delegate) = 0;

@@ -12,8 +12,8 @@ namespace stagehopper {
 
 namespace {
 
-/// With one decimal: "4.0". By whole numbers, since macOS has had `std::to_chars` for others only
-/// since version 13.
+/// With one decimal: "4.0". Uses whole numbers, because `std::to_chars` for floating point requires
+/// macOS 13.
 std::string decimal(double value) {
     const auto tenths = std::lround(value * 10);
     return std::to_string(tenths / 10) + "." + std::to_string(tenths % 10);

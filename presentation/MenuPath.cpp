@@ -16,10 +16,10 @@ using platform::UIElementRef;
 
 namespace {
 
-// Below the top-level menus; deeper menus do not occur, and a malformed tree must end somewhere.
+// Levels below the top-level menus. Deeper menus do not occur, and a malformed tree needs a limit.
 constexpr int searchDepth = 8;
 
-/// An item whose state cannot be read counts as enabled: the press itself will tell.
+/// An item whose state cannot be read counts as enabled: the press then shows whether it is.
 bool isDisabled(const UIElement& item) {
     const auto read = item.attributeValue(AccessibilityAttribute::enabled);
     if (!read) return false;

@@ -47,7 +47,7 @@ SlideApplication keynote() {
                             {"显示上一页", "上一张", "上一页", "show previous", "previous slide"}}};
 }
 
-/// A program without slide commands in its menus: it is stepped by the arrow keys alone.
+/// A program without slide commands in its menus, stepped by the arrow keys alone.
 SlideApplication byArrows(const char* bundleIdentifier, int priority, const char* strategy,
                           platform::SlideTitles slideTitles = platform::SlideTitles::any) {
     return {bundleIdentifier, priority,     strategy,   key::rightArrow,

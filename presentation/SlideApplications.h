@@ -7,8 +7,8 @@
 
 namespace stagehopper {
 
-/// The programs that can hold slides on every platform where they exist, best first. A port adds
-/// its own behind them.
+/// The programs that can show slides, the same on all platforms where they exist, best first. A
+/// port appends its own programs.
 const std::vector<platform::SlideApplication>& commonSlideApplications();
 
 /// The row of a program among the common ones and then among `portRows`; null when it has none.

@@ -15,8 +15,8 @@ void AppController::consumeSlideEvent(std::string_view direction, std::string_vi
     if (!seq.empty()) {
         const auto now = platform_.clock.now();
         if (isRepeatedEvent(seq, now, lastSlideEventSeq, lastSlideEventAt)) {
-            // The time stays that of the accepted copy: a sender that never stops repeating is
-            // heard again after the window.
+            // The time of the accepted event is kept, so that an event that is repeated without end
+            // is accepted again after the window.
             slideNavLog("duplicate_dropped",
                         logDetail({{"direction", direction}, {"seq", seq}, {"source", source}}));
             return;

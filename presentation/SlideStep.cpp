@@ -18,7 +18,7 @@ namespace {
 
 using platform::AccessibilityAttribute;
 
-// Long enough that a program which looks at the keyboard once per frame sees the key down.
+// Long enough for a program that reads the keyboard once per frame to see the key down.
 constexpr std::chrono::microseconds keyHold{50'000};
 
 constexpr std::string_view absentIdentity = "nil";
@@ -75,7 +75,7 @@ void AppController::sendSlideStep(const SlideTargetCandidate& candidate,
                                {"title", dashIfEmpty(title)}}));
 
     if (!isFront) {
-        // Menu commands act on the program in front, whoever's menu they stand in.
+        // Menu commands act on the program in front, even from another program's menu.
         slideNavLog("menu_path_skipped",
                     logDetail({{"bundle", candidate.bundleId}, {"reason", "background_target"}}));
     } else if (pressSlideMenuCommand(candidate, direction)) {

@@ -10,18 +10,18 @@
 
 namespace stagehopper {
 
-/// A running program that may hold the presentation.
+/// A running program that may show the presentation.
 struct SlideTargetCandidate {
     platform::RunningApplication app;
     /// Never empty.
     std::string bundleId;
-    /// Trimmed and not empty, in the order in which the program lists its windows.
+    /// Trimmed, not empty, in the program's order.
     std::vector<std::string> windowTitles;
     /// Its row in the table of slide applications; null for a program that has none.
     const platform::SlideApplication* row = nullptr;
 };
 
-/// What was stepped before and what is in front now.
+/// The previous target and the program in front.
 struct SlideTargetHistory {
     std::optional<platform::Pid> lastPid;
     std::optional<std::string> lastBundleId;
@@ -35,8 +35,8 @@ struct RankedCandidate {
 };
 
 /// The candidate to step: the previous process, else the previous product, else the one in front,
-/// else the best rank and, among equals, the lowest process id. The previous one wins over the one
-/// in front so that a glance into another program does not move the remote.
+/// else the best rank and, among equals, the lowest process id. The previous one precedes the one
+/// in front so that a brief switch to another program does not redirect the remote.
 std::optional<SlideTargetCandidate> chooseSlideTarget(
     const std::vector<RankedCandidate>& candidates, const SlideTargetHistory& history);
 

@@ -11,7 +11,7 @@ namespace stagehopper {
 /// The form in which titles are compared: without case and diacritics, trimmed, lower-case.
 std::string normalizedTitle(platform::Text& text, std::string_view title);
 
-/// Finds wanted titles in the titles of menus, menu items and windows. Keeps a reference to `text`.
+/// Matches wanted titles against the titles of menus and menu items. Keeps a reference to `text`.
 class TitleMatcher {
 public:
     TitleMatcher(platform::Text& text, const std::vector<std::string>& wanted);

@@ -22,7 +22,7 @@ Desktop::Desktop()
     userInterface.lastWindowWasClosed = [this] { application.lastWindowWasClosed(); };
 }
 
-// What blocks on a global queue uses the other members: it goes while they are there.
+// Blocked global work uses the other members, so it is dropped before they are destroyed.
 Desktop::~Desktop() {
     dispatch.close();
 }

@@ -25,8 +25,8 @@
 
 namespace stagehopper::simulated {
 
-/// A whole desktop in memory, with virtual time and one journal of effects. The test's thread plays
-/// the main thread; nothing happens but what the test lets happen.
+/// A complete desktop in memory, with virtual time and one journal of effects. The test's thread
+/// acts as the main thread; the test triggers every event.
 class Desktop {
 public:
     Desktop();
@@ -34,13 +34,13 @@ public:
     Desktop(const Desktop&) = delete;
     Desktop& operator=(const Desktop&) = delete;
 
-    /// Valid as long as the desktop; `slideApplications` is copied as it stands.
+    /// Valid for the desktop's lifetime; contains a copy of the current `slideApplications`.
     platform::Platform platform();
 
     // --- time -------------------------------------------------------------------------------
     void runReady() { dispatch.runReady(); }
     void advance(std::chrono::nanoseconds duration) { dispatch.advance(duration); }
-    /// Forwards to a point of the wall clock; one that has passed is left alone.
+    /// Advances to a point of the wall clock; does nothing if it has passed.
     void advanceTo(platform::Date date);
     void sleepFor(std::chrono::nanoseconds duration) { dispatch.sleepFor(duration); }
 
@@ -49,7 +49,7 @@ public:
     void launch(const std::shared_ptr<platform::ApplicationDelegate>& delegate);
     [[nodiscard]] const WindowState& panelWindow() { return userInterface.window(); }
     [[nodiscard]] Page panelPage() { return userInterface.page(0); }
-    /// The page of the overlay made last; throws when there was none.
+    /// The page of the overlay made last; throws if there was none.
     [[nodiscard]] Page overlayPage() { return userInterface.panelPage(); }
     void userClosesPanel() { userInterface.userClosesWindow(); }
     void userPressesMenuItem(std::string_view title) { application.userPressesMenuItem(title); }
@@ -60,7 +60,7 @@ public:
     void bringToFront(platform::Pid pid) { workspace.front = pid; }
     void bringNothingToFront() { workspace.front.reset(); }
     [[nodiscard]] std::optional<platform::Pid> frontPid() const { return workspace.front; }
-    /// Throws when no such process runs.
+    /// Throws if no such process runs.
     [[nodiscard]] RunningProgram& program(platform::Pid pid);
 
     SimulatedClock clock;

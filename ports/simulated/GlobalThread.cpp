@@ -31,7 +31,7 @@ void GlobalThread::runTask() {
     try {
         if (!abandoned_) task_();
     } catch (const Abandoned&) {
-        // The work was cut off; there is nobody to tell.
+        // The work was aborted on purpose.
     }
     task_ = nullptr;
     finished_ = true;

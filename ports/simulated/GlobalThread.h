@@ -8,8 +8,8 @@
 
 namespace stagehopper::simulated {
 
-/// One piece of global work, on a thread of its own so that it may block, and yet never at the same
-/// time as any other: it runs while `resume` is being called, until it has finished or blocks.
+/// One piece of global work. It has its own thread, so that it may block, but never runs at the
+/// same time as another piece: it runs only during `resume`, until it finishes or blocks.
 class GlobalThread {
 public:
     explicit GlobalThread(platform::Task task);
@@ -18,15 +18,15 @@ public:
     GlobalThread& operator=(const GlobalThread&) = delete;
 
     void resume();
-    /// Ends it where it blocks, as the end of a process does.
+    /// Aborts it where it blocks, as the end of a process does.
     void abandon();
     [[nodiscard]] bool isFinished() const { return finished_; }
-    /// Whether what it waits for has come.
+    /// Whether its wait is over.
     [[nodiscard]] bool canGoOn() const { return !waitsFor_ || waitsFor_(); }
 
-    /// Whether the caller is such a piece of work.
+    /// Whether the caller is a piece of global work.
     static bool isCurrent() { return current_ != nullptr; }
-    /// Called by such a piece of work: blocks it.
+    /// Blocks the calling piece of global work.
     static void giveWayUntil(std::function<bool()> canGoOn);
 
 private:

@@ -13,12 +13,12 @@ namespace stagehopper::simulated {
 class SimulatedClock;
 
 struct JournalEntry {
-    /// Since the desktop was made, whatever the wall clock said.
+    /// Since the desktop was made, independent of the wall clock.
     std::chrono::nanoseconds at;
     std::string effect;
 };
 
-/// Everything that the application did to its surroundings, in order. Any thread.
+/// All effects of the application on its surroundings, in order. Any thread.
 ///
 /// The effects read: `window "T" shown`, `window "T" closed`, `page /dir/panel.html loaded`,
 /// `script evaluated: …`, `panel ordered front`, `panel ordered out`, `panel moved`,
@@ -32,8 +32,8 @@ public:
     explicit Journal(const SimulatedClock& clock) : clock_(clock) {}
 
     void add(const std::string& effect);
-    /// Called with each effect from now on, at the moment of that effect and in the middle of what
-    /// causes it, as nested loops and busy systems are. Set on the main thread.
+    /// Called with each effect from now on, during the operation that causes it, like nested loops
+    /// and busy systems. Set on the main thread.
     std::function<void(const std::string& effect)> observer;
 
     /// A point in the journal, for `effectsSince`.

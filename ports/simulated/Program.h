@@ -14,7 +14,7 @@
 
 namespace stagehopper::simulated {
 
-/// An entry of a program's menu, with everything that can be odd about one.
+/// An entry of a program's menu, with all the defects that an entry can have.
 struct MenuNode {
     /// Absent: the title cannot be read.
     std::optional<std::string> title;
@@ -22,14 +22,14 @@ struct MenuNode {
     /// Absent: the state cannot be read.
     std::optional<bool> isEnabled = true;
     platform::AccessibilityError resultOfPress = platform::AccessibilityError::success;
-    /// Whether a press has an effect; by itself that does not depend on what the press returns.
+    /// Whether a press has an effect, independent of the result that it returns.
     bool acts = true;
     /// How long the program is busy before it acts on a press.
     platform::Duration durationOfPress{0};
-    /// Shared by all copies of the entry; null when its title can always be read.
+    /// Shared by all copies of the entry; null if its title can always be read.
     std::shared_ptr<int> titleReadsLeft;
     std::vector<MenuNode> children;
-    /// Entries of a menu that stands behind the menu attribute instead of among the children.
+    /// Entries of a menu that is reached by the menu attribute instead of the children.
     std::vector<MenuNode> menuAttribute;
     /// Not an element at all.
     bool odd = false;
@@ -38,11 +38,11 @@ struct MenuNode {
     MenuNode disabled() &&;
     MenuNode unreadableTitle() &&;
     MenuNode unreadableEnabled() &&;
-    /// The title is gone after it was read that often.
+    /// The title disappears after this many reads.
     MenuNode titleReadable(int times) &&;
     /// A press returns this and has no effect.
     MenuNode pressResult(platform::AccessibilityError result) &&;
-    /// A press is carried out and reported as failed.
+    /// A press has its effect but is reported as failed.
     MenuNode pressActsYetFails(platform::AccessibilityError result) &&;
     MenuNode pressTakes(platform::Duration duration) &&;
     MenuNode withMenuAttribute(std::vector<MenuNode> entries) &&;
@@ -60,13 +60,13 @@ public:
     Program window(std::string_view title) &&;
     /// A window whose title cannot be read.
     Program untitledWindow() &&;
-    /// The window that has the focus, by its place; without this, the last one.
+    /// The index of the window with the focus; by default the last window.
     Program focusedWindow(std::size_t index) &&;
-    /// A top-level menu. Without any, the program has no menu bar.
+    /// Adds a top-level menu. Without one the program has no menu bar.
     Program menu(std::string_view title, std::vector<MenuNode> entries) &&;
-    /// None of its attributes can be read.
+    /// Makes all its attributes unreadable.
     Program unreadable() &&;
-    /// Keys cannot be posted to it, for this reason.
+    /// Makes it refuse keys for this reason.
     Program refusesKeys(std::string_view reason) &&;
 
     [[nodiscard]] platform::Pid processIdentifier() const { return processIdentifier_; }
@@ -81,13 +81,13 @@ private:
     std::optional<std::size_t> focusedWindow_;
     std::vector<MenuNode> menus_;
     bool readable_ = true;
-    /// Present in a program that takes no keys.
+    /// Present if the program refuses keys.
     std::optional<std::string> keyRefusal_;
 };
 
 Program program(std::optional<std::string> bundleId = std::nullopt);
 
-/// A key that arrived at a program.
+/// A key that a program has received.
 struct ReceivedKey {
     platform::VirtualKey key;
     bool down;
@@ -95,7 +95,7 @@ struct ReceivedKey {
     std::chrono::nanoseconds at;
 };
 
-/// A program that runs, or ran: what it shows and what arrived at it.
+/// A program that runs or has run: what it shows and what it has received.
 class RunningProgram {
 public:
     explicit RunningProgram(Program program) : program_(std::move(program)) {}

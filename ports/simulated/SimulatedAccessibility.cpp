@@ -17,7 +17,7 @@ namespace role = platform::accessibility_role;
 /// How long a press waits for the program.
 constexpr std::chrono::milliseconds pressLimit{500};
 
-/// An element of a running program; holds neither the program nor anything of it.
+/// An element of a running program. Does not keep the program alive.
 class ProgramElement : public UIElement {
 public:
     ProgramElement(const Machine& machine, std::weak_ptr<RunningProgram> program)
@@ -107,7 +107,7 @@ private:
                          std::to_string(program->application().processIdentifier));
         };
         if (node_.durationOfPress > pressLimit) {
-            // The caller has long been told that it counts as pressed.
+            // The press has already returned success to the caller.
             machine().dispatch.asyncSystem(node_.durationOfPress, act);
             machine().clock.sleep(pressLimit);
             return AccessibilityError::success;

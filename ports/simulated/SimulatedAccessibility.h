@@ -8,7 +8,7 @@
 
 namespace stagehopper::simulated {
 
-/// What happens around an element when it is pressed.
+/// The surroundings in which a press takes effect.
 struct Machine {
     Journal& journal;
     SimulatedClock& clock;
@@ -16,7 +16,7 @@ struct Machine {
 };
 
 /// The programs' windows and menus as elements. Main thread only. Elements of a program that has
-/// quit answer nothing.
+/// quit have no attributes.
 class SimulatedAccessibility final : public platform::Accessibility {
 public:
     SimulatedAccessibility(const Machine& machine, SimulatedWorkspace& workspace)

@@ -19,20 +19,20 @@ public:
     void setMainMenu(const platform::MainMenu& menu) override;
     void activate() override;
     void terminate() override;
-    /// Launches, then runs all that is due, letting time pass, until it is terminated. A desktop
-    /// on which nothing is left to happen would run for ever: that throws.
+    /// Launches, then lets time pass and runs all due work until the application is terminated.
+    /// Throws if no work is left, because the loop would never end.
     int run() override;
 
-    /// The first half of `run`: tests go on from there by moving time themselves.
+    /// The first half of `run`. Tests then move time themselves.
     void finishLaunching();
     /// Asks the delegate whether to quit, as the system does.
     void lastWindowWasClosed();
     /// The user chooses the item with this title; unknown titles throw.
     void userPressesMenuItem(std::string_view title);
 
-    /// How long the main loop turns once more between the delegate's shut-down and the end, as it
-    /// does while a system waits for a child or finishes an animation. Work that was not cancelled
-    /// then runs.
+    /// How long the main loop continues between the delegate's shut-down and the end, as while a
+    /// system waits for a child process or finishes an animation. Work that was not canceled runs
+    /// during this time.
     std::chrono::nanoseconds turnsAtTheEndFor{0};
 
     [[nodiscard]] bool terminated() const { return terminated_; }

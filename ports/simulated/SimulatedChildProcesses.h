@@ -15,19 +15,19 @@ namespace stagehopper::simulated {
 /// How a program behaves when it is started.
 struct ProgramFile {
     std::string output{};
-    /// When it exits by itself, and with what status; absent: it runs until it is asked to end.
+    /// The time after which it exits by itself, and its status; absent: it runs until asked to end.
     std::optional<platform::Duration> exitsAfter{};
     std::int32_t exitStatus = 0;
-    /// How long it takes to end when it is asked to.
+    /// The time it takes to end after the request.
     platform::Duration endsWithin{0.01};
-    /// Why it cannot be started; empty when it can.
+    /// The reason why it cannot be started; empty if it can.
     std::string launchError{};
-    /// Called when it has started, and when it has ended.
+    /// Called after its start and after its end.
     std::function<void()> onStart{};
     std::function<void()> onEnd{};
 };
 
-/// One start of a program, as an onlooker sees it.
+/// One start of a program, seen from outside.
 struct ChildState {
     platform::ChildProcessOptions options;
     bool running = false;
@@ -37,7 +37,7 @@ struct ChildState {
     platform::TerminationHandler onTermination;
 };
 
-/// Other programs, started by us. Main thread and global work.
+/// Other programs that we start. Main thread and global work.
 class SimulatedChildProcesses final : public platform::ChildProcesses {
 public:
     SimulatedChildProcesses(Journal& journal, SimulatedDispatch& dispatch)
@@ -46,16 +46,16 @@ public:
     std::shared_ptr<platform::ChildProcess> makeChildProcess(
         platform::ChildProcessOptions options) override;
 
-    /// What stands under a path; a start of anything else is refused.
+    /// Programs by path. Starting any other path is refused.
     std::map<std::filesystem::path, ProgramFile> programs;
 
-    /// Every start that worked, in order.
+    /// All successful starts, in order.
     [[nodiscard]] std::vector<std::shared_ptr<ChildState>> started() const { return started_; }
     [[nodiscard]] std::vector<std::shared_ptr<ChildState>> started(
         const std::filesystem::path& executable) const;
-    /// The last start of a program; throws when there was none.
+    /// The last start of a program; throws if there was none.
     [[nodiscard]] ChildState& last(const std::filesystem::path& executable) const;
-    /// The program ends by itself, now.
+    /// The program exits by itself now.
     void exits(ChildState& child, std::int32_t status);
 
 private:

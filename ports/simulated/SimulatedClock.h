@@ -8,22 +8,22 @@
 
 namespace stagehopper::simulated {
 
-/// Time that passes only when it is told to. Any thread.
+/// Time that passes only on request. Any thread.
 ///
-/// Two clocks in one, as in a real machine: elapsed time, which timers follow and which only goes
-/// forwards, and the wall clock, which the user may set.
+/// Two clocks, as in a real machine: elapsed time, which drives the timers and only increases, and
+/// the wall clock, which the user may set.
 class SimulatedClock final : public platform::Clock {
 public:
     platform::Date now() override;
-    /// The caller is blocked that long, and so is everything else: elapsed time jumps. Only who
-    /// sleeps on a global queue lets the others go on.
+    /// Blocks the caller and everything else for this time: elapsed time jumps. Only a sleep on a
+    /// global queue lets other work continue.
     void sleep(std::chrono::microseconds duration) override;
 
     [[nodiscard]] std::chrono::nanoseconds elapsed() const;
     void passTime(std::chrono::nanoseconds duration);
-    /// The user sets the wall clock forwards, or, with a negative duration, backwards.
+    /// The user sets the wall clock forward or, with a negative duration, back.
     void userSetsClock(std::chrono::nanoseconds by);
-    /// Makes a piece of global work sleep, and says whether the caller was one.
+    /// Puts a piece of global work to sleep. Returns false if the caller is not one.
     std::function<bool(std::chrono::nanoseconds)> sleepOnGlobalQueue;
 
 private:

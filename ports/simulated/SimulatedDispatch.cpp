@@ -17,11 +17,11 @@ struct SimulatedDispatch::Work {
     std::optional<nanoseconds> interval;
     Lane lane = Lane::main;
     bool cancelled = false;
-    /// Set when it has begun to run and will not run again.
+    /// Set when it starts its last run.
     bool spent = false;
 };
 
-/// What the application holds; work item and timer alike.
+/// The application's handle, for a work item and for a timer.
 class SimulatedDispatch::Handle final : public platform::WorkItem, public platform::Timer {
 public:
     explicit Handle(std::shared_ptr<Work> work) : work_(std::move(work)) {}
@@ -41,7 +41,7 @@ nanoseconds toNanoseconds(platform::Duration duration) {
     return std::max(nanoseconds{0}, std::chrono::duration_cast<nanoseconds>(duration));
 }
 
-/// Marks the span in which a task runs.
+/// Marks the time in which a task runs.
 class RunningSpan {
 public:
     explicit RunningSpan(bool& running) : running_(running), wasRunning_(running) {
@@ -163,7 +163,7 @@ void SimulatedDispatch::run(const std::shared_ptr<Work>& work, nanoseconds due) 
         resumeUnblocked();
     }
     if (!work->interval || work->cancelled) return;
-    // Rounds that went by meanwhile are not made up for.
+    // Missed rounds are skipped.
     auto next = due + *work->interval;
     if (const auto now = clock_.elapsed(); next <= now) {
         next += (now - next) / *work->interval * *work->interval;
@@ -173,7 +173,7 @@ void SimulatedDispatch::run(const std::shared_ptr<Work>& work, nanoseconds due) 
 }
 
 void SimulatedDispatch::resumeUnblocked() {
-    // Each may post, signal or start others: look again from the start until none goes on.
+    // Each may post, signal or start others: start again until none can continue.
     for (bool again = true; again;) {
         again = false;
         for (const auto& thread : std::vector(globalThreads_)) {
@@ -192,7 +192,7 @@ bool SimulatedDispatch::blockUntil(const std::function<bool()>& done,
     if (!GlobalThread::isCurrent()) return blockMainUntil(done, deadline);
 
     if (deadline) {
-        // Nothing else may happen at that moment, and the thread must go on all the same.
+        // No other event may be due then, and the thread must still continue.
         schedule(*deadline, std::make_shared<Work>(Work{[] {}, {}, Lane::beside}));
     }
     GlobalThread::giveWayUntil(
@@ -266,7 +266,7 @@ bool SimulatedDispatch::runNext() {
 void SimulatedDispatch::close() {
     {
         std::map<Key, std::shared_ptr<Work>>
-            dropped;  // destroyed without the lock: tasks own things
+            dropped;  // destroyed without the lock: tasks own objects
         const std::lock_guard lock(mutex_);
         closed_ = true;
         dropped.swap(queue_);

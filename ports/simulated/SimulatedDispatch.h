@@ -19,10 +19,9 @@ class GlobalThread;
 /// Queues and timers in virtual time. Posting: any thread. Running: the test's thread, which plays
 /// the main thread.
 ///
-/// Work is ordered by the time it is due and, among equals, by the order of posting. Only one piece
-/// runs at any moment, so that every run is the same. Work of the global queues may block: it gives
-/// way to the others until what it waits for has come. While the main thread blocks, all but its
-/// own work goes on.
+/// Work is ordered by its due time and, among equals, by the order of posting. Only one piece runs
+/// at a time, so that every run is the same. Work of the global queues may block; other work then
+/// continues until the wait is over. While the main thread blocks, all other work continues.
 class SimulatedDispatch final : public platform::Dispatch {
 public:
     explicit SimulatedDispatch(SimulatedClock& clock);
@@ -37,31 +36,30 @@ public:
     void asyncMainAfter(platform::Duration delay, platform::Task task) override;
     std::shared_ptr<platform::Semaphore> makeSemaphore() override;
 
-    /// Runs `task`, which must not block, beside the main thread: what the system's own threads do.
+    /// Runs `task`, which must not block, like a thread of the system beside the main thread.
     void asyncSystem(platform::Duration delay, platform::Task task);
-    /// Blocks whoever calls it until `done`, or until `limit` has passed; true when done. Waiting
-    /// without a limit for what cannot come any more throws.
+    /// Blocks the caller until `done` holds or `limit` has passed; returns whether it holds. Throws
+    /// if there is no limit and `done` can no longer become true.
     bool blockUntil(const std::function<bool()>& done,
                     std::optional<std::chrono::nanoseconds> limit);
-    /// Blocks a piece of global work for that long; false on any other thread, without blocking.
+    /// Blocks a piece of global work for this time. On other threads returns false at once.
     bool sleepOnGlobalQueue(std::chrono::nanoseconds duration);
 
-    /// Runs what is due, and what becomes due by running it, without letting time pass.
+    /// Runs due work, including work that it makes due, without letting time pass.
     void runReady();
-    /// Lets time pass, running each piece of work when it is due.
+    /// Lets time pass and runs each piece of work when it is due.
     void advance(std::chrono::nanoseconds duration);
-    /// The machine sleeps: time jumps, and what was missed is run late, a repeating timer once.
+    /// The machine sleeps: time jumps, and missed work runs late, a repeating timer only once.
     void sleepFor(std::chrono::nanoseconds duration);
-    /// Runs the next piece of work, letting time pass until it is due. False when there is none.
+    /// Lets time pass until the next piece of work is due and runs it. False if there is none.
     bool runNext();
-    /// What a call into the system does that turns the main loop before it returns: runs all that
-    /// becomes due within that time, also from inside a task.
+    /// Acts like a system call that runs a nested main loop: runs all work that becomes due within
+    /// this time. Allowed inside a task.
     void turnNested(std::chrono::nanoseconds duration);
-    /// Drops all work, what blocks on a global queue included; what is posted from now on is
-    /// dropped too.
+    /// Drops all work, including blocked global work and work that is posted later.
     void close();
 
-    /// Timers and work items that the application holds and that will still run.
+    /// The number of timers and work items that the application holds and that will still run.
     [[nodiscard]] std::size_t armed() const;
 
 private:
@@ -69,19 +67,19 @@ private:
     /// One piece of work. Shared with the handle that may cancel it.
     struct Work;
     class Handle;
-    /// When it is due, and its place in the order of posting.
+    /// Its due time and its number in the order of posting.
     using Key = std::pair<std::chrono::nanoseconds, std::uint64_t>;
 
-    /// A task that moved time would run other tasks inside itself: that throws.
+    /// Throws inside a task: a task that moves time would run other tasks inside itself.
     void requireIdle() const;
     std::shared_ptr<Work> schedule(std::chrono::nanoseconds due, std::shared_ptr<Work> work);
     std::unique_ptr<Handle> scheduleWithHandle(std::chrono::nanoseconds due,
                                                std::shared_ptr<Work> work);
-    /// With `besideMain`, work of the main thread is left alone.
+    /// With `besideMain`, skips the main thread's work.
     std::shared_ptr<Work> takeDue(std::chrono::nanoseconds limit, std::chrono::nanoseconds& due,
                                   bool besideMain = false);
     void run(const std::shared_ptr<Work>& work, std::chrono::nanoseconds due);
-    /// Blocked global work that need not wait any longer goes on.
+    /// Resumes blocked global work whose wait is over.
     void resumeUnblocked();
     bool blockMainUntil(const std::function<bool()>& done,
                         std::optional<std::chrono::nanoseconds> deadline);
@@ -93,9 +91,9 @@ private:
     std::map<Key, std::shared_ptr<Work>> queue_;
     std::uint64_t posted_ = 0;
     bool closed_ = false;
-    /// What the application got a handle for. Main thread only.
+    /// Work for which the application has a handle. Main thread only.
     std::vector<std::weak_ptr<Work>> handedOut_;
-    /// Global work that has started and not finished.
+    /// Global work that has started and has not finished.
     std::vector<std::shared_ptr<GlobalThread>> globalThreads_;
 };
 

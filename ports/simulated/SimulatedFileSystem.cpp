@@ -9,7 +9,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr int maxLinks = 40;  // as in a real kernel: links in a circle end somewhere
+constexpr int maxLinks = 40;  // as in a real kernel: ends circular links
 
 bool isInside(const fs::path& path, const fs::path& directory) {
     return std::mismatch(directory.begin(), directory.end(), path.begin(), path.end()).first ==

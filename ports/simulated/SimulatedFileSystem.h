@@ -10,7 +10,7 @@
 
 namespace stagehopper::simulated {
 
-/// Files in memory. Any thread. Directories are there as soon as something stands in them.
+/// Files in memory. Any thread. A directory exists if it contains something.
 class SimulatedFileSystem final : public platform::FileSystem {
 public:
     bool fileExists(const std::filesystem::path& path) override;
@@ -19,22 +19,22 @@ public:
     bool appendToFile(const std::filesystem::path& path, std::string_view bytes) override;
     std::filesystem::path resolvingSymlinks(const std::filesystem::path& path) override;
 
-    /// What others do with the files.
+    /// Other programs' actions on the files.
     void put(const std::filesystem::path& path, std::string_view contents);
     void link(const std::filesystem::path& path, const std::filesystem::path& target);
-    /// A second name of the file that stands under `target`, which both then share.
+    /// Adds a second name for the file at `target`. Both names share the file.
     void hardLink(const std::filesystem::path& path, const std::filesystem::path& target);
-    /// The file belongs to another user, who lets everybody write to it.
+    /// Gives the file to another user; all users may write to it.
     void giveToAnotherUser(const std::filesystem::path& path);
     void remove(const std::filesystem::path& path);
     void setExecutable(const std::filesystem::path& path, bool executable);
     void setWritable(const std::filesystem::path& path, bool writable);
-    /// False: the disk takes no new file.
+    /// False: no new file can be created.
     void setCanCreate(bool canCreate);
-    /// Another program acts between our look at a path and the making of a file there. Once.
+    /// Called once, between our check of a path and the creation of a file there.
     void beforeNextCreation(std::function<void()> act);
 
-    /// What stands under this very path; a link is not followed.
+    /// The entry at this path. Does not follow a link.
     [[nodiscard]] bool exists(const std::filesystem::path& path) const;
     [[nodiscard]] std::string contents(const std::filesystem::path& path) const;
 

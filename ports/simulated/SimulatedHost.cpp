@@ -8,7 +8,7 @@ namespace stagehopper::simulated {
 
 std::string SimulatedHost::makeUuid() {
     std::array<char, 37> text{};
-    // An odd factor keeps the values of one run apart without making them look like a counter.
+    // An odd factor makes the values of one run different without looking like a counter.
     std::snprintf(text.data(), text.size(), "%08X-0000-4000-8000-000000000000",
                   ++uuids_ * 0x9E3779B1U);
     return text.data();

@@ -6,7 +6,7 @@
 
 namespace stagehopper::simulated {
 
-/// A process as a test wants it. Its fields are set before other threads ask.
+/// A process with the properties that a test chooses. Set its fields before other threads run.
 class SimulatedHost final : public platform::Host {
 public:
     std::optional<std::string> bundleIdentifier() override { return bundleId; }
@@ -17,9 +17,9 @@ public:
     std::filesystem::path currentDirectory() override { return workingDirectory; }
     platform::Environment environment() override { return variables; }
     platform::Pid processIdentifier() override { return pid; }
-    /// The same sequence in every run, so that a run can be repeated exactly.
+    /// The same sequence in every run, so that runs can be repeated exactly.
     std::string makeUuid() override;
-    /// `time`, if there is one; else the date's own, where the local time is the world's.
+    /// `time` if it is not empty; otherwise the date's time in UTC.
     std::string localizedTime(platform::Date date) override;
 
     std::optional<std::string> bundleId;

@@ -8,7 +8,7 @@
 
 namespace stagehopper::simulated {
 
-/// Screens as a test arranges them. Main thread only.
+/// Screens in a test's arrangement. Main thread only.
 class SimulatedScreens final : public platform::Screens {
 public:
     std::optional<platform::Rect> mainScreenFrame() override { return main; }
@@ -20,7 +20,7 @@ public:
     std::vector<platform::Rect> frames{{0, 0, {1440, 900}}};
     std::optional<platform::Rect> main = frames.front();
 
-    /// The arrangement changed: tells who observes.
+    /// Notifies the observers of a change.
     void change() {
         for (const auto& weak : observers_) {
             if (const auto observer = weak.lock()) observer->screenDidChange();

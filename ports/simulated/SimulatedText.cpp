@@ -7,15 +7,15 @@ namespace stagehopper::simulated {
 namespace {
 
 constexpr std::string_view replacement = "\xEF\xBF\xBD";
-/// Base letters of U+00E0 to U+00FF; a blank stands for a letter that has none.
+/// Base letters of U+00E0 to U+00FF; a blank where there is none.
 constexpr std::string_view baseLetters = "aaaaaa ceeeeiiii nooooo  uuuuy y";
 
 unsigned char byteAt(std::string_view text, std::size_t i) {
     return i < text.size() ? static_cast<unsigned char>(text[i]) : 0;
 }
 
-/// Length of the well-formed sequence at the beginning; 0 for none. Good enough for a simulation:
-/// overlong forms pass.
+/// Length of the well-formed sequence at the beginning, or 0. Simplified for the simulation:
+/// overlong forms are accepted.
 std::size_t sequenceLength(std::string_view text) {
     const auto lead = byteAt(text, 0);
     std::size_t length = 0;
@@ -34,7 +34,7 @@ std::string lowerCharacter(std::string_view character) {
     if (character.size() == 1 && character[0] >= 'A' && character[0] <= 'Z') {
         lower[0] = static_cast<char>(character[0] - 'A' + 'a');
     }
-    // À to Þ lie 0x20 before à to þ; the multiplication sign among them stays.
+    // À to Þ are 0x20 before à to þ. The multiplication sign between them is not changed.
     const auto second = byteAt(character, 1);
     if (byteAt(character, 0) == 0xC3U && second <= 0x9EU && second != 0x97U) {
         lower[1] = static_cast<char>(second + 0x20U);

@@ -4,8 +4,8 @@
 
 namespace stagehopper::simulated {
 
-/// Folds ASCII, Latin-1 and combining accents; other scripts stay as they are. Enough for titles in
-/// English, French, German and Chinese, the same in every locale. Any thread.
+/// Folds ASCII, Latin-1 and combining accents; does not change other scripts. Sufficient for titles
+/// in English, French, German and Chinese. The same in every locale. Any thread.
 class SimulatedText final : public platform::Text {
 public:
     std::string folded(std::string_view text) override;

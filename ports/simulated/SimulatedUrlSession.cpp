@@ -8,7 +8,7 @@ namespace stagehopper::simulated {
 
 namespace {
 
-/// The system's own limit for a request without an answer.
+/// The system's time limit for a request without an answer.
 constexpr platform::Duration requestLimit{60};
 constexpr const char* refused = "Could not connect to the server.";
 constexpr const char* timedOut = "The request timed out.";
@@ -20,7 +20,7 @@ struct Address {
     std::string path;
 };
 
-/// Of "scheme://127.0.0.1:PORT/path?query"; another host has no port that anybody serves.
+/// The port in "scheme://127.0.0.1:PORT/path?query". Other hosts have no servers.
 Address addressOf(const std::string& url) {
     constexpr std::string_view host = "://127.0.0.1:";
     const auto start = url.find(host);
@@ -44,7 +44,7 @@ bool isSocketAddress(const std::string& url) {
 
 }  // namespace
 
-/// The client's end. It shares its connection with the server, so that either may be gone first.
+/// The client's end. It shares the connection with the server, so that either may go first.
 class SimulatedWebSocketTask final : public platform::WebSocketTask {
 public:
     SimulatedWebSocketTask(SimulatedUrlSession& session, const std::string& url)
@@ -70,7 +70,7 @@ public:
     void receive(std::function<void(platform::ReceiveResult)> completion) override {
         if (!connection_->inbox.empty()) {
             auto result = std::move(connection_->inbox.front());
-            // The reason of the end stays for all who ask later.
+            // Later receives also get the reason of the end.
             if (std::holds_alternative<platform::UrlError>(result)) {
                 connection_->inbox.front() = result;
             } else {

@@ -15,15 +15,15 @@
 
 namespace stagehopper::simulated {
 
-/// The server's end of one WebSocket connection, and what the client did with it.
+/// The server's end of one WebSocket connection, and the client's actions on it.
 struct SocketConnection {
     std::string url;
-    /// False once either side closed it or it failed.
+    /// False after either side has closed it or it has failed.
     bool open = false;
     std::optional<int> closeCode;
     int pings = 0;
 
-    /// What is on its way to the client, oldest first; and who waits for it.
+    /// Messages on their way to the client and the receives that wait for them, oldest first.
     std::deque<platform::ReceiveResult> inbox;
     std::deque<std::function<void(platform::ReceiveResult)>> receivers;
     std::vector<std::function<void(std::optional<platform::UrlError>)>> pongHandlers;
@@ -31,22 +31,22 @@ struct SocketConnection {
 
 /// A server on a port of the loopback interface.
 struct Server {
-    /// What it answers, by path; anything else is a 404.
+    /// Its answers by path; any other path gets a 404.
     std::map<std::string, platform::HttpResponse> answers{{"/health", {200, "ok"}}};
-    /// Takes that long to answer a request; absent: never answers.
+    /// The time until a request is answered; absent: never.
     std::optional<platform::Duration> answersAfter = platform::Duration{0};
-    /// Paths whose answers break off behind the head.
+    /// Paths whose answers break off after the head.
     std::vector<std::string> brokenPaths;
     /// Paths whose requests are never answered.
     std::vector<std::string> silentPaths;
     bool takesSockets = true;
     bool answersPings = true;
-    /// Every socket ever opened here, oldest first.
+    /// All sockets ever opened here, oldest first.
     std::vector<std::shared_ptr<SocketConnection>> connections;
 };
 
-/// HTTP and WebSocket in memory: the loopback interface, with a server on some ports. Completions
-/// come on the system's lane of the dispatch. Main thread and global work.
+/// HTTP and WebSocket in memory: the loopback interface with servers on some ports. Completions run
+/// on the system's lane of the dispatch. Main thread and global work.
 class SimulatedUrlSession final : public platform::UrlSession {
 public:
     SimulatedUrlSession(Journal& journal, SimulatedDispatch& dispatch)
@@ -56,17 +56,17 @@ public:
                        std::function<void(platform::DataResult)> completion) override;
     std::shared_ptr<platform::WebSocketTask> makeWebSocketTask(const std::string& url) override;
 
-    /// Puts a server on a port, or gives the one that is there.
+    /// Starts a server on a port or returns the existing one.
     Server& serve(int port);
-    /// The server and its connections are gone.
+    /// Removes the server and its connections.
     void stopServing(int port);
 
     /// The server sends a text, or bytes.
     void sends(SocketConnection& connection, std::string text);
     void sendsBytes(SocketConnection& connection, std::string bytes);
-    /// The connection breaks; whoever waits is told why.
+    /// Breaks the connection; pending receives and pings get the reason.
     void breaks(SocketConnection& connection, const std::string& why);
-    /// The last socket opened on that port; throws when there was none.
+    /// The last socket opened on this port; throws if there was none.
     [[nodiscard]] SocketConnection& lastConnection(int port);
 
     /// How many connections are open, on all ports together.

@@ -123,7 +123,7 @@ void Page::post(platform::ScriptMessage message) const {
         if (!state) return;
         const auto handler = state->configuration.messageHandlers.find(message.name);
         if (handler == state->configuration.messageHandlers.end()) return;
-        // The handler may close the very view that holds it.
+        // The handler may close the view that holds it.
         const auto held = handler->second;
         held->didReceive(message);
     });
@@ -188,12 +188,12 @@ PanelState& SimulatedUserInterface::panel() {
 }
 
 Page SimulatedUserInterface::panelPage() {
-    // The panel window has the first web view, each panel made since has one more.
+    // The panel window has the first web view; each panel made later has one more.
     return page(panels_.size());
 }
 
 void SimulatedUserInterface::userClosesWindow() {
-    // Held: the delegate may drop the window.
+    // Keeps the window: the delegate may drop it.
     const auto closing = windows_.empty() ? nullptr : windows_.back();
     if (!closing) throw std::logic_error("no window was made");
     auto& closed = *closing;

@@ -24,9 +24,9 @@ struct WindowState {
     bool key = false;
     bool visible = false;
     std::weak_ptr<platform::WindowDelegate> delegate;
-    /// What the application holds; gone with it.
+    /// The application's handle; empty after it was dropped.
     const platform::Window* window = nullptr;
-    /// False once it was closed, by the user or by dropping its handle.
+    /// False after it was closed by the user or by dropping its handle.
     bool open = true;
 };
 
@@ -36,12 +36,12 @@ struct PanelState {
     platform::Rect frame;
     std::shared_ptr<platform::WebView> contentView;
     bool visible = false;
-    /// False once its handle was dropped.
+    /// False after its handle was dropped.
     bool open = true;
     int timesOrderedFront = 0;
 };
 
-/// A page in a web view: what the application asked of it.
+/// A page in a web view, and the application's requests to it.
 struct PageState {
     platform::WebViewConfiguration configuration;
     std::filesystem::path file;
@@ -51,19 +51,19 @@ struct PageState {
     bool drawsBackground = true;
 };
 
-/// The page's side of a web view. Keeps nothing alive: a page whose view is gone still runs here,
-/// but what it posts reaches nobody. The getters need a view that is still there.
+/// The page's side of a web view. Holds nothing strongly: a page without a view still runs here,
+/// but its posts are not delivered. The getters need an existing view.
 class Page {
 public:
     Page(std::weak_ptr<PageState> state, SimulatedDispatch& dispatch)
         : state_(std::move(state)), dispatch_(&dispatch) {}
 
-    /// Posts a text to the handler of that name; it is delivered when the main queue runs.
+    /// Posts a text to the handler with this name; it is delivered when the main queue runs.
     void posts(const std::string& handler, std::string_view text) const;
-    /// Posts something that is no text.
+    /// Posts a value that is not a text.
     void postsNonText(const std::string& handler) const;
 
-    /// Whether its view is still there.
+    /// Whether its view still exists.
     [[nodiscard]] bool isOpen() const { return !state_.expired(); }
     [[nodiscard]] platform::Rect frame() const { return state_.lock()->frame; }
     [[nodiscard]] bool drawsBackground() const { return state_.lock()->drawsBackground; }
@@ -93,18 +93,18 @@ public:
     std::shared_ptr<platform::WebView> makeWebView(
         const platform::Rect& frame, const platform::WebViewConfiguration& configuration) override;
 
-    /// The window made last; throws when there was none.
+    /// The window made last; throws if there was none.
     [[nodiscard]] WindowState& window();
-    /// The page of the web view that was made as the `index`th; throws when there was none.
+    /// The page of web view number `index` in the order of making; throws if there is none.
     [[nodiscard]] Page page(std::size_t index);
     /// All panels ever made, oldest first.
     [[nodiscard]] const std::vector<std::shared_ptr<PanelState>>& panels() const { return panels_; }
-    /// The panel made last, and its page; they throw when there was none.
+    /// The panel made last, and its page; both throw if there was none.
     [[nodiscard]] PanelState& panel();
     [[nodiscard]] Page panelPage();
     /// The user closes the window made last.
     void userClosesWindow();
-    /// Called when a window that the user closed was the last one.
+    /// Called after the user has closed the last window.
     std::function<void()> lastWindowWasClosed;
 
 private:

@@ -11,7 +11,7 @@
 
 namespace stagehopper::simulated {
 
-/// The programs beside us. Main thread only.
+/// The other programs. Main thread only.
 class SimulatedWorkspace final : public platform::Workspace {
 public:
     explicit SimulatedWorkspace(Journal& journal) : journal_(journal) {}
@@ -22,16 +22,16 @@ public:
 
     void start(Program program);
     void quit(platform::Pid pid);
-    /// Null when no such process runs.
+    /// Null if no such process runs.
     [[nodiscard]] std::shared_ptr<RunningProgram> find(platform::Pid pid) const;
-    /// The program in front; absent for none.
+    /// The program in front, if any.
     std::optional<platform::Pid> front;
     bool canOpen = true;
     std::vector<std::string> openedUrls;
 
 private:
     Journal& journal_;
-    /// In the order of their start.
+    /// In starting order.
     std::vector<std::shared_ptr<RunningProgram>> programs_;
 };
 

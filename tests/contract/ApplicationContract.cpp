@@ -37,7 +37,7 @@ private:
     platform::Platform platform_;
 };
 
-TEST_F(ApplicationContract, RunReturnsZeroAfterTheDelegateWasToldOnce) {
+TEST_F(ApplicationContract, RunReturnsZeroAfterOneCallOfTheDelegate) {
     const auto delegate = std::make_shared<Quitter>(port);
     delegate->afterLaunch = [this] {
         port.dispatch.asyncMain([this] {
@@ -67,7 +67,7 @@ TEST_F(ApplicationContract, WorkStillQueuedAtTheEndIsDropped) {
     EXPECT_TRUE(order.empty());
 }
 
-TEST_F(ApplicationContract, ADelegateThatIsGoneIsNotCalled) {
+TEST_F(ApplicationContract, ADestroyedDelegateIsNotCalled) {
     auto delegate = std::make_shared<Quitter>(port);
     port.application.setDelegate(delegate);
     delegate.reset();

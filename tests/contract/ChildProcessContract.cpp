@@ -74,7 +74,7 @@ TEST_F(ChildProcessContract, NothingRunsBeforeTheLaunch) {
     EXPECT_TRUE(untilExits(1));
 }
 
-TEST_F(ChildProcessContract, ARefusedLaunchHasAReasonAndEveryCallDoesNothing) {
+TEST_F(ChildProcessContract, AfterARefusedLaunchThereIsAReasonAndEveryCallDoesNothing) {
     for (const auto& path :
          {harness->notAProgram(), harness->temporaryDirectory() / "nothing here"}) {
         const auto process = make(path, true);
@@ -98,7 +98,7 @@ TEST_F(ChildProcessContract, TheOutputIsReadToItsEnd) {
     EXPECT_EQ(process->terminationStatus(), 0);
 }
 
-TEST_F(ChildProcessContract, OutputThatNobodyAskedForIsNotKept) {
+TEST_F(ChildProcessContract, OutputThatIsNotCapturedIsNotKept) {
     const auto process = make(harness->programThatWrites("one\n"));
     ASSERT_TRUE(process->launch(counting()));
     process->waitUntilExit();
@@ -134,7 +134,7 @@ TEST_F(ChildProcessContract, WaitingForAnEndedProgramReturnsEachTime) {
     EXPECT_EQ(process->terminationStatus(), 0);
 }
 
-TEST_F(ChildProcessContract, DroppingTheHandleLeavesTheProgramRunningAndItsExitIsStillTold) {
+TEST_F(ChildProcessContract, DroppingTheHandleKeepsTheProgramRunningAndItsExitIsStillReported) {
     auto process = make(harness->programThatExits(5));
     ASSERT_TRUE(process->launch(counting()));
     process.reset();

@@ -68,7 +68,7 @@ TEST_F(DispatchContract, TasksFromAnotherThreadRunOnTheMainThreadInOrder) {
     EXPECT_THAT(threads, testing::Each(mainThread));
 }
 
-TEST_F(DispatchContract, GlobalWorkMayHopToTheMainQueue) {
+TEST_F(DispatchContract, GlobalWorkMayPostToTheMainQueue) {
     dispatch.asyncGlobal(platform::QualityOfService::userInitiated,
                          [this] { dispatch.asyncMain([this] { order.push_back(1); }); });
     EXPECT_TRUE(untilOrderHas(1));
@@ -164,7 +164,7 @@ TEST_F(DispatchContract, GlobalWorkMayDelayATask) {
     EXPECT_TRUE(untilOrderHas(1));
 }
 
-TEST_F(DispatchContract, ATimerRepeatsAndItsFirstRoundIsOneIntervalAway) {
+TEST_F(DispatchContract, ATimerRepeatsFirstAfterOneInterval) {
     const auto start = port.clock.now();
     platform::Date first;
     const auto timer = dispatch.repeatMain(20ms, [&] {
@@ -196,7 +196,7 @@ TEST_F(DispatchContract, AnInvalidatedTimerStops) {
     EXPECT_EQ(order.size(), rounds);
 }
 
-TEST_F(DispatchContract, MissedRoundsAreNotMadeUpFor) {
+TEST_F(DispatchContract, MissedRoundsAreSkipped) {
     std::vector<platform::Date> rounds;
     const auto timer = dispatch.repeatMain(40ms, [&] {
         if (rounds.empty()) port.clock.sleep(200ms);

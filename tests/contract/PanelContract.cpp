@@ -56,7 +56,7 @@ protected:
     std::shared_ptr<platform::Panel> panel;
 };
 
-TEST_F(PanelContract, ThePageGoesOnRunningWhileThePanelIsOut) {
+TEST_F(PanelContract, ThePageRunsWhileThePanelIsHidden) {
     panel->orderOut();
     EXPECT_TRUE(answers("hidden"));
     panel->orderFrontRegardless();
@@ -103,7 +103,7 @@ public:
     int told = 0;
 };
 
-TEST_F(PanelContract, APanelKeepsNoProgramRunningWhoseLastWindowCloses) {
+TEST_F(PanelContract, APanelDoesNotKeepTheProgramRunningAfterItsLastWindow) {
     const auto window =
         port.userInterface.makeWindow({{0, 0, {300, 200}}, platform::windowClosable});
     window->makeKeyAndOrderFront();
@@ -117,7 +117,7 @@ TEST_F(PanelContract, APanelKeepsNoProgramRunningWhoseLastWindowCloses) {
     EXPECT_EQ(delegate->told, 1);
 }
 
-TEST_F(PanelContract, DroppingAPanelEndsNoProgram) {
+TEST_F(PanelContract, DroppingAPanelDoesNotEndTheProgram) {
     const auto delegate = std::make_shared<Quitter>();
     std::unique_ptr<platform::WorkItem> drop;
     std::unique_ptr<platform::WorkItem> quit;

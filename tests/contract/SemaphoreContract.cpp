@@ -23,7 +23,7 @@ TEST_F(SemaphoreContract, WithoutASignalTheWaitEndsAtItsLimitAndNotBefore) {
     EXPECT_GE(port.clock.now() - start, 29ms);
 }
 
-TEST_F(SemaphoreContract, AWaitOfNoTimeOnlyLooks) {
+TEST_F(SemaphoreContract, AWaitOfZeroReturnsAtOnce) {
     EXPECT_FALSE(semaphore->wait(0s));
     EXPECT_FALSE(semaphore->wait(-1s));
     semaphore->signal();

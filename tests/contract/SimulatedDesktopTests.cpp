@@ -10,7 +10,7 @@ namespace {
 using namespace std::chrono_literals;
 using testing::ElementsAre;
 
-TEST(SimulatedDesktop, TimePassesOnlyWhenItIsTold) {
+TEST(SimulatedDesktop, TimePassesOnlyOnRequest) {
     Desktop desktop;
     const auto start = desktop.clock.now();
     desktop.runReady();

@@ -26,26 +26,26 @@ protected:
     std::filesystem::path file = directory / "a.log";
 };
 
-TEST_F(SystemContract, AFileIsMadeWithItsContents) {
+TEST_F(SystemContract, AFileIsCreatedWithItsContents) {
     EXPECT_FALSE(port.fileSystem.fileExists(file));
     EXPECT_TRUE(port.fileSystem.createFile(file, "one\n"));
     EXPECT_TRUE(port.fileSystem.fileExists(file));
     EXPECT_EQ(harness->contentsOf(file), "one\n");
 }
 
-TEST_F(SystemContract, BytesAreAddedAtTheEnd) {
+TEST_F(SystemContract, BytesAreAppended) {
     harness->plantFile(file, "one\n");
     EXPECT_TRUE(port.fileSystem.appendToFile(file, "t\0wo\n"s));
     EXPECT_EQ(harness->contentsOf(file), "one\nt\0wo\n"s);
 }
 
-TEST_F(SystemContract, CreatingLeavesAnExistingFileAlone) {
+TEST_F(SystemContract, CreatingDoesNotChangeAnExistingFile) {
     harness->plantFile(file, "one\n");
     EXPECT_FALSE(port.fileSystem.createFile(file, "two\n"));
     EXPECT_EQ(harness->contentsOf(file), "one\n");
 }
 
-TEST_F(SystemContract, AppendingNeverMakesAFile) {
+TEST_F(SystemContract, AppendingNeverCreatesAFile) {
     EXPECT_FALSE(port.fileSystem.appendToFile(file, "one\n"));
     EXPECT_FALSE(port.fileSystem.fileExists(file));
 }
@@ -57,14 +57,14 @@ TEST_F(SystemContract, AppendingDoesNotFollowALink) {
     EXPECT_EQ(harness->contentsOf(directory / "diary"), "dear diary\n");
 }
 
-TEST_F(SystemContract, AppendingLeavesAFileWithASecondNameAlone) {
+TEST_F(SystemContract, AppendingRefusesAFileWithASecondName) {
     harness->plantFile(directory / "diary", "dear diary\n");
     harness->plantHardLink(file, directory / "diary");
     EXPECT_FALSE(port.fileSystem.appendToFile(file, "one\n"));
     EXPECT_EQ(harness->contentsOf(directory / "diary"), "dear diary\n");
 }
 
-TEST_F(SystemContract, CreatingDoesNotFollowALinkToNothing) {
+TEST_F(SystemContract, CreatingDoesNotFollowADanglingLink) {
     harness->plantLink(file, directory / "new");
     EXPECT_FALSE(port.fileSystem.fileExists(file));
     EXPECT_FALSE(port.fileSystem.createFile(file, "one\n"));
@@ -79,7 +79,7 @@ TEST_F(SystemContract, LinksAreResolvedAsFarAsThePathExists) {
     EXPECT_EQ(port.fileSystem.resolvingSymlinks(directory / "link" / "none"), real / "none");
 }
 
-TEST_F(SystemContract, WhatMayBeExecutedIsAFileWithThatRightOrADirectory) {
+TEST_F(SystemContract, ExecutableFilesAndDirectoriesCountAsExecutable) {
     harness->plantFile(file, "one\n");
     harness->plantExecutable(directory / "program");
     harness->plantLink(directory / "link", directory / "program");
@@ -92,7 +92,7 @@ TEST_F(SystemContract, WhatMayBeExecutedIsAFileWithThatRightOrADirectory) {
     EXPECT_FALSE(port.fileSystem.isExecutableFile(directory / "nothing"));
 }
 
-TEST_F(SystemContract, AProcessHasANumberAndVariablesWithNames) {
+TEST_F(SystemContract, AProcessHasAnIdAndNamedVariables) {
     EXPECT_GT(port.host.processIdentifier(), 0);
     const auto environment = port.host.environment();
     EXPECT_FALSE(environment.empty());
@@ -129,19 +129,19 @@ TEST_F(SystemContract, ALocalTimeHasSecondsAndNoDate) {
     EXPECT_EQ(time, port.host.localizedTime(moment + 48h));
 }
 
-TEST_F(SystemContract, FoldingTakesCaseAndDiacriticsAway) {
+TEST_F(SystemContract, FoldingRemovesCaseAndDiacritics) {
     EXPECT_EQ(port.text.folded("ÉtÜde"), port.text.folded("etude"));
     EXPECT_EQ(port.text.folded("e\u0301"), port.text.folded("E"));
     EXPECT_NE(port.text.folded("next"), port.text.folded("text"));
 }
 
-TEST_F(SystemContract, FoldingLeavesFormsThatAreNeitherCaseNorDiacriticsAlone) {
+TEST_F(SystemContract, FoldingKeepsOtherFormsOfCharacters) {
     EXPECT_EQ(port.text.folded("next…"), "next…");
     EXPECT_NE(port.text.folded("ｎｅｘｔ"), "next");
     EXPECT_NE(port.text.folded("2²"), "22");
 }
 
-TEST_F(SystemContract, FoldingLeavesChineseAlone) {
+TEST_F(SystemContract, FoldingKeepsChinese) {
     EXPECT_EQ(port.text.folded("下一张幻灯片"), "下一张幻灯片");
 }
 

@@ -40,7 +40,7 @@ TEST_F(UrlSessionContract, AnyStatusIsAResponse) {
     EXPECT_THAT(came->all(), ElementsAre("500 oh"));
 }
 
-TEST_F(UrlSessionContract, ARedirectIsAResponseOfItsOwnWhereverItLeads) {
+TEST_F(UrlSessionContract, ARedirectIsAResponseAndIsNotFollowed) {
     server.answers("/elsewhere", {200, "fine"});
     server.redirects("/health", "http://" + server.authority() + "/elsewhere");
     get("http://" + server.authority() + "/health");
@@ -48,26 +48,26 @@ TEST_F(UrlSessionContract, ARedirectIsAResponseOfItsOwnWhereverItLeads) {
     EXPECT_THAT(came->all(), ElementsAre("302 "));
 }
 
-TEST_F(UrlSessionContract, AStatusCountsThoughItsBodyBreaksOff) {
+TEST_F(UrlSessionContract, AStatusIsDeliveredWithAnIncompleteBody) {
     server.breaksOff("/health", {200, "half a"});
     get("http://" + server.authority() + "/health");
     ASSERT_TRUE(untilCame(1));
     EXPECT_THAT(came->all(), ElementsAre("200 , error"));
 }
 
-TEST_F(UrlSessionContract, ARefusedRequestIsAnErrorInWords) {
+TEST_F(UrlSessionContract, ARefusedRequestFailsWithAMessage) {
     get("http://" + harness->refusingAuthority() + "/health");
     ASSERT_TRUE(untilCame(1));
     EXPECT_THAT(came->all(), ElementsAre("error"));
 }
 
-TEST_F(UrlSessionContract, AnAddressThatIsNoneIsAnErrorInWords) {
+TEST_F(UrlSessionContract, AnInvalidUrlFailsWithAMessage) {
     get("no address");
     ASSERT_TRUE(untilCame(1));
     EXPECT_THAT(came->all(), ElementsAre("error"));
 }
 
-TEST_F(UrlSessionContract, ARequestWithoutAnswerKeepsNoOtherWaiting) {
+TEST_F(UrlSessionContract, ARequestWithoutAnswerDoesNotDelayOthers) {
     server.neverAnswers("/silent");
     server.answers("/health", {200, "fine"});
     get("http://" + server.authority() + "/silent");

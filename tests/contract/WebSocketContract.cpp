@@ -67,14 +67,14 @@ TEST_F(WebSocketContract, NothingIsConnectedBeforeResume) {
     EXPECT_THAT(came->all(), IsEmpty());
 }
 
-TEST_F(WebSocketContract, TheServerSeesPathAndQueryAsTheyAreInTheAddress) {
+TEST_F(WebSocketContract, TheServerReceivesPathAndQueryUnchanged) {
     const auto task = socketTo("/ws?roomCode=A%20B&role=guest&displayName=");
     task->resume();
     ASSERT_TRUE(until([this] { return !server.socketTargets().empty(); }));
     EXPECT_THAT(server.socketTargets(), ElementsAre("/ws?roomCode=A%20B&role=guest&displayName="));
 }
 
-TEST_F(WebSocketContract, TextAndBytesArriveAsSuchAndInOrder) {
+TEST_F(WebSocketContract, TextAndBytesKeepTheirKindAndOrder) {
     const auto task = connected();
     server.sends({text, "eins \xc3\xa4"});
     server.sends({binary, "\x01\x02"});
@@ -83,7 +83,7 @@ TEST_F(WebSocketContract, TextAndBytesArriveAsSuchAndInOrder) {
     EXPECT_THAT(came->all(), ElementsAre("text eins \xc3\xa4", "binary \x01\x02"));
 }
 
-TEST_F(WebSocketContract, MessagesWaitUntilSomebodyAsks) {
+TEST_F(WebSocketContract, MessagesAreKeptUntilTheyAreReceived) {
     const auto task = connected();
     for (const char* word : {"one", "two", "three"}) server.sends({text, word});
     for (std::size_t i = 1; i <= 3; ++i) {
@@ -93,7 +93,7 @@ TEST_F(WebSocketContract, MessagesWaitUntilSomebodyAsks) {
     EXPECT_THAT(came->all(), ElementsAre("text one", "text two", "text three"));
 }
 
-TEST_F(WebSocketContract, AReceiveMayBeAskedForFromTheCompletionOfTheLast) {
+TEST_F(WebSocketContract, ACompletionMayStartTheNextReceive) {
     const auto task = connected();
     // Weak: a completion that held its task would hold itself.
     task->receive([this, weak = std::weak_ptr(task)](const ReceiveResult& first) {
@@ -106,7 +106,7 @@ TEST_F(WebSocketContract, AReceiveMayBeAskedForFromTheCompletionOfTheLast) {
     EXPECT_THAT(came->all(), ElementsAre("text one", "text two"));
 }
 
-TEST_F(WebSocketContract, APingIsAnsweredThoughNobodyReceives) {
+TEST_F(WebSocketContract, APingIsAnsweredWithoutAPendingReceive) {
     const auto task = connected();
     ping(*task);
     ASSERT_TRUE(untilCame(1));
@@ -114,7 +114,7 @@ TEST_F(WebSocketContract, APingIsAnsweredThoughNobodyReceives) {
     EXPECT_EQ(server.pings(), 1);
 }
 
-TEST_F(WebSocketContract, EveryPingHearsOfItsPongOnce) {
+TEST_F(WebSocketContract, EveryPingGetsItsPongOnce) {
     const auto task = connected();
     for (int i = 0; i < 3; ++i) ping(*task);
     ASSERT_TRUE(untilCame(3));
@@ -144,7 +144,7 @@ TEST_F(WebSocketContract, ARefusedConnectionFailsTheReceive) {
     EXPECT_THAT(came->all(), ElementsAre("error"));
 }
 
-TEST_F(WebSocketContract, AnAddressThatIsNoSocketsFailsTheReceive) {
+TEST_F(WebSocketContract, AUrlThatIsNotASocketUrlFailsTheReceive) {
     const auto schemeless = session.makeWebSocketTask("h/ws?role=guest");
     const auto http = session.makeWebSocketTask("http://" + server.authority() + "/ws");
     for (const auto& task : {schemeless, http}) {
@@ -162,7 +162,7 @@ TEST_F(WebSocketContract, TheSchemeMayBeInCapitals) {
     ASSERT_TRUE(until([this] { return server.socketTargets().size() == 1; }));
 }
 
-TEST_F(WebSocketContract, AConnectionThatTheServerClosesFailsTheReceive) {
+TEST_F(WebSocketContract, ACloseByTheServerFailsTheReceive) {
     const auto task = connected();
     receive(*task);
     server.closes(1001);
@@ -170,7 +170,7 @@ TEST_F(WebSocketContract, AConnectionThatTheServerClosesFailsTheReceive) {
     EXPECT_THAT(came->all(), ElementsAre("error"));
 }
 
-TEST_F(WebSocketContract, AConnectionThatBreaksFailsWhateverIsPendingAndWhateverComesLater) {
+TEST_F(WebSocketContract, ABrokenConnectionFailsPendingAndLaterCalls) {
     server.ignoresPings();
     const auto task = connected();
     receive(*task);
@@ -185,7 +185,7 @@ TEST_F(WebSocketContract, AConnectionThatBreaksFailsWhateverIsPendingAndWhatever
     EXPECT_THAT(came->all(), ElementsAre("error", "error", "error", "error", "error"));
 }
 
-TEST_F(WebSocketContract, WhatCameBeforeTheEndCanStillBeFetched) {
+TEST_F(WebSocketContract, MessagesFromBeforeTheEndCanStillBeReceived) {
     const auto task = connected();
     server.sends({text, "last words"});
     server.closes(1000);
@@ -195,7 +195,7 @@ TEST_F(WebSocketContract, WhatCameBeforeTheEndCanStillBeFetched) {
     EXPECT_THAT(came->all(), ElementsAre("text last words", "error"));
 }
 
-TEST_F(WebSocketContract, CancellingTellsTheServerTheCodeAndFailsWhatIsPending) {
+TEST_F(WebSocketContract, CancelingSendsTheCodeAndFailsPendingCalls) {
     const auto task = greeted();
     receive(*task);
     task->cancel(1001);
@@ -205,7 +205,7 @@ TEST_F(WebSocketContract, CancellingTellsTheServerTheCodeAndFailsWhatIsPending) 
     EXPECT_EQ(server.closeCode(), 1001);
 }
 
-TEST_F(WebSocketContract, ACancelledTaskStaysCancelled) {
+TEST_F(WebSocketContract, ACanceledTaskStaysCanceled) {
     const auto cancelled = socketTo("/cancelled");
     cancelled->cancel(1000);
     cancelled->resume();
@@ -216,7 +216,7 @@ TEST_F(WebSocketContract, ACancelledTaskStaysCancelled) {
     EXPECT_THAT(server.socketTargets(), ElementsAre("/ws"));
 }
 
-TEST_F(WebSocketContract, DroppingATaskClosesItsConnectionAndFailsWhatIsPending) {
+TEST_F(WebSocketContract, DroppingATaskClosesItsConnectionAndFailsPendingCalls) {
     auto task = greeted();
     receive(*task);
     task.reset();

@@ -62,7 +62,7 @@ TEST_F(WindowContract, TextsArriveInTheOrderOfPosting) {
     EXPECT_THAT(recorder->names, testing::Each("bridge"));
 }
 
-TEST_F(WindowContract, AnythingButATextArrivesAsNoText) {
+TEST_F(WindowContract, AValueThatIsNotATextArrivesWithoutText) {
     harness->pagePostsNumber(*view, "bridge");
     ASSERT_TRUE(untilTexts(1));
     EXPECT_THAT(recorder->texts, ElementsAre("(no text)"));
@@ -76,7 +76,7 @@ TEST_F(WindowContract, TextsKeepEveryCharacter) {
     EXPECT_THAT(recorder->texts, ElementsAre(text, ""));
 }
 
-TEST_F(WindowContract, WhatIsPostedToAnUnknownHandlerReachesNobody) {
+TEST_F(WindowContract, APostToAnUnknownHandlerIsNotDelivered) {
     harness->pagePosts(*view, "elsewhere", "lost");
     harness->pagePosts(*view, "bridge", "found");
     ASSERT_TRUE(untilTexts(1));
@@ -139,7 +139,7 @@ public:
     std::function<void()> onClose;
 };
 
-TEST_F(WindowContract, TheDelegateHearsOnceThatTheUserClosesTheWindow) {
+TEST_F(WindowContract, TheDelegateIsCalledOnceWhenTheUserClosesTheWindow) {
     const auto delegate = std::make_shared<Closing>();
     window->setDelegate(delegate);
     harness->userCloses(*window);
@@ -150,14 +150,14 @@ TEST_F(WindowContract, TheDelegateHearsOnceThatTheUserClosesTheWindow) {
     EXPECT_THAT(delegate->windows, ElementsAre(closed));
 }
 
-TEST_F(WindowContract, TheDelegateHearsThatAWindowIsDropped) {
+TEST_F(WindowContract, TheDelegateIsCalledWhenAWindowIsDropped) {
     const auto delegate = std::make_shared<Closing>();
     window->setDelegate(delegate);
     window.reset();
     EXPECT_EQ(delegate->windows.size(), 1U);
 }
 
-TEST_F(WindowContract, ADelegateThatIsGoneIsNotTold) {
+TEST_F(WindowContract, ADestroyedDelegateIsNotCalledForAWindow) {
     auto delegate = std::make_shared<Closing>();
     const std::weak_ptr<Closing> observed = delegate;
     window->setDelegate(delegate);
@@ -177,7 +177,7 @@ TEST_F(WindowContract, TheDelegateMayDropTheWindowThatCloses) {
     EXPECT_EQ(delegate->windows.size(), 1U);
 }
 
-TEST_F(WindowContract, TheDelegateIsToldBeforeTheApplicationIsAsked) {
+TEST_F(WindowContract, TheWindowsDelegateIsCalledBeforeTheApplications) {
     const auto application = std::make_shared<Asked>();
     const auto delegate = std::make_shared<Closing>();
     int askedBefore = -1;

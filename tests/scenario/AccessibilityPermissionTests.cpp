@@ -71,7 +71,7 @@ TEST_F(AccessibilityPermission, ThePromptIsRaisedOncePerRun) {
                                            "user_hint_shown accessibility_and_restart_hint"));
 }
 
-TEST_F(AccessibilityPermission, WithTrustNothingIsAsked) {
+TEST_F(AccessibilityPermission, WithTrustNoPromptIsRaised) {
     stage.desktop.accessibility.trusted = true;
     userSwitchesSlideControlOn();
     EXPECT_THAT(stage.lines(), ElementsAre("accessibility_prompt_on_toggle_on user_initiated=true",
@@ -80,7 +80,7 @@ TEST_F(AccessibilityPermission, WithTrustNothingIsAsked) {
     EXPECT_THAT(stage.desktop.panelPage().evaluatedScripts(), IsEmpty());
 }
 
-TEST_F(AccessibilityPermission, RequestingItWithTrustDoesAndLogsNothing) {
+TEST_F(AccessibilityPermission, RequestingItWithTrustHasNoEffectAndNoLine) {
     stage.desktop.accessibility.trusted = true;
     stage.app->requestAccessibilityIfNeeded();
     EXPECT_THAT(stage.lines(), IsEmpty());

@@ -108,7 +108,7 @@ TEST_F(Awdl, SwitchedOffIsRestoredAtQuitWithoutWaitingForTheDialog) {
     EXPECT_EQ(stage.desktop.clock.elapsed(), before);
 }
 
-TEST_F(Awdl, RestoringIsTheLastThingThatQuittingDoes) {
+TEST_F(Awdl, RestoringIsTheLastActionOfQuitting) {
     stage.installServingBackend(3000);
     stage.launch();
     requestMeeting();
@@ -121,7 +121,7 @@ TEST_F(Awdl, RestoringIsTheLastThingThatQuittingDoes) {
     EXPECT_EQ(effects.back(), "application terminated");
 }
 
-TEST_F(Awdl, ACancelledDialogLeavesNothingToRestore) {
+TEST_F(Awdl, ACanceledDialogLeavesNothingToRestore) {
     promptEndsWith(1);
     launchWithBackend();
     requestMeeting();
@@ -130,7 +130,7 @@ TEST_F(Awdl, ACancelledDialogLeavesNothingToRestore) {
     EXPECT_THAT(scripts(), ElementsAre(disable));
 }
 
-TEST_F(Awdl, FoundDownItIsRestoredAtQuitThoughNoDialogWasShown) {
+TEST_F(Awdl, AnInterfaceThatIsAlreadyDownIsRestoredAtQuitWithoutAFirstDialog) {
     interfaceSays("awdl0: flags=8902<BROADCAST> mtu 1500\n\tstatus: inactive\n");
     launchWithBackend();
     requestMeeting();
@@ -148,7 +148,7 @@ TEST_F(Awdl, AnInterfaceThatDoesNotExistCountsAsDown) {
     EXPECT_THAT(scripts(), IsEmpty());
 }
 
-TEST_F(Awdl, AnAnswerThatIsNoTextLeadsToThePrompt) {
+TEST_F(Awdl, AnAnswerThatIsNotUtf8LeadsToThePrompt) {
     interfaceSays("\xFF\xFE");
     launchWithBackend();
     requestMeeting();
@@ -156,7 +156,7 @@ TEST_F(Awdl, AnAnswerThatIsNoTextLeadsToThePrompt) {
     EXPECT_THAT(scripts(), ElementsAre(disable));
 }
 
-TEST_F(Awdl, WhereTheSystemCannotBeAskedNothingIsChanged) {
+TEST_F(Awdl, IfTheSystemCannotBeAskedNothingIsChanged) {
     stage.desktop.processes.programs.erase(ifconfig);
     launchWithBackend();
     requestMeeting();
@@ -165,7 +165,7 @@ TEST_F(Awdl, WhereTheSystemCannotBeAskedNothingIsChanged) {
     EXPECT_THAT(scripts(), IsEmpty());
 }
 
-TEST_F(Awdl, WhereThePromptCannotBeShownNothingIsRestored) {
+TEST_F(Awdl, IfThePromptCannotBeShownNothingIsRestored) {
     stage.desktop.processes.programs.erase(osascript);
     launchWithBackend();
     requestMeeting();
@@ -176,7 +176,7 @@ TEST_F(Awdl, WhereThePromptCannotBeShownNothingIsRestored) {
                 testing::Not(Contains(testing::StartsWith("process refused"))));
 }
 
-TEST_F(Awdl, ABackendThatIsNeverHealthyGivesOneMessageAfterFortyFiveSeconds) {
+TEST_F(Awdl, WithoutAHealthyBackendThereIsOneMessageAfterFortyFiveSeconds) {
     stage.launch();
     requestMeeting();
     stage.desktop.advance(44900ms);
@@ -186,7 +186,7 @@ TEST_F(Awdl, ABackendThatIsNeverHealthyGivesOneMessageAfterFortyFiveSeconds) {
     EXPECT_THAT(scripts(), IsEmpty());
 }
 
-TEST_F(Awdl, ABackendThatBecomesHealthyMeanwhileLeadsToThePrompt) {
+TEST_F(Awdl, ABackendThatBecomesHealthyDuringTheWaitLeadsToThePrompt) {
     stage.launch();
     requestMeeting();
     stage.desktop.advance(40s);
@@ -195,7 +195,7 @@ TEST_F(Awdl, ABackendThatBecomesHealthyMeanwhileLeadsToThePrompt) {
     EXPECT_THAT(scripts(), ElementsAre(disable));
 }
 
-TEST_F(Awdl, TheMainThreadGoesOnDuringTheWait) {
+TEST_F(Awdl, TheMainThreadContinuesDuringTheWait) {
     stage.launch();
     requestMeeting();
     stage.desktop.advance(10s);
@@ -203,7 +203,7 @@ TEST_F(Awdl, TheMainThreadGoesOnDuringTheWait) {
     EXPECT_THAT(stage.lines(), Contains("panel_debug still here"));
 }
 
-TEST_F(Awdl, StoppingTheBackendEndsTheWaitSilently) {
+TEST_F(Awdl, StoppingTheBackendEndsTheWaitWithoutAMessage) {
     stage.launch();
     requestMeeting();
     stage.desktop.advance(10s);
@@ -222,7 +222,7 @@ TEST_F(Awdl, StoppingTheBackendJustBeforeThePromptDropsThePrompt) {
     EXPECT_THAT(stage.desktop.processes.started(ifconfig), IsEmpty());
 }
 
-TEST_F(Awdl, TwoRequestsAreTwoWaits) {
+TEST_F(Awdl, TwoRequestsWaitTwice) {
     stage.launch();
     requestMeeting();
     stage.desktop.advance(20s);

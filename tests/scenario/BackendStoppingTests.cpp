@@ -24,7 +24,7 @@ TEST_F(BackendStopping, StoppingEndsTheBackendAndStartsNoOther) {
     EXPECT_THAT(stage.systemLines(), IsEmpty());
 }
 
-TEST_F(BackendStopping, StoppingDoesNotHoldUpTheMainThread) {
+TEST_F(BackendStopping, StoppingDoesNotBlockTheMainThread) {
     stage.installBackend({.endsWithin = platform::Duration{5}});
     stage.launch();
     stage.pagePosts("CMD:stopBundledBackend");
@@ -36,7 +36,7 @@ TEST_F(BackendStopping, StoppingDoesNotHoldUpTheMainThread) {
     EXPECT_FALSE(child().running);
 }
 
-TEST_F(BackendStopping, StoppingWhereNoneWasStartedIsSilentAndKept) {
+TEST_F(BackendStopping, StoppingWithoutABackendIsRememberedWithoutALine) {
     stage.desktop.network.serve(3000);
     stage.launch();
     stage.installServingBackend(3001);
@@ -47,7 +47,7 @@ TEST_F(BackendStopping, StoppingWhereNoneWasStartedIsSilentAndKept) {
     EXPECT_THAT(starts(), IsEmpty());
 }
 
-TEST_F(BackendStopping, AStopIsKeptAlsoWhereNoStartHasEverWorked) {
+TEST_F(BackendStopping, AStopIsRememberedAfterFailedStarts) {
     stage.installBackend({.launchError = "Exec format error"});
     stage.launch();
     stage.pagePosts("CMD:stopBundledBackend");
@@ -57,7 +57,7 @@ TEST_F(BackendStopping, AStopIsKeptAlsoWhereNoStartHasEverWorked) {
     EXPECT_THAT(stage.systemLines(), IsEmpty());
 }
 
-TEST_F(BackendStopping, StoppingDropsARetryThatWaits) {
+TEST_F(BackendStopping, StoppingDropsAPendingRetry) {
     stage.installBackend({.exitsAfter = platform::Duration{0}, .exitStatus = 1});
     stage.launch();
     stage.pagePosts("CMD:stopBundledBackend");
@@ -65,7 +65,7 @@ TEST_F(BackendStopping, StoppingDropsARetryThatWaits) {
     EXPECT_THAT(starts(), SizeIs(1));
 }
 
-TEST_F(BackendStopping, ABackendOfSomebodyElseIsNeverStopped) {
+TEST_F(BackendStopping, ABackendThatWeDidNotStartIsNeverStopped) {
     stage.desktop.network.serve(3000);
     stage.launch();
     stage.pagePosts("CMD:stopBundledBackend");
@@ -108,7 +108,7 @@ TEST_F(BackendStopping, StartingWhileOneAnswersOnlyAllowsItToBeRestarted) {
     EXPECT_THAT(starts(), SizeIs(1));
 }
 
-TEST_F(BackendStopping, AStopIsTakenBackByStartingWhileTheOldOneStillAnswers) {
+TEST_F(BackendStopping, StartingRevokesAStopWhileTheOldBackendStillAnswers) {
     stage.installServingBackend(3000);
     stage.desktop.processes.programs[backend].endsWithin = platform::Duration{2};
     stage.launch();
@@ -145,7 +145,7 @@ TEST_F(BackendStopping, QuittingWaitsForTheBackendToExit) {
     EXPECT_EQ(now() - before, 3s);
 }
 
-TEST_F(BackendStopping, ItsExitWhileTheProgramEndsIsNotRecoveredFrom) {
+TEST_F(BackendStopping, AnExitWhileTheProgramEndsCausesNoRestart) {
     stage.installServingBackend(3000);
     stage.launch();
     stage.desktop.application.turnsAtTheEndFor = 10s;
@@ -154,7 +154,7 @@ TEST_F(BackendStopping, ItsExitWhileTheProgramEndsIsNotRecoveredFrom) {
     EXPECT_THAT(starts(), SizeIs(1));
 }
 
-TEST_F(BackendStopping, AMessageThatComesAfterShutDownHasBegunStartsNone) {
+TEST_F(BackendStopping, AMessageAfterTheStartOfShutDownStartsNoBackend) {
     stage.installServingBackend(3000);
     stage.launch();
     stage.desktop.application.turnsAtTheEndFor = 10s;
@@ -172,7 +172,7 @@ TEST_F(BackendStopping, QuittingDuringARestartDelayStartsNothing) {
     EXPECT_TRUE(stage.desktop.application.terminated());
 }
 
-TEST_F(BackendStopping, QuittingWhileAStopIsUnderWayWaitsForTheSameEnd) {
+TEST_F(BackendStopping, QuittingDuringAStopWaitsForTheSameEnd) {
     stage.installServingBackend(3000);
     stage.desktop.processes.programs[backend].endsWithin = platform::Duration{3};
     stage.launch();

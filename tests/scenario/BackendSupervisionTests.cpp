@@ -82,7 +82,7 @@ TEST_F(BackendSupervision, AMissingBackendIsReportedOnceAndNotRetried) {
                             "npm run pkg:mac:…)"));
 }
 
-TEST_F(BackendSupervision, AFileThatMayNotBeExecutedCountsAsMissing) {
+TEST_F(BackendSupervision, AFileThatIsNotExecutableCountsAsMissing) {
     stage.installServingBackend(3000);
     stage.desktop.files.setExecutable(backend, false);
     launch();
@@ -90,7 +90,7 @@ TEST_F(BackendSupervision, AFileThatMayNotBeExecutedCountsAsMissing) {
     EXPECT_THAT(starts(), IsEmpty());
 }
 
-TEST_F(BackendSupervision, AFolderInItsPlaceIsTriedLikeAProgramThatCannotBeStarted) {
+TEST_F(BackendSupervision, AFolderInItsPlaceIsTreatedLikeAProgramThatCannotBeStarted) {
     stage.desktop.files.put(std::string(backend) + "/readme", "");
     stage.desktop.processes.programs[backend].launchError = "Permission denied";
     launch();
@@ -122,7 +122,7 @@ TEST_F(BackendSupervision, ABackendThatExitsAtOnceIsStartedThreeTimesASecondApar
                             "bundled backend exited; max launch attempts reached"));
 }
 
-TEST_F(BackendSupervision, ABackendThatRanForHoursHasNoMoreAttemptsThanAnother) {
+TEST_F(BackendSupervision, ABackendThatRanForHoursGetsNoMoreAttempts) {
     stage.installServingBackend(3000);
     launch();
     for (int i = 0; i < 3; ++i) {
@@ -134,7 +134,7 @@ TEST_F(BackendSupervision, ABackendThatRanForHoursHasNoMoreAttemptsThanAnother) 
     EXPECT_EQ(stage.systemLines().back(), "bundled backend exited; max launch attempts reached");
 }
 
-TEST_F(BackendSupervision, ANegativeStatusIsWrittenAsItIs) {
+TEST_F(BackendSupervision, ANegativeStatusIsLoggedUnchanged) {
     stage.installServingBackend(3000);
     stage.launch();
     stage.desktop.processes.exits(child(), -9);
@@ -164,7 +164,7 @@ TEST_F(BackendSupervision, AFailedStartIsTriedAgainAfterASecond) {
               "started bundled backend StagehopperBackend-arm64 (attempt 2/3)");
 }
 
-TEST_F(BackendSupervision, ARetryIsDroppedWhenAnotherBackendHasComeUp) {
+TEST_F(BackendSupervision, ARetryIsDroppedIfAnotherBackendHasStarted) {
     stage.installServingBackend(3000);
     stage.launch();
     stage.desktop.processes.exits(child(), 1);
@@ -176,7 +176,7 @@ TEST_F(BackendSupervision, ARetryIsDroppedWhenAnotherBackendHasComeUp) {
     EXPECT_THAT(stage.systemLines(), IsEmpty());
 }
 
-TEST_F(BackendSupervision, AnExitIsNoMatterWhileAnotherBackendServes) {
+TEST_F(BackendSupervision, AnExitIsIgnoredWhileAnotherBackendServes) {
     stage.installServingBackend(3000);
     stage.launch();
     stage.desktop.network.serve(3044);
@@ -186,14 +186,14 @@ TEST_F(BackendSupervision, AnExitIsNoMatterWhileAnotherBackendServes) {
     EXPECT_THAT(starts(), SizeIs(1));
 }
 
-TEST_F(BackendSupervision, AServerThatAnswersWithAnErrorIsNoBackend) {
+TEST_F(BackendSupervision, AServerThatAnswersWithAnErrorIsNotABackend) {
     stage.desktop.network.serve(3000).answers["/health"] = {500, "oops"};
     stage.installServingBackend(3001);
     launch();
     EXPECT_THAT(starts(), SizeIs(1));
 }
 
-TEST_F(BackendSupervision, AServerThatAnswersNoContentIsNoBackend) {
+TEST_F(BackendSupervision, AServerThatAnswersNoContentIsNotABackend) {
     stage.desktop.network.serve(3000).answers["/health"] = {204, ""};
     stage.installServingBackend(3001);
     launch();

@@ -30,7 +30,7 @@ TEST_F(DiagnosticLog, AnEmptyDetailLeavesNoTrailingBlank) {
     EXPECT_EQ(stage.logFile(), "[15:04:05] [slide_nav] app_launched\n");
 }
 
-TEST_F(DiagnosticLog, LinesAreAddedToTheFileOfEarlierRuns) {
+TEST_F(DiagnosticLog, LinesAreAppendedToTheFileOfEarlierRuns) {
     stage.desktop.files.put(Stage::logPath, "an earlier run\n");
     stage.app->slideNavLog("a", "");
     stage.app->slideNavLog("b", "");
@@ -38,19 +38,19 @@ TEST_F(DiagnosticLog, LinesAreAddedToTheFileOfEarlierRuns) {
               "an earlier run\n[15:04:05] [slide_nav] a\n[15:04:05] [slide_nav] b\n");
 }
 
-TEST_F(DiagnosticLog, ADeletedFileIsMadeAnewWithTheNextLine) {
+TEST_F(DiagnosticLog, ADeletedFileIsCreatedAgainWithTheNextLine) {
     stage.app->slideNavLog("a", "");
     stage.desktop.files.remove(Stage::logPath);
     stage.app->slideNavLog("b", "");
     EXPECT_EQ(stage.logFile(), "[15:04:05] [slide_nav] b\n");
 }
 
-TEST_F(DiagnosticLog, ADetailOfSeveralLinesIsWrittenAsItStands) {
+TEST_F(DiagnosticLog, ADetailOfSeveralLinesIsWrittenUnchanged) {
     stage.app->slideNavLog("panel_debug", "one\ntwo\n");
     EXPECT_EQ(stage.logFile(), "[15:04:05] [slide_nav] panel_debug one\ntwo\n\n");
 }
 
-TEST_F(DiagnosticLog, AFileThatCannotBeOpenedDropsTheLineSilently) {
+TEST_F(DiagnosticLog, IfTheFileCannotBeOpenedTheLineIsDropped) {
     stage.desktop.files.put(Stage::logPath, "kept\n");
     stage.desktop.files.setWritable(Stage::logPath, false);
     stage.app->slideNavLog("a", "");
@@ -62,14 +62,14 @@ TEST_F(DiagnosticLog, AFileThatCannotBeOpenedDropsTheLineSilently) {
     EXPECT_EQ(stage.logFile(), "kept\n[15:04:05] [slide_nav] b\n") << "the line is lost for good";
 }
 
-TEST_F(DiagnosticLog, AFileThatCannotBeMadeDropsTheLineSilently) {
+TEST_F(DiagnosticLog, IfTheFileCannotBeCreatedTheLineIsDropped) {
     stage.desktop.files.setCanCreate(false);
     stage.app->slideNavLog("a", "");
     EXPECT_FALSE(stage.desktop.files.exists(Stage::logPath));
     EXPECT_THAT(stage.desktop.systemLog.messages(), ElementsAre("[slide_nav] a"));
 }
 
-TEST_F(DiagnosticLog, ALinkPlantedUnderTheFilesNameIsNotFollowed) {
+TEST_F(DiagnosticLog, ALinkPlantedAtTheFilesPathIsNotFollowed) {
     stage.desktop.files.put("/home/user/diary", "dear diary\n");
     stage.desktop.files.link(Stage::logPath, "/home/user/diary");
     stage.app->slideNavLog("a", "");
@@ -77,7 +77,7 @@ TEST_F(DiagnosticLog, ALinkPlantedUnderTheFilesNameIsNotFollowed) {
     EXPECT_THAT(stage.desktop.systemLog.messages(), ElementsAre("[slide_nav] a"));
 }
 
-TEST_F(DiagnosticLog, ALinkToNothingPlantedUnderTheFilesNameIsNotFollowed) {
+TEST_F(DiagnosticLog, ADanglingLinkPlantedAtTheFilesPathIsNotFollowed) {
     stage.desktop.files.link(Stage::logPath, "/home/user/new");
     stage.app->slideNavLog("a", "");
     EXPECT_FALSE(stage.desktop.files.exists("/home/user/new"));
@@ -99,21 +99,21 @@ TEST_F(DiagnosticLog, AFileOfAnotherUserIsNotWrittenTo) {
     EXPECT_THAT(stage.desktop.systemLog.messages(), ElementsAre("[slide_nav] a"));
 }
 
-TEST_F(DiagnosticLog, ALineIsKeptWhenTheFileAppearsWhileItIsBeingMade) {
+TEST_F(DiagnosticLog, ALineIsKeptIfTheFileAppearsBeforeItIsCreated) {
     stage.desktop.files.beforeNextCreation(
         [this] { stage.desktop.files.put(Stage::logPath, "another thread\n"); });
     stage.app->slideNavLog("a", "");
     EXPECT_EQ(stage.logFile(), "another thread\n[15:04:05] [slide_nav] a\n");
 }
 
-TEST_F(DiagnosticLog, ATextThatIsNotUtf8GoesToTheSystemLogOnly) {
+TEST_F(DiagnosticLog, InvalidUtf8GoesToTheSystemLogOnly) {
     stage.app->slideNavLog("panel_debug", "\xED\xA0\x80");
     EXPECT_THAT(stage.desktop.systemLog.messages(),
                 ElementsAre("[slide_nav] panel_debug \xED\xA0\x80"));
     EXPECT_FALSE(stage.desktop.files.exists(Stage::logPath));
 }
 
-TEST_F(DiagnosticLog, ANulByteIsATextLikeAnyOther) {
+TEST_F(DiagnosticLog, ANulByteIsLoggedLikeAnyCharacter) {
     stage.app->slideNavLog("panel_debug", "a\0b"s);
     EXPECT_EQ(stage.logFile(), "[15:04:05] [slide_nav] panel_debug a\0b\n"s);
 }

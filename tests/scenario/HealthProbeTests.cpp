@@ -17,7 +17,7 @@ protected:
     Stage stage;
 };
 
-TEST_F(HealthProbe, TheFirstPortThatAnswersIsTakenWithoutAskingFurther) {
+TEST_F(HealthProbe, TheFirstPortThatAnswersIsTakenWithoutFurtherProbes) {
     stage.desktop.network.serve(3000);
     EXPECT_EQ(stage.app->firstHealthyLocalBackendBaseURL(), "http://127.0.0.1:3000");
     EXPECT_THAT(stage.desktop.network.requests(), ElementsAre("http://127.0.0.1:3000/health"));
@@ -39,7 +39,7 @@ TEST_F(HealthProbe, APortBeyondTheRangeIsNeverFound) {
     EXPECT_EQ(stage.app->firstHealthyLocalBackendBaseURL(), std::nullopt);
 }
 
-TEST_F(HealthProbe, AStatusOf200CountsThoughTheBodyBreaksOff) {
+TEST_F(HealthProbe, AStatusOf200CountsWithAnIncompleteBody) {
     stage.desktop.network.serve(3000).brokenPaths = {"/health"};
     EXPECT_TRUE(stage.app->healthCheckLocalPort(3000));
 }
@@ -50,7 +50,7 @@ TEST_F(HealthProbe, AnAnswerWithinThreeTenthsOfASecondCounts) {
     EXPECT_EQ(now(), 300ms);
 }
 
-TEST_F(HealthProbe, ASlowAnswerIsNotAwaited) {
+TEST_F(HealthProbe, TheProbeDoesNotWaitForASlowAnswer) {
     stage.desktop.network.serve(3000).answersAfter = platform::Duration{0.4};
     EXPECT_FALSE(stage.app->healthCheckLocalPort(3000));
     EXPECT_EQ(now(), 350ms);
@@ -66,7 +66,7 @@ TEST_F(HealthProbe, AScanOfServersThatNeverAnswerTakesEighteenSeconds) {
     EXPECT_EQ(now(), 17850ms);
 }
 
-TEST_F(HealthProbe, APortThatIsNoneIsNotHealthy) {
+TEST_F(HealthProbe, AnInvalidPortIsNotHealthy) {
     EXPECT_FALSE(stage.app->healthCheckLocalPort(-1));
     EXPECT_FALSE(stage.app->healthCheckLocalPort(70000));
 }

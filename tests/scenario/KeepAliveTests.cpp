@@ -44,13 +44,13 @@ TEST_F(KeepAlive, PingsTheUsualAddressWithoutADefaultRoute) {
     EXPECT_EQ(pingArguments().back(), "192.168.0.1");
 }
 
-TEST_F(KeepAlive, PingsTheUsualAddressWhereTheTableCannotBeRead) {
+TEST_F(KeepAlive, PingsTheUsualAddressIfTheTableCannotBeRead) {
     stage.desktop.processes.programs.erase(netstat);
     stage.launch();
     EXPECT_EQ(pingArguments().back(), "192.168.0.1");
 }
 
-TEST_F(KeepAlive, AMachineWithoutPingStartsAndQuitsAllTheSame) {
+TEST_F(KeepAlive, TheProgramStartsAndQuitsWithoutPing) {
     stage.desktop.processes.programs.erase(ping);
     stage.launch();
     stage.desktop.userPressesMenuItem("退出 Stagehopper");
@@ -64,7 +64,7 @@ TEST_F(KeepAlive, IsStartedOnceAndNotAgainWhenPingEnds) {
     EXPECT_THAT(stage.desktop.processes.started(ping), SizeIs(1));
 }
 
-TEST_F(KeepAlive, IsAskedToEndAtQuitAndNotAwaited) {
+TEST_F(KeepAlive, IsAskedToEndAtQuitWithoutAWait) {
     stage.desktop.processes.programs[ping] = {.endsWithin = platform::Duration{9}};
     stage.launch();
     const auto before = stage.desktop.clock.elapsed();
@@ -73,7 +73,7 @@ TEST_F(KeepAlive, IsAskedToEndAtQuitAndNotAwaited) {
     EXPECT_EQ(stage.desktop.clock.elapsed(), before);
 }
 
-TEST_F(KeepAlive, EndsWithTheProgramAlsoWhereThatDiesAndTheOthersDoNot) {
+TEST_F(KeepAlive, EndsWithACrashedProgramUnlikeTheOtherProcesses) {
     stage.installServingBackend(3000);
     stage.launch();
     EXPECT_TRUE(stage.desktop.processes.last(ping).options.endsWithUs);

@@ -66,14 +66,14 @@ TEST_F(MeetingDiscovery, AsksTheBackendOnItsOwnPort) {
               "ws://127.0.0.1:3023/ws?");
 }
 
-TEST_F(MeetingDiscovery, SaysNothingWhileNoMeetingIsOn) {
+TEST_F(MeetingDiscovery, LogsNothingWithoutAnActiveMeeting) {
     stage.serveMeetings(3000, "");
     stage.launch();
     stage.desktop.advance(60s);
     EXPECT_THAT(stage.lines(), IsEmpty());
 }
 
-TEST_F(MeetingDiscovery, AMeetingWithoutAnybodyInItIsNotJoined) {
+TEST_F(MeetingDiscovery, AMeetingWithoutParticipantsIsNotJoined) {
     stage.serveMeetings(3000, meeting("AB12", 1, ""));
     stage.launch();
     stage.desktop.advance(60s);
@@ -99,7 +99,7 @@ TEST_F(MeetingDiscovery, TheSameMeetingEveryRoundIsJoinedOnce) {
     EXPECT_THAT(connecting(), SizeIs(1));
 }
 
-TEST_F(MeetingDiscovery, AnotherMeetingReplacesTheOneThatWasJoined) {
+TEST_F(MeetingDiscovery, AnotherMeetingReplacesTheJoinedOne) {
     stage.serveMeetings(3000, meeting("ONE", 1, phone));
     stage.launch();
     stage.serveMeetings(3000, meeting("ONE", 1, phone) + "," + meeting("TWO", 2, phone));
@@ -109,7 +109,7 @@ TEST_F(MeetingDiscovery, AnotherMeetingReplacesTheOneThatWasJoined) {
                             "native_ws_connecting room=TWO reason=active_discovery"));
 }
 
-TEST_F(MeetingDiscovery, FailuresAreSilentAndLeaveTheSocketAlone) {
+TEST_F(MeetingDiscovery, FailuresAreNotLoggedAndDoNotAffectTheSocket) {
     auto& server = stage.serveMeetings(3000, meeting("AB12", 1, phone));
     stage.launch();
     const auto mark = stage.desktop.journal.mark();
@@ -137,7 +137,7 @@ TEST_F(MeetingDiscovery, FailuresAreSilentAndLeaveTheSocketAlone) {
     }
 }
 
-TEST_F(MeetingDiscovery, AListThatBreaksOffIsNoList) {
+TEST_F(MeetingDiscovery, AnIncompleteListIsIgnored) {
     stage.serveMeetings(3000, meeting("AB12", 1, phone)).brokenPaths = {"/v1/meetings/active"};
     launch();
     stage.desktop.advance(8s);
@@ -145,7 +145,7 @@ TEST_F(MeetingDiscovery, AListThatBreaksOffIsNoList) {
     EXPECT_EQ(lists(), 3U);
 }
 
-TEST_F(MeetingDiscovery, GoesOnAfterEveryFailure) {
+TEST_F(MeetingDiscovery, ContinuesAfterEveryFailure) {
     auto& server = stage.desktop.network.serve(3000);
     server.answers["/v1/meetings/active"] = {500, ""};
     launch();
@@ -153,13 +153,13 @@ TEST_F(MeetingDiscovery, GoesOnAfterEveryFailure) {
     EXPECT_EQ(lists(), 11U);
 }
 
-TEST_F(MeetingDiscovery, WithoutABackendNobodyIsAsked) {
+TEST_F(MeetingDiscovery, WithoutABackendNoRequestIsSent) {
     launch();
     stage.desktop.advance(20s);
     EXPECT_EQ(lists(), 0U);
 }
 
-TEST_F(MeetingDiscovery, FindsABackendThatComesLater) {
+TEST_F(MeetingDiscovery, FindsABackendThatStartsLater) {
     launch();
     stage.desktop.advance(10s);
     stage.serveMeetings(3000, meeting("AB12", 1, phone));
@@ -167,7 +167,7 @@ TEST_F(MeetingDiscovery, FindsABackendThatComesLater) {
     EXPECT_THAT(connecting(), SizeIs(1));
 }
 
-TEST_F(MeetingDiscovery, WhileARequestIsOutstandingTheTicksDoNothing) {
+TEST_F(MeetingDiscovery, WhileARequestIsPendingNoOtherIsSent) {
     stage.serveMeetings(3000, "").silentPaths = {"/v1/meetings/active"};
     launch();
     stage.desktop.network.forgetRequests();
@@ -175,7 +175,7 @@ TEST_F(MeetingDiscovery, WhileARequestIsOutstandingTheTicksDoNothing) {
     EXPECT_THAT(stage.desktop.network.requests(), IsEmpty());
 }
 
-TEST_F(MeetingDiscovery, ARequestWithoutAnswerEndsWithTheSystemsLimitAndDiscoveryGoesOn) {
+TEST_F(MeetingDiscovery, ARequestWithoutAnswerEndsAtTheSystemsLimitAndDiscoveryContinues) {
     auto& server = stage.serveMeetings(3000, meeting("AB12", 1, phone));
     server.silentPaths = {"/v1/meetings/active"};
     launch();
@@ -186,7 +186,7 @@ TEST_F(MeetingDiscovery, ARequestWithoutAnswerEndsWithTheSystemsLimitAndDiscover
     EXPECT_THAT(connecting(), SizeIs(1));
 }
 
-TEST_F(MeetingDiscovery, AnAnswerThatComesDuringShutDownConnectsNothing) {
+TEST_F(MeetingDiscovery, AnAnswerDuringShutDownDoesNotConnect) {
     stage.serveMeetings(3000, meeting("AB12", 1, phone));
     stage.desktop.application.setDelegate(stage.app);
     stage.desktop.application.finishLaunching();
@@ -195,7 +195,7 @@ TEST_F(MeetingDiscovery, AnAnswerThatComesDuringShutDownConnectsNothing) {
     EXPECT_THAT(connecting(), IsEmpty());
 }
 
-TEST_F(MeetingDiscovery, AnAnswerThatComesAfterTheControllerIsGoneDoesNothing) {
+TEST_F(MeetingDiscovery, AnAnswerAfterTheControllersEndDoesNothing) {
     stage.serveMeetings(3000, meeting("AB12", 1, phone));
     stage.desktop.application.setDelegate(stage.app);
     stage.desktop.application.finishLaunching();
@@ -213,7 +213,7 @@ TEST_F(MeetingDiscovery, EndsWithTheProgram) {
     EXPECT_THAT(stage.desktop.network.requests(), IsEmpty());
 }
 
-TEST_F(MeetingDiscovery, StartedAgainItKeepsOneTimer) {
+TEST_F(MeetingDiscovery, StartingAgainKeepsOneTimer) {
     stage.serveMeetings(3000, "");
     launch();
     stage.app->startNativeSlideDiscovery();

@@ -94,14 +94,14 @@ TEST_F(MenuPath, AnItemInASubmenuIsFoundBeforeALaterItem) {
     EXPECT_THAT(stage.desktop.program(42).pressed(), ElementsAre("Next Slide"));
 }
 
-TEST_F(MenuPath, ASubmenuBehindTheMenuAttributeIsSearchedToo) {
+TEST_F(MenuPath, ASubmenuInTheMenuAttributeIsAlsoSearched) {
     stepInFront(powerPoint(42)
                     .window("deck.pptx")
                     .menu("Slide Show", {item("Go").withMenuAttribute({item("Next Slide")})}));
     EXPECT_THAT(stage.desktop.program(42).pressed(), ElementsAre("Next Slide"));
 }
 
-TEST_F(MenuPath, TheChildrenOfAnItemAreSearchedBeforeTheMenuBehindItsAttribute) {
+TEST_F(MenuPath, TheChildrenOfAnItemAreSearchedBeforeTheMenuInItsAttribute) {
     stepInFront(
         powerPoint(42)
             .window("deck.pptx")
@@ -111,7 +111,7 @@ TEST_F(MenuPath, TheChildrenOfAnItemAreSearchedBeforeTheMenuBehindItsAttribute) 
     EXPECT_THAT(stage.desktop.program(42).pressed(), ElementsAre("Next Slide"));
 }
 
-TEST_F(MenuPath, AMenuOfTheBarIsNotPressedWhateverItIsCalled) {
+TEST_F(MenuPath, AMenuOfTheBarIsNotPressedWhateverItsTitle) {
     stepInFront(powerPoint(42)
                     .window("deck.pptx")
                     .menu("Slide Show: Next", {submenu("Next", {item("Next Slide")})}));
@@ -126,7 +126,7 @@ TEST_F(MenuPath, OnlyMenuItemsArePressed) {
     EXPECT_THAT(stage.desktop.program(42).pressed(), ElementsAre("Next Slide"));
 }
 
-TEST_F(MenuPath, AnItemWhoseTitleCannotBeReadIsPassedOver) {
+TEST_F(MenuPath, AnItemWithAnUnreadableTitleIsSkipped) {
     stepInFront(
         powerPoint(42)
             .window("deck.pptx")
@@ -141,7 +141,7 @@ TEST_F(MenuPath, NineLevelsAreSearched) {
     EXPECT_THAT(stage.desktop.program(42).pressed(), ElementsAre("Next Slide"));
 }
 
-TEST_F(MenuPath, ATenthLevelIsNot) {
+TEST_F(MenuPath, ATenthLevelIsNotSearched) {
     auto nested = submenu("9", {item("Next Slide")});
     for (int level = 8; level > 1; --level) nested = submenu(std::to_string(level), {nested});
     stepInFront(powerPoint(42).window("deck.pptx").menu("Slide Show", {nested}));
@@ -149,7 +149,7 @@ TEST_F(MenuPath, ATenthLevelIsNot) {
                 ElementsAre("menu_path_missing bundle=com.microsoft.Powerpoint dir=next"));
 }
 
-TEST_F(MenuPath, AGreyedItemIsNotPressedAndTheKeyFollows) {
+TEST_F(MenuPath, ADisabledItemIsNotPressedAndTheKeyFollows) {
     stepInFront(keynote(40).window("deck.key").menu("Play", {item("Show Next").disabled()}));
     EXPECT_THAT(menuLines(), ElementsAre("menu_path_disabled bundle=com.apple.iWork.Keynote "
                                          "dir=next title=Show Next"));
@@ -157,7 +157,7 @@ TEST_F(MenuPath, AGreyedItemIsNotPressedAndTheKeyFollows) {
     EXPECT_THAT(stage.desktop.program(40).keysDown(), ElementsAre(124));
 }
 
-TEST_F(MenuPath, AnItemWhoseStateCannotBeReadCountsAsEnabled) {
+TEST_F(MenuPath, AnItemWithAnUnreadableStateCountsAsEnabled) {
     stepInFront(
         keynote(40).window("deck.key").menu("Play", {item("Show Next").unreadableEnabled()}));
     EXPECT_THAT(stage.desktop.program(40).pressed(), ElementsAre("Show Next"));
@@ -174,7 +174,7 @@ TEST_F(MenuPath, AFailedPressIsLoggedWithItsNumberAndTheKeyFollows) {
     EXPECT_THAT(stage.desktop.program(40).keysDown(), ElementsAre(124));
 }
 
-TEST_F(MenuPath, AnErrorOfThePressIsFollowedByTheKeyWhateverTheProgramDid) {
+TEST_F(MenuPath, AnErrorOfThePressIsFollowedByTheKeyEvenIfTheProgramActed) {
     // The port has promised that an error has no effect; the controller has no better word.
     stepInFront(
         keynote(40)
@@ -187,7 +187,7 @@ TEST_F(MenuPath, AnErrorOfThePressIsFollowedByTheKeyWhateverTheProgramDid) {
     EXPECT_THAT(stage.desktop.program(40).keysDown(), ElementsAre(124));
 }
 
-TEST_F(MenuPath, APressThatTheProgramGetsToMuchLaterIsTheOnlyStep) {
+TEST_F(MenuPath, APressThatTheProgramHandlesMuchLaterIsTheOnlyStep) {
     const auto start = stage.desktop.clock.elapsed();
     stepInFront(keynote(40)
                     .window("deck.key")
@@ -201,7 +201,7 @@ TEST_F(MenuPath, APressThatTheProgramGetsToMuchLaterIsTheOnlyStep) {
     EXPECT_THAT(stage.desktop.program(40).keys(), IsEmpty());
 }
 
-TEST_F(MenuPath, AnItemThatHasLostItsTitleWhenItIsPressedIsLoggedAsUnknown) {
+TEST_F(MenuPath, AnItemThatLosesItsTitleBeforeThePressIsLoggedAsUnknown) {
     stepInFront(keynote(40).window("deck.key").menu("Play", {item("Show Next").titleReadable(1)}));
     EXPECT_THAT(menuLines(), ElementsAre("menu_path_sent bundle=com.apple.iWork.Keynote dir=next "
                                          "title=unknown"));
@@ -214,14 +214,14 @@ TEST_F(MenuPath, AProgramWithoutAMenuBarIsLoggedAndTheKeyFollows) {
     EXPECT_THAT(stage.desktop.program(42).keysDown(), ElementsAre(121));
 }
 
-TEST_F(MenuPath, AProgramWithoutKnownTitlesIsPassedOverSilently) {
+TEST_F(MenuPath, AProgramWithoutKnownTitlesIsSkippedWithoutALine) {
     stepInFront(preview(60).window("deck.pdf").menu("Go", {item("Next Slide")}));
     EXPECT_THAT(menuLines(), IsEmpty());
     EXPECT_THAT(stage.desktop.program(60).pressed(), IsEmpty());
     EXPECT_THAT(stage.desktop.program(60).keysDown(), ElementsAre(124));
 }
 
-TEST_F(MenuPath, EntriesOfOtherKindsInAMenuAreSkipped) {
+TEST_F(MenuPath, EntriesOfOtherTypesInAMenuAreSkipped) {
     stepInFront(powerPoint(42)
                     .window("deck.pptx")
                     .menu("Slide Show", {simulated::oddEntry(), item("Next Slide")}));

@@ -20,7 +20,7 @@ protected:
     Stage stage;
 };
 
-TEST_F(Overlay, IsNotThereUntilThePageAsksForIt) {
+TEST_F(Overlay, DoesNotExistUntilThePageAsksForIt) {
     EXPECT_EQ(panelsMade(), 0U);
 }
 
@@ -41,7 +41,7 @@ TEST_F(Overlay, CoversTheMainScreenTransparentlyAndTakesNoClicks) {
     EXPECT_EQ(stage.desktop.overlayPage().frame(), (platform::Rect{0, 0, {1440, 900}}));
 }
 
-TEST_F(Overlay, ShowsItsPageWithItsScriptAndHasNobodyToTalkTo) {
+TEST_F(Overlay, ShowsItsPageWithItsScriptAndHasNoMessageHandler) {
     stage.pagePosts("CMD:showOverlay");
     const auto page = stage.desktop.overlayPage();
     EXPECT_EQ(page.file(), "/app/Resources/overlay.html");
@@ -60,7 +60,7 @@ TEST_F(Overlay, IsShownBeforeItsPageIsLoaded) {
                 ElementsAre("panel ordered front", "page /app/Resources/overlay.html loaded"));
 }
 
-TEST_F(Overlay, IsMadeOnceHoweverOftenThePageAsks) {
+TEST_F(Overlay, IsMadeOnlyOnceForSeveralRequests) {
     stage.pagePosts("CMD:showOverlay");
     stage.pagePosts("CMD:showOverlay");
     EXPECT_EQ(panelsMade(), 1U);
@@ -98,7 +98,7 @@ TEST_F(Overlay, IsOrderedOutBeforeItIsDestroyed) {
                 ElementsAre("panel ordered out", "panel closed"));
 }
 
-TEST_F(Overlay, HidingAndDestroyingWhatIsNotThereDoNothing) {
+TEST_F(Overlay, HidingAndDestroyingAMissingOverlayDoNothing) {
     const auto mark = stage.desktop.journal.mark();
     stage.pagePosts("CMD:hideOverlay");
     stage.pagePosts("CMD:destroyOverlay");
@@ -126,7 +126,7 @@ TEST_F(Overlay, FollowsAScreenChangeAlsoWhileItIsHidden) {
     EXPECT_FALSE(panel().visible);
 }
 
-TEST_F(Overlay, StaysWhereItIsWhileThereIsNoScreen) {
+TEST_F(Overlay, KeepsItsFrameWithoutAScreen) {
     stage.pagePosts("CMD:showOverlay");
     stage.desktop.screens.main.reset();
     stage.desktop.screens.frames.clear();
@@ -134,14 +134,14 @@ TEST_F(Overlay, StaysWhereItIsWhileThereIsNoScreen) {
     EXPECT_EQ(panel().frame, (platform::Rect{0, 0, {1440, 900}}));
 }
 
-TEST_F(Overlay, CoversTheFirstScreenWhenNoneIsTheMainOne) {
+TEST_F(Overlay, CoversTheFirstScreenIfNoneIsTheMainScreen) {
     stage.desktop.screens.main.reset();
     stage.desktop.screens.frames = {{0, 0, {1024, 768}}, {1024, 0, {1920, 1080}}};
     stage.pagePosts("CMD:showOverlay");
     EXPECT_EQ(panel().frame, (platform::Rect{0, 0, {1024, 768}}));
 }
 
-TEST_F(Overlay, IsNotMadeWithoutAScreenAndNothingIsSaid) {
+TEST_F(Overlay, IsNotMadeWithoutAScreenAndNothingIsLogged) {
     stage.desktop.screens.main.reset();
     stage.desktop.screens.frames.clear();
     const auto mark = stage.desktop.journal.mark();
@@ -156,7 +156,7 @@ TEST_F(Overlay, AScreenChangeWithoutAnOverlayDoesNothing) {
     EXPECT_THAT(stage.desktop.journal.effectsSince(mark), IsEmpty());
 }
 
-TEST_F(Overlay, GoesWithThePanelWindow) {
+TEST_F(Overlay, IsDestroyedWithThePanelWindow) {
     stage.pagePosts("CMD:showOverlay");
     const auto page = stage.desktop.overlayPage();
     stage.desktop.userClosesPanel();
@@ -199,14 +199,14 @@ TEST_F(OverlayConnection, IsPassedToThePageHalfASecondLater) {
     EXPECT_THAT(scripts(), ElementsAre(R"(window._connectOverlay("ws://h/x", "AB"))"));
 }
 
-TEST_F(OverlayConnection, ReachesAnOverlayThatIsMadeMeanwhile) {
+TEST_F(OverlayConnection, ReachesAnOverlayThatIsMadeInTheMeantime) {
     stage.pagePosts("WSCONN:ws://h/x|AB");
     stage.pagePosts("CMD:showOverlay");
     stage.desktop.advance(std::chrono::milliseconds(500));
     EXPECT_THAT(scripts(), ElementsAre(R"(window._connectOverlay("ws://h/x", "AB"))"));
 }
 
-TEST_F(OverlayConnection, IsNotRetriedWhenThereIsNoOverlayAtThatMoment) {
+TEST_F(OverlayConnection, IsNotRetriedIfThereIsNoOverlayAtThatTime) {
     stage.pagePosts("WSCONN:ws://h/x|AB");
     stage.desktop.advance(std::chrono::milliseconds(500));
     stage.pagePosts("CMD:showOverlay");
@@ -232,7 +232,7 @@ TEST_F(OverlayConnection, QuotesAndBackslashesStayInsideTheirText) {
     EXPECT_THAT(scripts(), ElementsAre(R"(window._connectOverlay("ws://h/\\", "A\"B\\\""))"));
 }
 
-TEST_F(OverlayConnection, ControlCharactersPassAsTheyAre) {
+TEST_F(OverlayConnection, ControlCharactersAreNotChanged) {
     stage.pagePosts("CMD:showOverlay");
     stage.pagePosts("WSCONN:ws://h/x|A\nB");
     stage.desktop.advance(std::chrono::milliseconds(500));

@@ -37,7 +37,7 @@ TEST(Panel, ShowsItsPageWhichMayReadItsSiblings) {
     EXPECT_THAT(stage.desktop.panelPage().handlerNames(), ElementsAre("bridge"));
 }
 
-TEST(Panel, ANumberPostedByThePageCausesNothing) {
+TEST(Panel, ANumberPostedByThePageHasNoEffect) {
     Stage stage;
     stage.launch();
     stage.desktop.panelPage().postsNonText("bridge");
@@ -52,7 +52,7 @@ TEST(Panel, ClosingItQuits) {
     EXPECT_TRUE(stage.desktop.application.terminated());
 }
 
-TEST(Panel, ClosingItWhileAStepWaitsDropsTheStep) {
+TEST(Panel, ClosingItDropsAQueuedStep) {
     Stage stage;
     stage.desktop.addProgram(keynote(40).window("deck.key"));
     stage.launch();
@@ -62,7 +62,7 @@ TEST(Panel, ClosingItWhileAStepWaitsDropsTheStep) {
     EXPECT_THAT(stage.desktop.program(40).keys(), IsEmpty());
 }
 
-TEST(Panel, QuittingWithWorkQueuedDropsTheWork) {
+TEST(Panel, QuittingDropsQueuedWork) {
     Stage stage;
     stage.desktop.addProgram(keynote(40).window("deck.key"));
     stage.launch();
@@ -74,7 +74,7 @@ TEST(Panel, QuittingWithWorkQueuedDropsTheWork) {
     EXPECT_THAT(stage.desktop.program(40).keys(), IsEmpty());
 }
 
-TEST(Panel, APagePostingAfterItsWindowIsGoneReachesNobody) {
+TEST(Panel, APostAfterTheWindowIsGoneIsNotDelivered) {
     Stage stage;
     stage.launch();
     auto page = stage.desktop.panelPage();
@@ -85,7 +85,7 @@ TEST(Panel, APagePostingAfterItsWindowIsGoneReachesNobody) {
     EXPECT_THAT(stage.lines(), IsEmpty());
 }
 
-TEST(Panel, TheControllerIsHeldByItsEntryPointAlone) {
+TEST(Panel, OnlyTheEntryPointHoldsTheController) {
     Stage stage;
     stage.desktop.addProgram(keynote(40).window("deck.key"));
     stage.launch();
@@ -120,19 +120,19 @@ TEST_F(ResourceDirectory, WithoutAnyArgumentTheProgramStops) {
         testing::KilledBySignal(SIGABRT), "");
 }
 
-TEST_F(ResourceDirectory, IsTheBundlesWhenThePanelIsInIt) {
+TEST_F(ResourceDirectory, IsInTheBundleIfThatHasThePanel) {
     stage.desktop.files.put("/bundle/panel.html", "");
     stage.desktop.files.put("/opt/bin/Resources/panel.html", "");
     EXPECT_EQ(stage.app->resourceDir(), "/bundle");
 }
 
-TEST_F(ResourceDirectory, IsBesideTheExecutableWhenTheBundleLacksThePanel) {
+TEST_F(ResourceDirectory, IsBesideTheExecutableIfTheBundleLacksThePanel) {
     stage.desktop.files.put("/bundle/overlay.html", "");
     stage.desktop.files.put("/opt/bin/Resources/panel.html", "");
     EXPECT_EQ(stage.app->resourceDir(), "/opt/bin/Resources");
 }
 
-TEST_F(ResourceDirectory, IsBesideTheExecutableWhenThereIsNoBundle) {
+TEST_F(ResourceDirectory, IsBesideTheExecutableWithoutABundle) {
     stage.desktop.host.resourceDirectory = std::nullopt;
     stage.desktop.files.put("/opt/bin/Resources/panel.html", "");
     EXPECT_EQ(stage.app->resourceDir(), "/opt/bin/Resources");
@@ -151,7 +151,7 @@ TEST_F(ResourceDirectory, ARelativeProgramPathStartsAtTheWorkingDirectory) {
     EXPECT_EQ(stage.app->resourceDir(), "/home/user/build/Resources");
 }
 
-TEST_F(ResourceDirectory, IsElseTheWorkingDirectorysWhetherItExistsOrNot) {
+TEST_F(ResourceDirectory, IsOtherwiseInTheWorkingDirectoryEvenIfMissing) {
     EXPECT_EQ(stage.app->resourceDir(), "/home/user/Resources");
 }
 
@@ -179,7 +179,7 @@ TEST(BridgeCommands, ASlideStepReachesTheProgram) {
     EXPECT_THAT(stage.desktop.program(40).keysDown(), ElementsAre(123));
 }
 
-TEST(BridgeCommands, WhatIsNotRecognisedIsIgnoredSilently) {
+TEST(BridgeCommands, UnknownTextsAreIgnoredWithoutALine) {
     Stage stage;
     stage.launch();
     const auto mark = stage.desktop.journal.mark();

@@ -98,7 +98,7 @@ TEST_F(SlideKeyDelivery, AKeyThatCannotBeMadeIsLoggedAndTheTargetStillRemembered
     EXPECT_THAT(stage.desktop.program(40).keysDown(), ElementsAre(124));
 }
 
-TEST_F(SlideKeyDelivery, AProgramThatCannotTakeAKeyIsReportedAndNobodyGetsTheKey) {
+TEST_F(SlideKeyDelivery, AProgramThatRefusesAKeyIsReportedAndNoProgramGetsTheKey) {
     stage.desktop.addProgram(
         keynote(40).window("deck.key").refusesKeys("its window is not on the screen"));
     stage.desktop.addProgram(safari(31).window("News"));
@@ -112,7 +112,7 @@ TEST_F(SlideKeyDelivery, AProgramThatCannotTakeAKeyIsReportedAndNobodyGetsTheKey
     EXPECT_THAT(stage.desktop.program(40).keys(), IsEmpty());
 }
 
-TEST_F(SlideKeyDelivery, AKeyThatIsRefusedWithoutWordsIsReportedAsUndelivered) {
+TEST_F(SlideKeyDelivery, AKeyThatIsRefusedWithoutAReasonIsReportedAsUndelivered) {
     stage.desktop.addProgram(keynote(40).window("deck.key").refusesKeys(""));
     stage.step("next");
     EXPECT_THAT(
@@ -121,7 +121,7 @@ TEST_F(SlideKeyDelivery, AKeyThatIsRefusedWithoutWordsIsReportedAsUndelivered) {
     EXPECT_THAT(stage.desktop.program(40).keys(), IsEmpty());
 }
 
-TEST_F(SlideKeyDelivery, AnUnprofiledTargetGetsArrowsWhereTheFocusIs) {
+TEST_F(SlideKeyDelivery, AnUnprofiledTargetIsSteppedByArrowsToTheFocus) {
     stage.desktop.addProgram(simulated::program("org.example.Unknown").pid(9).window("deck"));
     stage.desktop.addProgram(safari(31).window("News"));
     stage.desktop.bringToFront(31);

@@ -28,12 +28,12 @@ protected:
     }
 };
 
-TEST_F(SlideMessageHandling, AWelcomeSaysThatTheRoomIsReady) {
+TEST_F(SlideMessageHandling, AWelcomeIsLoggedAsAReadyRoom) {
     receive(R"({"type":"welcome","participants":[]})");
     EXPECT_THAT(stage.lines(), ElementsAre("native_ws_ready room=AB12CD"));
 }
 
-TEST_F(SlideMessageHandling, AWelcomeWithoutARoomWritesADash) {
+TEST_F(SlideMessageHandling, AWelcomeWithoutARoomIsLoggedWithADash) {
     stage.app->cancelNativeSlideSocket("test");
     stage.forget();
     stage.app->handleNativeSlideSocketText(R"({"type":"welcome"})");
@@ -49,7 +49,7 @@ TEST_F(SlideMessageHandling, AStepTurnsTheSlide) {
     EXPECT_THAT(stage.desktop.program(40).keysDown(), ElementsAre(124));
 }
 
-TEST_F(SlideMessageHandling, AStepWithoutATagGoesOnWithoutOne) {
+TEST_F(SlideMessageHandling, AStepWithoutATagIsPassedOnWithoutOne) {
     receive(R"({"type":"slide_nav","direction":"PREV"})");
     EXPECT_EQ(stage.lines()[0], "native_ws_received direction=prev seq=-");
     EXPECT_EQ(stage.lines()[1], "native_bridge_received direction=prev seq=- source=native_ws");
@@ -71,12 +71,12 @@ TEST_F(SlideMessageHandling, AStepWithoutADirectionIsPassedOnAndRefused) {
                             "blocked_invalid_direction raw="));
 }
 
-TEST_F(SlideMessageHandling, ADirectionThatIsANumberIsNone) {
+TEST_F(SlideMessageHandling, ANumberAsDirectionCountsAsMissing) {
     receive(R"({"type":"slide_nav","direction":5,"seq":5})");
     EXPECT_EQ(stage.lines()[0], "native_ws_received direction= seq=5");
 }
 
-TEST_F(SlideMessageHandling, AStepThatAlsoCameThroughThePanelTurnsOneSlide) {
+TEST_F(SlideMessageHandling, AStepThatAlsoComesThroughThePanelTurnsOneSlide) {
     receive(R"({"type":"slide_nav","direction":"next","seq":17})");
     stage.pagePosts("PPT:next|17|panel");
     EXPECT_THAT(stage.desktop.program(40).keysDown(), SizeIs(1));
@@ -89,7 +89,7 @@ TEST_F(SlideMessageHandling, AStepSentTwiceTurnsOneSlide) {
     EXPECT_THAT(stage.desktop.program(40).keysDown(), SizeIs(1));
 }
 
-TEST_F(SlideMessageHandling, WhatIsNotUnderstoodIsIgnoredSilently) {
+TEST_F(SlideMessageHandling, UnknownMessagesAreIgnoredWithoutALine) {
     for (const auto& text :
          {""s, "hello"s, "{"s, "[]"s, R"([{"type":"welcome"}])"s, "5"s, "null"s, R"("welcome")"s,
           "{}"s, R"({"type":5})"s, R"({"type":"WELCOME"})"s, R"({"type":"welcome "})"s,
@@ -102,14 +102,14 @@ TEST_F(SlideMessageHandling, WhatIsNotUnderstoodIsIgnoredSilently) {
     EXPECT_THAT(stage.lines(), SizeIs(1));
 }
 
-TEST_F(SlideMessageHandling, AMessageOfTheOldRoomThatComesLateIsStillActedOn) {
+TEST_F(SlideMessageHandling, ALateMessageOfTheOldRoomStillTurnsTheSlide) {
     stage.desktop.network.sends(socket(), R"({"type":"slide_nav","direction":"next","seq":1})");
     stage.app->connectNativeSlideSocket(base, "OTHER", "test");
     stage.desktop.runReady();
     EXPECT_THAT(stage.lines(), Contains("native_ws_received direction=next seq=1"));
 }
 
-TEST_F(SlideMessageHandling, AnEndlessNestingIsIgnored) {
+TEST_F(SlideMessageHandling, AMessageThatIsNestedTooDeeplyIsIgnored) {
     receive(std::string(1'000'000, '['));
     receive(R"({"type":"slide_nav","direction":"next","seq":)" + std::string(100'000, '[') +
             std::string(100'000, ']') + "}");

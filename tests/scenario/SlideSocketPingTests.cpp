@@ -31,7 +31,7 @@ TEST_F(SlideSocketPing, IsSentEveryFifteenSecondsTheFirstAfterFifteen) {
     EXPECT_THAT(stage.lines(), IsEmpty());
 }
 
-TEST_F(SlideSocketPing, StartsAnewWithEachConnection) {
+TEST_F(SlideSocketPing, StartsAgainWithEachConnection) {
     stage.desktop.advance(10s);
     connect(base, "CD34");
     stage.desktop.advance(14s);
@@ -48,7 +48,7 @@ TEST_F(SlideSocketPing, StopsWithTheConnection) {
     EXPECT_EQ(socket().pings, 0);
 }
 
-TEST_F(SlideSocketPing, CancellingWithoutASocketStopsItsTimerToo) {
+TEST_F(SlideSocketPing, CancelingWithoutASocketAlsoStopsItsTimer) {
     stage.app->cancelNativeSlideSocket("test");
     const auto withoutPings = stage.desktop.dispatch.armed();
     stage.app->startNativeSlidePingLoop("AB12");
@@ -79,7 +79,7 @@ TEST_F(SlideSocketPing, AFailedPingDropsTheConnectionAndJoinsAgain) {
     EXPECT_TRUE(socket().open);
 }
 
-TEST_F(SlideSocketPing, AFailedPingOfAnOldRoomDropsTheRoomThatIsJoinedNow) {
+TEST_F(SlideSocketPing, AFailedPingOfAnOldRoomDropsTheCurrentRoom) {
     stage.desktop.network.serve(3000).answersPings = false;
     stage.desktop.advance(15s);
     auto handlers = std::exchange(socket().pongHandlers, {});
@@ -93,7 +93,7 @@ TEST_F(SlideSocketPing, AFailedPingOfAnOldRoomDropsTheRoomThatIsJoinedNow) {
                             "native_ws_connecting room=CD34 reason=ping_failed_reconnect"));
 }
 
-TEST_F(SlideSocketPing, AFailedPingWithoutAConnectionOnlyWritesItsRoom) {
+TEST_F(SlideSocketPing, AFailedPingWithoutAConnectionOnlyLogsItsRoom) {
     stage.desktop.network.serve(3000).answersPings = false;
     stage.desktop.advance(15s);
     auto handlers = std::exchange(socket().pongHandlers, {});

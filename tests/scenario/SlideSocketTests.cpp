@@ -41,7 +41,7 @@ TEST_F(SlideSocket, TwoRunsJoinUnderTwoNames) {
     EXPECT_THAT(second, MatchesRegex("overlay-native-[0-9A-F]{8}"));
 }
 
-TEST_F(SlideSocket, TheNameIsTheSameForEveryRoom) {
+TEST_F(SlideSocket, TheNameIsTheSameInEveryRoom) {
     connect(base, "ONE");
     const auto first = nameIn(socket().url);
     connect(base, "TWO");
@@ -67,7 +67,7 @@ TEST_F(SlideSocket, AnotherServerForTheSameRoomReplacesTheConnection) {
     EXPECT_TRUE(stage.desktop.network.lastConnection(3001).open);
 }
 
-TEST_F(SlideSocket, ServersAreComparedLetterByLetter) {
+TEST_F(SlideSocket, ServersAreComparedExactly) {
     connect();
     connect("http://127.0.0.1:3000/");
     EXPECT_THAT(connections(), SizeIs(2));
@@ -80,7 +80,7 @@ TEST_F(SlideSocket, TheRoomIsEncodedInTheUrlAndPlainInTheLog) {
     EXPECT_THAT(stage.lines(), ElementsAre("native_ws_connecting room=A B&C reason=test"));
 }
 
-TEST_F(SlideSocket, AUrlThatIsNoneDropsTheOldConnectionAndWaitsForNothing) {
+TEST_F(SlideSocket, AnInvalidUrlDropsTheOldConnectionAndSchedulesNothing) {
     connect();
     stage.forget();
     connect("http://not a url", "CD34");
@@ -111,14 +111,14 @@ TEST_F(SlideSocket, MessagesArriveInTheirOrder) {
     EXPECT_EQ(received.back(), "native_ws_received direction=x seq=99");
 }
 
-TEST_F(SlideSocket, BytesThatAreATextCountAsOne) {
+TEST_F(SlideSocket, BytesWithValidUtf8CountAsText) {
     connect();
     stage.desktop.network.sendsBytes(socket(), R"({"type":"welcome"})");
     stage.desktop.runReady();
     EXPECT_THAT(stage.lines(), Contains("native_ws_ready room=AB12"));
 }
 
-TEST_F(SlideSocket, BytesThatAreNoTextAreDroppedAndTheNextMessageArrives) {
+TEST_F(SlideSocket, BytesThatAreNotUtf8AreDroppedAndTheNextMessageArrives) {
     connect();
     stage.forget();
     stage.desktop.network.sendsBytes(socket(), "\xFF\xFE{}");
@@ -127,7 +127,7 @@ TEST_F(SlideSocket, BytesThatAreNoTextAreDroppedAndTheNextMessageArrives) {
     EXPECT_THAT(stage.lines(), ElementsAre("native_ws_ready room=AB12"));
 }
 
-TEST_F(SlideSocket, ABrokenConnectionIsJoinedAgainASecondLater) {
+TEST_F(SlideSocket, AfterABrokenConnectionTheRoomIsJoinedAgainASecondLater) {
     connect();
     stage.forget();
     breakSocket();
@@ -154,7 +154,7 @@ TEST_F(SlideSocket, ARefusedConnectionIsTriedEverySecond) {
     EXPECT_THAT(stage.lines("native_ws_connecting"), SizeIs(6));
 }
 
-TEST_F(SlideSocket, TheEndOfADroppedConnectionIsNoFailure) {
+TEST_F(SlideSocket, TheEndOfADroppedConnectionIsNotAFailure) {
     connect();
     stage.app->cancelNativeSlideSocket("test");
     stage.desktop.advance(10s);
@@ -163,7 +163,7 @@ TEST_F(SlideSocket, TheEndOfADroppedConnectionIsNoFailure) {
     EXPECT_EQ(socket().closeCode, 1001);
 }
 
-TEST_F(SlideSocket, TheEndOfAReplacedConnectionIsNoFailureOfTheNewRoom) {
+TEST_F(SlideSocket, TheEndOfAReplacedConnectionIsNotAFailureOfTheNewRoom) {
     connect(base, "ONE");
     connect(base, "TWO");
     stage.desktop.advance(10s);
@@ -171,7 +171,7 @@ TEST_F(SlideSocket, TheEndOfAReplacedConnectionIsNoFailureOfTheNewRoom) {
     EXPECT_TRUE(socket().open);
 }
 
-TEST_F(SlideSocket, TheEndOfAnOldConnectionIsTakenForTheNewOnesWhenTheRoomIsTheSame) {
+TEST_F(SlideSocket, TheEndOfAnOldConnectionCountsForTheNewOneInTheSameRoom) {
     connect();
     stage.app->cancelNativeSlideSocket("test");
     stage.app->connectNativeSlideSocket(base, "AB12", "test");
@@ -182,12 +182,12 @@ TEST_F(SlideSocket, TheEndOfAnOldConnectionIsTakenForTheNewOnesWhenTheRoomIsTheS
     EXPECT_TRUE(socket().open);
 }
 
-TEST_F(SlideSocket, CancellingWithoutASocketIsSilent) {
+TEST_F(SlideSocket, CancelingWithoutASocketLogsNothing) {
     stage.app->cancelNativeSlideSocket("test");
     EXPECT_THAT(stage.lines(), IsEmpty());
 }
 
-TEST_F(SlideSocket, ConnectingDropsAReconnectThatWaits) {
+TEST_F(SlideSocket, ConnectingDropsAPendingReconnect) {
     connect();
     breakSocket();
     connect(base, "CD34");
@@ -197,7 +197,7 @@ TEST_F(SlideSocket, ConnectingDropsAReconnectThatWaits) {
                             "native_ws_connecting room=CD34 reason=test"));
 }
 
-TEST_F(SlideSocket, ConnectingToWhatIsJoinedAlreadyDropsAReconnectThatWaits) {
+TEST_F(SlideSocket, ConnectingToTheJoinedRoomDropsAPendingReconnect) {
     connect();
     stage.app->scheduleNativeSlideSocketReconnect(base, "CD34", "receive_failed_reconnect");
     connect();
@@ -224,7 +224,7 @@ TEST_F(SlideSocket, DiscoveryJoinsAtOnceAndDropsTheReconnect) {
                             "native_ws_connecting room=AB12 reason=active_discovery"));
 }
 
-TEST_F(SlideSocket, AMessageOfAnOldRoomArmsNothingOnTheNewConnection) {
+TEST_F(SlideSocket, AMessageOfAnOldRoomStartsNoReceiveOnTheNewConnection) {
     connect(base, "ONE");
     stage.desktop.network.sends(socket(), "hello");
     stage.app->connectNativeSlideSocket(base, "TWO", "test");
@@ -265,7 +265,7 @@ TEST_F(SlideSocketAtQuit, ClosedBeforeTheBackendIsEnded) {
     EXPECT_LT(ended, ping);
 }
 
-TEST_F(SlideSocketAtQuit, AReconnectThatWaitsIsDropped) {
+TEST_F(SlideSocketAtQuit, APendingReconnectIsDropped) {
     connect();
     breakSocket();
     quit();
@@ -274,14 +274,14 @@ TEST_F(SlideSocketAtQuit, AReconnectThatWaitsIsDropped) {
     EXPECT_EQ(stage.desktop.dispatch.armed(), 0U);
 }
 
-TEST_F(SlideSocketAtQuit, AReconnectThatIsScheduledAfterwardsConnectsNothing) {
+TEST_F(SlideSocketAtQuit, AReconnectThatIsScheduledLaterDoesNotConnect) {
     stage.app->applicationWillTerminate();
     stage.app->scheduleNativeSlideSocketReconnect(base, "AB12", "receive_failed_reconnect");
     stage.desktop.advance(60s);
     EXPECT_THAT(stage.lines(), IsEmpty());
 }
 
-TEST_F(SlideSocketAtQuit, NoTimerGoesOn) {
+TEST_F(SlideSocketAtQuit, NoTimerContinues) {
     connect();
     quit();
     EXPECT_EQ(stage.desktop.dispatch.armed(), 0U);

@@ -99,7 +99,7 @@ TEST_F(SlideStepping, AFocusedWindowWithoutATitleIsLoggedWithADash) {
                             "self=org.stagehopper.Stagehopper title=-"));
 }
 
-TEST_F(SlideStepping, TheContextTellsTheTrustOfThatMoment) {
+TEST_F(SlideStepping, TheContextHasTheCurrentTrust) {
     stage.desktop.accessibility.trusted = false;
     stage.forget();
     stage.app->resolveSlideTargetAndSend(SlideDirection::next);
@@ -133,7 +133,7 @@ TEST_F(SlideStepping, WithoutASupportedProgramOnlyTheContextAndTheReasonAreLogge
                             "front=com.apple.TextEdit"));
 }
 
-TEST_F(SlideStepping, WhatIsAbsentIsWrittenAsNilOrADash) {
+TEST_F(SlideStepping, AbsentValuesAreWrittenAsNilOrADash) {
     stage.desktop.host.bundleId = std::nullopt;
     stage.desktop.bringNothingToFront();
     stepAfresh("next");

@@ -66,23 +66,23 @@ TEST_F(SlideTarget, AProgramWithBlankOrUnreadableTitlesIsNeverATarget) {
     EXPECT_EQ(stepped(), "none");
 }
 
-TEST_F(SlideTarget, TheLoggedTitleIsTheFirstThatIsNotBlankTrimmed) {
+TEST_F(SlideTarget, TheLoggedTitleIsTheFirstNonBlankOneTrimmed) {
     stage.desktop.addProgram(powerPoint(50).window(" ").window("  deck.pptx\n").window("other"));
     stage.step("next");
     EXPECT_THAT(stage.lines("target_resolved").front(), HasSubstr("title=deck.pptx"));
 }
 
-TEST_F(SlideTarget, PreviewWithATextIsNoTarget) {
+TEST_F(SlideTarget, PreviewWithATextIsNotATarget) {
     stage.desktop.addProgram(preview(60).window("notes.txt"));
     EXPECT_EQ(stepped(), "none");
 }
 
-TEST_F(SlideTarget, PreviewWithAPdfIsATargetWhateverTheCaseAndBlanksOfItsTitle) {
+TEST_F(SlideTarget, PreviewWithAPdfIsATargetInAnyCaseAndWithBlanks) {
     stage.desktop.addProgram(preview(60).window("notes.txt").window("Deck.PDF "));
     EXPECT_EQ(stepped(), "com.apple.Preview");
 }
 
-TEST_F(SlideTarget, WpsIsATargetWhateverItsTitlesSay) {
+TEST_F(SlideTarget, WpsIsATargetWithAnyTitle) {
     stage.desktop.addProgram(wps(61).window("letter.docx"));
     EXPECT_EQ(stepped(), "com.kingsoft.wpsoffice.mac");
 }
@@ -103,7 +103,7 @@ TEST_F(SlideTarget, ThePreviousTargetStaysTheTargetWhenAnotherComesToTheFront) {
     EXPECT_EQ(stepped(), "com.microsoft.Powerpoint");
 }
 
-TEST_F(SlideTarget, ARestartedPreviousTargetIsFoundAgainByItsProduct) {
+TEST_F(SlideTarget, ARestartedPreviousTargetIsFoundByItsProduct) {
     stage.desktop.addProgram(powerPoint(50).window("deck.pptx"));
     stage.desktop.addProgram(keynote(40).window("deck.key"));
     stage.desktop.bringToFront(50);
@@ -114,7 +114,7 @@ TEST_F(SlideTarget, ARestartedPreviousTargetIsFoundAgainByItsProduct) {
     EXPECT_EQ(steppedPid(), 51);
 }
 
-TEST_F(SlideTarget, OfTwoProcessesOfOneProductTheOneThatWasSteppedStaysTheTarget) {
+TEST_F(SlideTarget, OfTwoProcessesOfOneProductThePreviousTargetStaysTheTarget) {
     stage.desktop.addProgram(powerPoint(50).window("other.pptx"));
     stage.desktop.addProgram(powerPoint(51).window("deck.pptx"));
     stage.desktop.bringToFront(51);
@@ -133,7 +133,7 @@ TEST_F(SlideTarget, WhenThePreviousTargetHasQuitTheOneInFrontIsTaken) {
     EXPECT_EQ(steppedPid(), 30);
 }
 
-TEST_F(SlideTarget, APreviousTargetThatLostItsTitledWindowsIsLeft) {
+TEST_F(SlideTarget, APreviousTargetWithoutTitledWindowsIsNoLongerTheTarget) {
     stage.desktop.addProgram(powerPoint(50).window("deck.pptx"));
     stage.desktop.addProgram(keynote(40).window("deck.key"));
     ASSERT_EQ(stepped(), "com.microsoft.Powerpoint");
@@ -147,13 +147,13 @@ TEST_F(SlideTarget, AmongBrowsersTheLowerProcessIdIsTaken) {
     EXPECT_EQ(steppedPid(), 30);
 }
 
-TEST_F(SlideTarget, AProgramWhoseWindowsCannotBeReadIsSkipped) {
+TEST_F(SlideTarget, AProgramWithUnreadableWindowsIsSkipped) {
     stage.desktop.addProgram(powerPoint(50).window("deck.pptx").unreadable());
     stage.desktop.addProgram(keynote(40).window("deck.key"));
     EXPECT_EQ(stepped(), "com.apple.iWork.Keynote");
 }
 
-TEST_F(SlideTarget, WhenThereIsNoTargetThePreviousOneIsStillRemembered) {
+TEST_F(SlideTarget, WithoutATargetThePreviousOneIsStillRemembered) {
     stage.desktop.addProgram(powerPoint(50).window("deck.pptx"));
     ASSERT_EQ(steppedPid(), 50);
     stage.desktop.quitProgram(50);

@@ -102,7 +102,7 @@ std::shared_ptr<platform::WebSocketTask> BusySession::makeWebSocketTask(
     return std::make_shared<BusySocket>(*this);
 }
 
-TEST(SocketThread, ConnectionsMayComeAndGoWhileMessagesArrive) {
+TEST(SocketThread, ConnectionsMayOpenAndCloseWhileMessagesArrive) {
     using namespace std::chrono_literals;
     simulated::Desktop desktop;
     BusySession session;

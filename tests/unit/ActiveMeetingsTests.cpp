@@ -27,7 +27,7 @@ TEST(ActiveMeetings, EveryFieldIsRead) {
     EXPECT_EQ(decodeActiveMeetings(response(meeting)), expected);
 }
 
-TEST(ActiveMeetings, NoMeetingsAreAResponseToo) {
+TEST(ActiveMeetings, AnEmptyListIsAResponse) {
     EXPECT_EQ(decodeActiveMeetings(response("")), ActiveMeetingsResponse{});
 }
 
@@ -36,7 +36,7 @@ TEST(ActiveMeetings, UnknownFieldsAreIgnored) {
               ActiveMeetingsResponse{});
 }
 
-TEST(ActiveMeetings, NestingBeyondWhatFoundationTakesSpoilsTheResponse) {
+TEST(ActiveMeetings, NestingBeyondFoundationsLimitMakesTheResponseAbsent) {
     const auto nested = [](std::size_t levels) {
         return R"({"meetings":[],"x":)" + nestedArrays(levels) + "}";
     };
@@ -45,19 +45,19 @@ TEST(ActiveMeetings, NestingBeyondWhatFoundationTakesSpoilsTheResponse) {
     EXPECT_FALSE(decodeActiveMeetings(nested(100'000)));
 }
 
-TEST(ActiveMeetings, TheTimeOfCreationMayBeAWholeNumber) {
+TEST(ActiveMeetings, TheCreationTimeMayBeAWholeNumber) {
     const auto decoded = decodeActiveMeetings(response(with(meeting, "1.5", "1790000000123")));
     ASSERT_TRUE(decoded);
     EXPECT_EQ(decoded->meetings[0].createdAt, 1790000000123.0);
 }
 
-TEST(ActiveMeetings, AMeetingMayBeWithoutParticipants) {
+TEST(ActiveMeetings, AMeetingMayHaveNoParticipants) {
     const auto decoded = decodeActiveMeetings(response(with(meeting, participant, "")));
     ASSERT_TRUE(decoded);
     EXPECT_TRUE(decoded->meetings[0].participants.empty());
 }
 
-TEST(ActiveMeetings, OneMeetingWithAFieldMissingSpoilsTheWholeResponse) {
+TEST(ActiveMeetings, AMissingFieldInOneMeetingMakesTheResponseAbsent) {
     for (const char* field :
          {R"("roomCode":"AB12",)", R"("roomName":"n",)", R"("createdAt":1.5,)"}) {
         EXPECT_FALSE(decodeActiveMeetings(response(meeting + "," + with(meeting, field, ""))))
@@ -67,13 +67,13 @@ TEST(ActiveMeetings, OneMeetingWithAFieldMissingSpoilsTheWholeResponse) {
         response(meeting + R"(,{"roomCode":"A","roomName":"n","createdAt":1})")));
 }
 
-TEST(ActiveMeetings, OneParticipantWithAFieldMissingSpoilsTheWholeResponse) {
+TEST(ActiveMeetings, AMissingFieldInOneParticipantMakesTheResponseAbsent) {
     for (const char* field : {R"("userId":"u",)", R"("displayName":"d",)", R"(,"role":"guest")"}) {
         EXPECT_FALSE(decodeActiveMeetings(response(with(meeting, field, "")))) << field;
     }
 }
 
-TEST(ActiveMeetings, AFieldOfAnotherTypeIsNoField) {
+TEST(ActiveMeetings, AFieldOfAnotherTypeMakesTheResponseAbsent) {
     for (const auto& [from, to] : {std::pair{R"("AB12")", "5"},
                                    {R"("n")", "null"},
                                    {"1.5", R"("1.5")"},
@@ -85,12 +85,12 @@ TEST(ActiveMeetings, AFieldOfAnotherTypeIsNoField) {
     }
 }
 
-TEST(ActiveMeetings, NamesAreComparedLetterByLetter) {
+TEST(ActiveMeetings, NamesAreComparedExactly) {
     EXPECT_FALSE(decodeActiveMeetings(response(with(meeting, "roomCode", "roomcode"))));
     EXPECT_FALSE(decodeActiveMeetings(response(with(meeting, "roomCode", "room_code"))));
 }
 
-TEST(ActiveMeetings, WhatIsNoResponseIsAbsent) {
+TEST(ActiveMeetings, AnInvalidResponseIsAbsent) {
     for (const char* text :
          {"", " ", "null", "[]", "5", "{}", "{\"meetings\":{}}", "{\"meetings\":[5]}",
           "{\"meetings\":[]", "{\"meetings\":[]}x", "{\"meetings\":[\"\xFF\"]}"}) {

@@ -16,7 +16,7 @@ struct CommandCase {
 
 class BridgeCommands : public testing::TestWithParam<CommandCase> {};
 
-TEST_P(BridgeCommands, AreRecognisedAsWholeTexts) {
+TEST_P(BridgeCommands, AreRecognizedAsWholeTexts) {
     EXPECT_EQ(parseBridgeMessage(GetParam().text), BridgeMessage{GetParam().command});
 }
 
@@ -70,7 +70,7 @@ TEST(BridgeMessage, ASlideStepOfTwoFieldsComesFromThePanel) {
     EXPECT_EQ(parseBridgeMessage("PPT:next|7"), (BridgeMessage{SlideStep{"next", "7", "panel"}}));
 }
 
-TEST(BridgeMessage, AnEmptySourceThatIsThereStaysEmpty) {
+TEST(BridgeMessage, AnEmptySourceStaysEmpty) {
     EXPECT_EQ(parseBridgeMessage("PPT:next|7|"), (BridgeMessage{SlideStep{"next", "7", ""}}));
 }
 
@@ -85,12 +85,12 @@ TEST(BridgeMessage, EmptyFieldsOfASlideStepAreKept) {
     EXPECT_EQ(parseBridgeMessage("PPT:"), (BridgeMessage{SlideStep{"", "", "panel"}}));
 }
 
-TEST(BridgeMessage, ADirectionIsNotJudgedHere) {
+TEST(BridgeMessage, ADirectionIsNotValidated) {
     EXPECT_EQ(parseBridgeMessage("PPT: Sideways |1|x"),
               (BridgeMessage{SlideStep{" Sideways ", "1", "x"}}));
 }
 
-TEST(BridgeMessage, DebugTextIsEverythingBehindThePrefix) {
+TEST(BridgeMessage, DebugTextIsEverythingAfterThePrefix) {
     EXPECT_EQ(parseBridgeMessage("DBG:a|b DBG:c\n"), (BridgeMessage{DebugText{"a|b DBG:c\n"}}));
 }
 

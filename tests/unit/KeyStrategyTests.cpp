@@ -15,7 +15,7 @@ TEST(KeyStrategy, OfARowIsTheRowsKeysToTheProcess) {
     EXPECT_EQ(strategy.dispatchWord(), "pid");
 }
 
-TEST(KeyStrategy, WithoutARowIsTheArrowsToWhoeverHasTheFocus) {
+TEST(KeyStrategy, WithoutARowIsTheArrowsToTheFocus) {
     const auto strategy = keyStrategy(nullptr);
     EXPECT_EQ(strategy.word, "generic_arrows_fallback");
     EXPECT_EQ(strategy.keyFor(SlideDirection::next), 124);
@@ -23,7 +23,7 @@ TEST(KeyStrategy, WithoutARowIsTheArrowsToWhoeverHasTheFocus) {
     EXPECT_EQ(strategy.dispatchWord(), "hid");
 }
 
-TEST(KeyStrategy, DetectionTellsFrontBackgroundAndUnknownApart) {
+TEST(KeyStrategy, DetectionDistinguishesFrontBackgroundAndUnknown) {
     EXPECT_EQ(detectionWord(keyStrategy(&row), true), "detected_profiled_front");
     EXPECT_EQ(detectionWord(keyStrategy(&row), false), "detected_profiled_background");
     EXPECT_EQ(detectionWord(keyStrategy(nullptr), true), "detected_generic");

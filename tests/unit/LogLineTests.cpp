@@ -18,7 +18,7 @@ TEST(LogLine, AFileLineBeginsWithTheTimeAndEndsWithALineFeed) {
     EXPECT_EQ(diagnosticFileLine("15:04:05", "[slide_nav] x y"), "[15:04:05] [slide_nav] x y\n");
 }
 
-TEST(LogLine, ADetailOfSeveralLinesStaysAsItIs) {
+TEST(LogLine, ADetailOfSeveralLinesIsNotChanged) {
     EXPECT_EQ(diagnosticFileLine("1", diagnosticMessage("panel_debug", "a\nb\n")),
               "[1] [slide_nav] panel_debug a\nb\n\n");
 }

@@ -21,7 +21,7 @@ std::string chosen(std::vector<ActiveMeetingSummary> meetings) {
     return meeting ? meeting->roomCode : "none";
 }
 
-TEST(MeetingRanking, OnlyAGuestThatIsNoOverlayIsARemote) {
+TEST(MeetingRanking, OnlyAGuestThatIsNotAnOverlayIsARemote) {
     EXPECT_TRUE(hasRemote(meeting("", 0, {host, overlay, phone})));
     EXPECT_FALSE(hasRemote(meeting("", 0, {host, overlay})));
     EXPECT_FALSE(hasRemote(meeting("", 0, {})));
@@ -29,7 +29,7 @@ TEST(MeetingRanking, OnlyAGuestThatIsNoOverlayIsARemote) {
     EXPECT_FALSE(hasRemote(meeting("", 0, {{"overlayish", "", "guest"}})));
 }
 
-TEST(MeetingRanking, RolesAndPrefixesAreComparedLetterByLetter) {
+TEST(MeetingRanking, RolesAndPrefixesAreComparedExactly) {
     EXPECT_TRUE(hasRemote(meeting("", 0, {{"panel-1", "", "Host"}})));
     EXPECT_TRUE(hasRemote(meeting("", 0, {{"panel-1", "", ""}})));
     EXPECT_TRUE(hasRemote(meeting("", 0, {{"Overlay-1", "", "guest"}})));

@@ -14,20 +14,20 @@ TEST(DefaultRoute, IsTheSecondFieldOfTheFirstDefaultRow) {
               "10.0.0.1");
 }
 
-TEST(DefaultRoute, IsFoundInARowWithoutALineBreakAndBehindBlanks) {
+TEST(DefaultRoute, IsFoundInARowWithoutALineBreakAndAfterBlanks) {
     EXPECT_EQ(defaultGateway("  default  10.0.0.1"), "10.0.0.1");
 }
 
-TEST(DefaultRoute, IsTakenWhateverFamilyItIsOf) {
+TEST(DefaultRoute, MayBeOfAnyAddressFamily) {
     EXPECT_EQ(defaultGateway("default fe80::1%en0 UGcg en0\n"), "fe80::1%en0");
 }
 
-TEST(DefaultRoute, IsNotARowThatOnlyBeginsSo) {
+TEST(DefaultRoute, IsNotInARowThatOnlyBeginsWithTheWord) {
     EXPECT_EQ(defaultGateway("defaultx 10.0.0.1\nx default 10.0.0.2\nDefault 10.0.0.3\n"),
               std::nullopt);
 }
 
-TEST(DefaultRoute, IsNotARowWithNothingElseInIt) {
+TEST(DefaultRoute, IsNotInARowWithoutASecondField) {
     EXPECT_EQ(defaultGateway("default\ndefault   \ndefault 10.0.0.1"), "10.0.0.1");
 }
 
@@ -36,7 +36,7 @@ TEST(DefaultRoute, TabsDoNotSeparateFields) {
     EXPECT_EQ(defaultGateway("default 10.0.0.1\tUG\n"), "10.0.0.1\tUG");
 }
 
-TEST(DefaultRoute, IsAbsentFromATableThatIsNoText) {
+TEST(DefaultRoute, IsAbsentFromATableThatIsNotUtf8) {
     EXPECT_EQ(defaultGateway("default 10.0.0.1\n\xFF"), std::nullopt);
     EXPECT_EQ(defaultGateway(""), std::nullopt);
 }
@@ -51,7 +51,7 @@ TEST(InterfaceState, IsDownOtherwise) {
     EXPECT_FALSE(isInterfaceUp(""));
 }
 
-TEST(InterfaceState, IsUpWhenTheAnswerIsNoText) {
+TEST(InterfaceState, IsUpIfTheAnswerIsNotUtf8) {
     EXPECT_TRUE(isInterfaceUp("\xFF"));
 }
 

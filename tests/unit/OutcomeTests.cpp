@@ -13,7 +13,7 @@ concept RefusesWithALiteralOf = requires(const char (&words)[size]) {
     Outcome::refused(words);
 };
 
-TEST(Outcome, OfWhatWasDoneIsTrueAndHasNoReason) {
+TEST(Outcome, OfSuccessIsTrueAndHasNoReason) {
     const auto outcome = Outcome::done();
     EXPECT_TRUE(outcome);
     EXPECT_EQ(outcome.reason(), "");
@@ -25,14 +25,14 @@ TEST(Outcome, OfARefusalIsFalseAndHasItsReason) {
     EXPECT_EQ(outcome.reason(), "no X display");
 }
 
-TEST(Outcome, OfARefusalForWhichTheSystemHasNoWordsIsARefusalWithWords) {
+TEST(Outcome, OfARefusalWithoutAReasonHasADefaultReason) {
     const std::string nothing;
     const auto outcome = Outcome::refused(nothing);
     EXPECT_FALSE(outcome);
     EXPECT_EQ(outcome.reason(), "unknown reason");
 }
 
-TEST(Outcome, StaysARefusalWhenItIsMovedAndCopied) {
+TEST(Outcome, StaysARefusalAfterMovingAndCopying) {
     auto first = Outcome::refused("no X display");
     const auto copy = first;
     const auto moved = std::move(first);

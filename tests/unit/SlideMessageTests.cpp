@@ -19,13 +19,13 @@ std::string seqOf(const std::string& value) {
     return nav == nullptr ? "none" : nav->seq;
 }
 
-TEST(SlideMessage, AWelcomeIsAWelcomeWhateverElseItSays) {
+TEST(SlideMessage, AWelcomeMayHaveAnyOtherFields) {
     EXPECT_EQ(parseSlideMessage(R"({"type":"welcome"})"), SlideMessage(WelcomeMessage{}));
     EXPECT_EQ(parseSlideMessage(R"({"x":[1],"type":"welcome","type2":"slide_nav"})"),
               SlideMessage(WelcomeMessage{}));
 }
 
-TEST(SlideMessage, AStepHasItsDirectionAsItCame) {
+TEST(SlideMessage, AStepHasItsDirectionUnchanged) {
     EXPECT_EQ(step(R"("direction":" Next\n","seq":17)"),
               SlideMessage(SlideNavMessage{" Next\n", "17"}));
 }
@@ -34,7 +34,7 @@ TEST(SlideMessage, AStepMayLackEverything) {
     EXPECT_EQ(parseSlideMessage(R"({"type":"slide_nav"})"), SlideMessage(SlideNavMessage{}));
 }
 
-TEST(SlideMessage, ADirectionThatIsNoTextIsNone) {
+TEST(SlideMessage, ADirectionThatIsNotAStringIsEmpty) {
     EXPECT_EQ(step(R"("direction":5,"seq":5)"), SlideMessage(SlideNavMessage{"", "5"}));
     EXPECT_EQ(step(R"("direction":["next"])"), SlideMessage(SlideNavMessage{}));
 }
@@ -48,12 +48,12 @@ TEST(SlideMessage, ASequenceTagIsWrittenAsText) {
     EXPECT_EQ(seqOf("18446744073709551615"), "18446744073709551615");
 }
 
-TEST(SlideMessage, AWholeNumberIsTheSameHoweverItIsWritten) {
+TEST(SlideMessage, AWholeNumberIsTheSameInEveryNotation) {
     EXPECT_EQ(seqOf("17.0"), "17");
     EXPECT_EQ(seqOf("1.7e1"), "17");
 }
 
-TEST(SlideMessage, OddTagsAreTextsThatDiffer) {
+TEST(SlideMessage, UnusualTagsBecomeDifferentTexts) {
     EXPECT_EQ(seqOf("1.5"), "1.5");
     EXPECT_EQ(seqOf("null"), "<null>");
     EXPECT_EQ(seqOf("true"), "1");
@@ -62,7 +62,7 @@ TEST(SlideMessage, OddTagsAreTextsThatDiffer) {
     EXPECT_EQ(seqOf(R"({"a":1})"), R"({"a":1})");
 }
 
-TEST(SlideMessage, ATagMayBeNestedAsDeeplyAsFoundationTakesIt) {
+TEST(SlideMessage, ATagMayBeNestedUpToFoundationsLimit) {
     // The message itself is the first of 512 levels.
     EXPECT_EQ(seqOf(nestedArrays(511)), nestedArrays(511));
     EXPECT_EQ(step(R"("seq":)" + nestedArrays(512)), SlideMessage(OtherMessage{}));

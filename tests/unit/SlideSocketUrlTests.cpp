@@ -21,37 +21,37 @@ TEST(SlideSocketUrl, HttpsBecomesWss) {
     EXPECT_EQ(urlOf("https://127.0.0.1:3000"), std::string("wss://127.0.0.1:3000/ws") + query);
 }
 
-TEST(SlideSocketUrl, SocketSchemesStayAsTheyAre) {
+TEST(SlideSocketUrl, SocketSchemesAreNotChanged) {
     EXPECT_EQ(urlOf("ws://127.0.0.1:3000"), std::string("ws://127.0.0.1:3000/ws") + query);
     EXPECT_EQ(urlOf("wss://h"), std::string("wss://h/ws") + query);
 }
 
-TEST(SlideSocketUrl, APathOfTheServerStaysInFront) {
+TEST(SlideSocketUrl, TheServersPathPrecedesTheSuffix) {
     EXPECT_EQ(urlOf("ws://h/x"), std::string("ws://h/x/ws") + query);
     EXPECT_EQ(urlOf("http://h/"), std::string("ws://h//ws") + query);
     EXPECT_EQ(urlOf("ws://h/ws"), std::string("ws://h/ws/ws") + query);
 }
 
-TEST(SlideSocketUrl, AQueryOfTheServerIsReplaced) {
+TEST(SlideSocketUrl, TheServersQueryIsReplaced) {
     EXPECT_EQ(urlOf("http://h?token=1"), std::string("ws://h") + query);
     EXPECT_EQ(urlOf("http://h/p?a=b"), std::string("ws://h/p") + query);
 }
 
-TEST(SlideSocketUrl, ReplacesTheSchemeWhereverItStands) {
+TEST(SlideSocketUrl, ReplacesTheSchemeInEveryPlace) {
     EXPECT_EQ(urlOf("http://h/http://g"), std::string("ws://h/ws://g/ws") + query);
 }
 
-TEST(SlideSocketUrl, SchemesAreComparedLetterByLetter) {
+TEST(SlideSocketUrl, SchemesAreComparedExactly) {
     EXPECT_EQ(urlOf("HTTP://h"), std::string("HTTP://h/ws") + query);
     EXPECT_EQ(urlOf("WS://h"), std::string("WS://h/ws") + query);
 }
 
-TEST(SlideSocketUrl, AFragmentStaysBehindTheQuery) {
+TEST(SlideSocketUrl, AFragmentFollowsTheQuery) {
     EXPECT_EQ(urlOf("http://h#part"), std::string("ws://h") + query + "#part/ws");
     EXPECT_EQ(urlOf("http://h/p?a=b#c?d"), std::string("ws://h/p") + query + "#c?d/ws");
 }
 
-TEST(SlideSocketUrl, AnyUrlIsOneThoughNothingCanBeReachedThere) {
+TEST(SlideSocketUrl, AValidUrlNeedNotBeReachable) {
     EXPECT_EQ(urlOf("http://h:65536"), std::string("ws://h:65536/ws") + query);
     EXPECT_EQ(urlOf("http://:3000"), std::string("ws://:3000/ws") + query);
     EXPECT_EQ(urlOf("http://"), std::string("ws:///ws") + query);
@@ -87,14 +87,14 @@ TEST(SlideSocketUrl, TheRoomIsPercentEncoded) {
     EXPECT_EQ(room(""), "");
 }
 
-TEST(SlideSocketUrl, PortsAddressesAndUsersAreUnderstood) {
+TEST(SlideSocketUrl, PortsAddressesAndUsersAreAccepted) {
     for (const char* server : {"http://[::1]:3000", "http://user:pass@h:1",
                                "http://h:", "http://h:65535", "http://a.b-c_d~e", "http://%41"}) {
         EXPECT_NE(urlOf(server), "none") << server;
     }
 }
 
-TEST(SlideSocketUrl, WhatIsNoUrlIsAbsent) {
+TEST(SlideSocketUrl, AnInvalidUrlIsAbsent) {
     for (const char* server : {"127.0.0.1:3000",
                                "1http://h",
                                ":h",

@@ -22,7 +22,7 @@ platform::Pid chosen(const std::vector<RankedCandidate>& candidates,
     return choice ? choice->app.processIdentifier : 0;
 }
 
-TEST(SlideTargetChoice, WithoutCandidatesThereIsNone) {
+TEST(SlideTargetChoice, WithoutCandidatesThereIsNoTarget) {
     EXPECT_FALSE(chooseSlideTarget({}, {50, "com.microsoft.Powerpoint", 50}));
 }
 
@@ -39,7 +39,7 @@ TEST(SlideTargetChoice, TheOneInFrontBeatsABetterRank) {
     EXPECT_EQ(chosen({powerPoint, keynote}, {{}, {}, 40}), 40);
 }
 
-TEST(SlideTargetChoice, AFrontProgramThatIsNoCandidateDecidesNothing) {
+TEST(SlideTargetChoice, AFrontProgramThatIsNotACandidateHasNoInfluence) {
     EXPECT_EQ(chosen({powerPoint, keynote}, {{}, {}, 7}), 50);
 }
 
@@ -56,7 +56,7 @@ TEST(SlideTargetChoice, ARestartedPreviousProductBeatsTheOneInFront) {
     EXPECT_EQ(chosen({keynote, powerPoint}, {49, "com.microsoft.Powerpoint", 40}), 50);
 }
 
-TEST(SlideTargetChoice, WhenThePreviousOneIsGoneTheOneInFrontIsTaken) {
+TEST(SlideTargetChoice, IfThePreviousOneIsGoneTheOneInFrontIsTaken) {
     EXPECT_EQ(chosen({safari, chrome, keynote}, {50, "com.microsoft.Powerpoint", 31}), 31);
 }
 

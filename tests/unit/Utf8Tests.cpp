@@ -15,7 +15,7 @@ TEST(Utf8, WellFormedTextIsValid) {
     }
 }
 
-TEST(Utf8, MalformedTextIsNot) {
+TEST(Utf8, MalformedTextIsInvalid) {
     for (const auto& text : {"\x80"s,              // a continuation byte alone
                              "\xC3"s,              // cut short
                              "\xE4\xB8"s,          // cut short
@@ -29,7 +29,7 @@ TEST(Utf8, MalformedTextIsNot) {
     }
 }
 
-TEST(Utf8, TrimmingTakesBlanksAndLineBreaksFromBothEnds) {
+TEST(Utf8, TrimmingRemovesBlanksAndLineBreaksAtBothEnds) {
     EXPECT_EQ(trimmed(" \t\r\n NEXT \v\f\n"), "NEXT");
     EXPECT_EQ(trimmed("a b"), "a b");
     EXPECT_EQ(trimmed(""), "");
@@ -44,7 +44,7 @@ TEST(Utf8, TrimmingKnowsUnicodesBlanksAndLineBreaks) {
     }
 }
 
-TEST(Utf8, TrimmingLeavesCharactersThatOnlyLookEmpty) {
+TEST(Utf8, TrimmingKeepsInvisibleCharactersThatAreNotBlanks) {
     EXPECT_EQ(trimmed("\u200B"), "\u200B");  // zero-width space is a format character
     EXPECT_EQ(trimmed("\0 "s), "\0"s);
 }

@@ -16,8 +16,8 @@ using namespace std::chrono_literals;
 
 class ChildProcessContract : public testing::Test {
 protected:
-    /// What a termination handler was told. The handlers run on other threads, perhaps later than
-    /// the test.
+    /// The calls of a termination handler. The handlers run on other threads, perhaps after the
+    /// test.
     struct Exits {
         std::atomic<int> count{0};
         std::atomic<int> lastStatus{-1};
@@ -37,7 +37,7 @@ protected:
     bool untilExits(int count) {
         return runUntilOnThread([this, count] { return exits->count >= count; });
     }
-    /// Keeps looking although nothing on the main thread tells of a change elsewhere.
+    /// Polls, because no event on the main thread announces a change on another thread.
     bool runUntilOnThread(const std::function<bool()>& done) {
         const auto look = port.dispatch.repeatMain(2ms, [] {});
         return harness->runUntil(done);

@@ -8,7 +8,7 @@
 
 namespace stagehopper {
 
-/// What came to completions, in order. Any thread.
+/// The values that completions received, in order. Any thread.
 template <typename Value>
 class Collected {
 public:
@@ -22,7 +22,7 @@ public:
         return values_;
     }
     [[nodiscard]] std::size_t size() const { return all().size(); }
-    /// False when the limit came before that many values.
+    /// False if the limit is reached before this many values.
     [[nodiscard]] bool await(std::size_t count,
                              std::chrono::milliseconds limit = std::chrono::seconds(10)) {
         std::unique_lock lock(mutex_);

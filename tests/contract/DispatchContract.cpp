@@ -26,7 +26,7 @@ protected:
     [[nodiscard]] bool untilOrderHas(std::size_t count) {
         return harness->runUntil([this, count] { return order.size() >= count; });
     }
-    /// Lets everything run that comes before `delay` from now.
+    /// Runs all work that is due before `delay` from now.
     void runFor(Duration delay) {
         bool over = false;
         const auto end = dispatch.afterMain(delay, [&over] { over = true; });
@@ -203,7 +203,7 @@ TEST_F(DispatchContract, MissedRoundsAreSkipped) {
         rounds.push_back(port.clock.now());
     });
     ASSERT_TRUE(harness->runUntil([&] { return rounds.size() >= 4; }));
-    // Made-up rounds would follow each other at once.
+    // Repeated rounds would follow at once.
     EXPECT_GE(rounds[3] - rounds[1], 40ms);
 }
 

@@ -1,4 +1,4 @@
-// The Linux port under the contract's tests, on the display that they are started on.
+// The Linux port under the contract tests, on the current display.
 
 #include <webkit2/webkit2.h>
 

@@ -1,4 +1,4 @@
-// Servers for the Linux port: real ones, on the real loopback interface.
+// Real servers on the loopback interface for the Linux port.
 
 #include <atomic>
 #include <list>
@@ -132,7 +132,7 @@ public:
     StandInServer& startServer() override { return servers_.emplace_back(); }
     std::string refusingAuthority() override { return unused_.authority(); }
     bool runUntil(const std::function<bool()>& done, std::chrono::seconds limit) override {
-        // Anything may be asked here, of either side of the wire: nobody can ring when it holds.
+        // `done` may depend on either side of the connection, so there is no notification: poll.
         const auto end = std::chrono::steady_clock::now() + limit;
         while (!done()) {
             if (std::chrono::steady_clock::now() > end) return false;

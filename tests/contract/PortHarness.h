@@ -16,14 +16,14 @@ class WebView;
 class Window;
 }  // namespace platform
 
-/// A port under test, and what its user and its surroundings do. One per test.
+/// A port under test, with the actions of its user and its surroundings. One per test.
 class PortHarness {
 public:
     virtual ~PortHarness() = default;
 
     virtual platform::Platform platform() = 0;
-    /// Lets the main thread work, in the port's own time, until `done` holds. False when the limit
-    /// came first.
+    /// Runs the main thread in the port's time until `done` holds. False if the limit is reached
+    /// first.
     virtual bool runUntil(const std::function<bool()>& done,
                           std::chrono::seconds limit = std::chrono::seconds{10}) = 0;
 
@@ -38,20 +38,20 @@ public:
 
     /// An empty directory for this test.
     virtual std::filesystem::path temporaryDirectory() = 0;
-    /// What others put into the file system, and what they find there.
+    /// Other programs' changes to the file system, and its contents.
     virtual void plantFile(const std::filesystem::path& path, std::string_view contents) = 0;
     virtual void plantLink(const std::filesystem::path& path,
                            const std::filesystem::path& target) = 0;
-    /// A second name of that very file.
+    /// Adds a second name for a file.
     virtual void plantHardLink(const std::filesystem::path& path,
                                const std::filesystem::path& target) = 0;
     virtual std::string contentsOf(const std::filesystem::path& path) = 0;
-    /// An ordinary file that the user may execute, whatever it holds.
+    /// An ordinary file that the user may execute, with any contents.
     virtual void plantExecutable(const std::filesystem::path& path) = 0;
 
     /// Programs of this system, to be run without arguments: one that exits at once with this
-    /// status, one that writes this text and exits with 0, and one that lives until it is asked to
-    /// end and then ends by that.
+    /// status, one that writes this text and exits with 0, and one that runs until the request to
+    /// end and then ends by it.
     virtual std::filesystem::path programThatExits(int status) = 0;
     virtual std::filesystem::path programThatWrites(std::string_view text) = 0;
     virtual std::filesystem::path programThatRunsUntilTerminated() = 0;

@@ -8,11 +8,11 @@
 
 namespace stagehopper {
 
-/// The half of a harness that ports on a real system have in common: files and programs in a folder
-/// of its own, which goes with it.
+/// The part of a harness that is common to ports on a real system: files and programs in a private
+/// folder, which it removes.
 class RealFilesHarness : public PortHarness {
 public:
-    /// Throws std::runtime_error when there is no place for the folder.
+    /// Throws std::runtime_error if the folder cannot be created.
     RealFilesHarness();
     ~RealFilesHarness() override;
     RealFilesHarness(const RealFilesHarness&) = delete;

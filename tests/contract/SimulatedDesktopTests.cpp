@@ -1,4 +1,4 @@
-// The simulation's own ways: time, the journal, programs that come and go.
+// The simulation itself: time, the journal, programs that start and quit.
 
 #include <gmock/gmock.h>
 

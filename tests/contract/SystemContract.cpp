@@ -118,7 +118,7 @@ TEST_F(SystemContract, AProcessHasACommandLineAndAWorkingDirectory) {
 
 TEST_F(SystemContract, ALocalTimeHasSecondsAndNoDate) {
     using namespace std::chrono_literals;
-    // In a week in which no clock is changed anywhere.
+    // In a week without a change of daylight-saving time anywhere.
     const platform::Date moment = std::chrono::sys_days(2026y / 1 / 14) + 9h + 4min + 5s;
     const auto time = port.host.localizedTime(moment);
     EXPECT_NE(time, "");

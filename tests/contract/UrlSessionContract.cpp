@@ -10,7 +10,7 @@ namespace {
 using platform::DataResult;
 using testing::ElementsAre;
 
-/// A result in one line: what is in it, or "error".
+/// A result in one line: its content, or "error".
 std::string line(const DataResult& result) {
     std::string words = result.error ? errorIn(*result.error) : std::string();
     if (!result.response) return words;

@@ -19,7 +19,7 @@ protected:
     std::unique_ptr<ServerHarness> harness = makeServerHarness();
     platform::UrlSession& session = harness->session();
     StandInServer& server = harness->startServer();
-    // Shared with completions that may come late.
+    // Shared with completions that may run late.
     std::shared_ptr<Collected<std::string>> came = std::make_shared<Collected<std::string>>();
 
     [[nodiscard]] bool until(const std::function<bool()>& done) { return harness->runUntil(done); }

@@ -16,7 +16,7 @@ using testing::IsEmpty;
 constexpr auto text = WebSocketMessage::Kind::text;
 constexpr auto binary = WebSocketMessage::Kind::binary;
 
-/// A result in one line: what is in it, or "error".
+/// A result in one line: its content, or "error".
 std::string line(const ReceiveResult& result) {
     if (const auto* error = std::get_if<UrlError>(&result)) return errorIn(*error);
     const auto& message = std::get<WebSocketMessage>(result);
@@ -39,14 +39,14 @@ protected:
         task.sendPing(
             [came = came](const std::optional<UrlError>& error) { came->add(line(error)); });
     }
-    /// A connection that the server has taken; the client may not have heard of that yet.
+    /// A connection that the server has accepted; the client may not know this yet.
     std::shared_ptr<platform::WebSocketTask> connected() {
         auto task = socketTo("/ws");
         task->resume();
         EXPECT_TRUE(until([this] { return server.socketTargets().size() == 1; }));
         return task;
     }
-    /// One that has been used: a text has come.
+    /// A connection that has received a text.
     std::shared_ptr<platform::WebSocketTask> greeted() {
         auto task = connected();
         server.sends({text, "hello"});
@@ -95,7 +95,7 @@ TEST_F(WebSocketContract, MessagesAreKeptUntilTheyAreReceived) {
 
 TEST_F(WebSocketContract, ACompletionMayStartTheNextReceive) {
     const auto task = connected();
-    // Weak: a completion that held its task would hold itself.
+    // Weak: a completion that holds its task would keep itself alive.
     task->receive([this, weak = std::weak_ptr(task)](const ReceiveResult& first) {
         came->add(line(first));
         if (const auto strong = weak.lock()) receive(*strong);

@@ -1,4 +1,4 @@
-// Windows, pages and what the pages post, the same on every port.
+// Windows, pages and the pages' posts, the same on every port.
 
 #include <gmock/gmock.h>
 
@@ -128,7 +128,7 @@ public:
     int told = 0;
 };
 
-/// Notes which windows are about to close, and does then what a test wants.
+/// Records the windows that are about to close, and then runs a test's action.
 class Closing final : public platform::WindowDelegate {
 public:
     void windowWillClose(const platform::Window* window) override {

@@ -48,7 +48,7 @@ TEST_F(AccessibilityPermission, IsLoggedThenThePanelComesForwardAndThenTheSystem
 }
 
 TEST_F(AccessibilityPermission, ARequestInTheMiddleOfARequestRaisesNoSecondPrompt) {
-    // Coming forward runs the loops of the system, and the page may ask again in them.
+    // Coming to the front runs nested system loops, in which the page may ask again.
     bool nested = false;
     stage.desktop.journal.observer = [&](const std::string& effect) {
         if (nested || effect.find("accessibility_prompt_requested") == std::string::npos) return;

@@ -1,4 +1,4 @@
-// AWDL, off for the length of a meeting.
+// AWDL is off during a meeting.
 
 #include <gmock/gmock.h>
 
@@ -30,7 +30,7 @@ protected:
                                                       .exitsAfter = platform::Duration{0.01},
                                                       .exitStatus = status};
     }
-    /// The user leaves the dialog three seconds after it was shown.
+    /// The user closes the dialog three seconds after it was shown.
     void promptEndsWith(std::int32_t status) {
         stage.desktop.processes.programs[osascript] = {.exitsAfter = platform::Duration{3},
                                                        .exitStatus = status};
@@ -57,7 +57,7 @@ protected:
 
 TEST_F(Awdl, ARequestIsLoggedBeforeTheWorkForItBegins) {
     launchWithBackend();
-    // A system log that takes a second; what other threads have to do goes on meanwhile.
+    // The system log takes a second. Work of other threads continues during this time.
     std::chrono::nanoseconds logged{};
     stage.desktop.journal.observer = [&](const std::string& effect) {
         if (effect.find("awdl_prompt_on_meeting_start") == std::string::npos) return;

@@ -6,7 +6,7 @@
 
 namespace stagehopper {
 
-/// A stage, and what became of the backends that were started on it.
+/// A stage and the backends that were started on it.
 class BackendTest : public testing::Test {
 protected:
     static constexpr auto* backend = Stage::backendPath;
@@ -15,7 +15,7 @@ protected:
 
     auto starts() { return stage.desktop.processes.started(backend); }
     auto& child() { return stage.desktop.processes.last(backend); }
-    /// Launches and keeps the lines of the launch itself.
+    /// Launches without forgetting the lines of the launch.
     void launch() { stage.desktop.launch(stage.app); }
     std::chrono::nanoseconds now() { return stage.desktop.clock.elapsed(); }
 

@@ -115,7 +115,7 @@ TEST_F(BackendStopping, StartingRevokesAStopWhileTheOldBackendStillAnswers) {
     stage.pagePosts("CMD:stopBundledBackend");
     stage.pagePosts("CMD:startBundledBackend");
     stage.desktop.advance(10s);
-    // The exit found the stop taken back: it is one to recover from.
+    // The stop was revoked before the exit, so the backend is restarted.
     EXPECT_THAT(starts(), SizeIs(2));
     EXPECT_TRUE(child().running);
 }
@@ -127,7 +127,7 @@ TEST_F(BackendStopping, ABackendThatWasStartedDuringAStopIsEndedAtQuit) {
     stage.installServingBackend(3000);
     stage.pagePosts("CMD:startBundledBackend");
     ASSERT_THAT(starts(), SizeIs(2));
-    // The first has ended, and its stop is complete; the second is the one that counts.
+    // The first has ended and its stop is complete; the second must be kept.
     stage.desktop.advance(10s);
     EXPECT_FALSE(starts()[0]->running);
     EXPECT_TRUE(starts()[1]->running);

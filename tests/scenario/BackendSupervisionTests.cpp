@@ -1,4 +1,4 @@
-// Finding a backend, starting one, keeping it running.
+// Finding, starting and restarting a backend.
 
 #include <gmock/gmock.h>
 
@@ -36,7 +36,7 @@ TEST_F(BackendSupervision, PortsAreProbedInOrderUpToTheFirstThatAnswers) {
     for (std::size_t i = 0; i < 18; ++i) {
         EXPECT_EQ(requests[i], "http://127.0.0.1:" + std::to_string(3000 + i) + "/health");
     }
-    // Discovery begins again at the first port.
+    // Discovery starts at the first port again.
     EXPECT_EQ(requests[18], "http://127.0.0.1:3000/health");
 }
 
@@ -147,7 +147,7 @@ TEST_F(BackendSupervision, ABackendThatCannotBeStartedIsTriedThreeTimes) {
     stage.installBackend({.launchError = "Exec format error"});
     launch();
     stage.desktop.advance(30s);
-    // No word about the limit: nothing has exited.
+    // There is no line about the limit: no process has exited.
     EXPECT_THAT(stage.systemLines(),
                 AllOf(SizeIs(3), Each("failed to start bundled backend: Exec format error")));
 }

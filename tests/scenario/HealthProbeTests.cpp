@@ -1,4 +1,4 @@
-// Which port has a healthy backend.
+// Finding the port of a healthy backend.
 
 #include <gmock/gmock.h>
 
@@ -54,7 +54,7 @@ TEST_F(HealthProbe, TheProbeDoesNotWaitForASlowAnswer) {
     stage.desktop.network.serve(3000).answersAfter = platform::Duration{0.4};
     EXPECT_FALSE(stage.app->healthCheckLocalPort(3000));
     EXPECT_EQ(now(), 350ms);
-    // It comes all the same, when nobody waits any more.
+    // It still arrives, after the probe has ended.
     stage.desktop.advance(1s);
 }
 

@@ -78,7 +78,7 @@ TEST_F(KeepAlive, EndsWithACrashedProgramUnlikeTheOtherProcesses) {
     stage.launch();
     EXPECT_TRUE(stage.desktop.processes.last(ping).options.endsWithUs);
     EXPECT_FALSE(stage.desktop.processes.last(Stage::backendPath).options.endsWithUs)
-        << "it watches us itself";
+        << "it watches this program itself";
 }
 
 TEST_F(KeepAlive, WritesNothingToAnyLog) {

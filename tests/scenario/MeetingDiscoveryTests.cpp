@@ -1,4 +1,4 @@
-// Every four seconds: which meeting is on, and is its room joined?
+// Every four seconds: finding the active meeting and joining its room.
 
 #include <gmock/gmock.h>
 
@@ -24,7 +24,7 @@ std::string meeting(const std::string& room, int createdAt, const std::string& p
 
 class MeetingDiscovery : public testing::Test {
 protected:
-    /// What discovery logs: the socket's own line, or nothing.
+    /// The lines that discovery causes: the socket's own line, or none.
     std::vector<std::string> connecting() { return stage.lines("native_ws_connecting"); }
     void launch() { stage.desktop.launch(stage.app); }
     std::size_t lists() {
@@ -113,7 +113,7 @@ TEST_F(MeetingDiscovery, FailuresAreNotLoggedAndDoNotAffectTheSocket) {
     auto& server = stage.serveMeetings(3000, meeting("AB12", 1, phone));
     stage.launch();
     const auto mark = stage.desktop.journal.mark();
-    // A list that would make the program change rooms, if it were accepted.
+    // A list that would make the program change rooms if it were accepted.
     stage.serveMeetings(3000, meeting("ELSE", 2, phone));
     const auto good = server.answers["/v1/meetings/active"].body;
     for (const platform::HttpResponse& answer :

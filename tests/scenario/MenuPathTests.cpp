@@ -18,7 +18,7 @@ class MenuPath : public testing::Test {
 protected:
     MenuPath() { stage.launch(); }
 
-    /// Adds the program, in front, and steps it once.
+    /// Adds the program, brings it to the front and steps it once.
     void stepInFront(simulated::Program program, std::string_view direction = "next") {
         const auto pid = program.processIdentifier();
         stage.desktop.addProgram(std::move(program));
@@ -26,7 +26,7 @@ protected:
         stage.forget();
         stage.step(direction);
     }
-    /// The diagnostic lines of the menu path alone.
+    /// Only the diagnostic lines of the menu path.
     [[nodiscard]] std::vector<std::string> menuLines() const { return stage.lines("menu_path"); }
 
     Stage stage;
@@ -175,7 +175,7 @@ TEST_F(MenuPath, AFailedPressIsLoggedWithItsNumberAndTheKeyFollows) {
 }
 
 TEST_F(MenuPath, AnErrorOfThePressIsFollowedByTheKeyEvenIfTheProgramActed) {
-    // The port has promised that an error has no effect; the controller has no better word.
+    // The port guarantees that an error has no effect; the controller cannot know better.
     stepInFront(
         keynote(40)
             .window("deck.key")
@@ -192,7 +192,7 @@ TEST_F(MenuPath, APressThatTheProgramHandlesMuchLaterIsTheOnlyStep) {
     stepInFront(keynote(40)
                     .window("deck.key")
                     .menu("Play", {item("Show Next").pressTakes(platform::Duration{10})}));
-    EXPECT_EQ(stage.desktop.clock.elapsed() - start, 500ms) << "the main thread goes on";
+    EXPECT_EQ(stage.desktop.clock.elapsed() - start, 500ms) << "the main thread continues";
     EXPECT_THAT(stage.desktop.program(40).pressed(), IsEmpty());
     EXPECT_THAT(menuLines(), ElementsAre("menu_path_sent bundle=com.apple.iWork.Keynote dir=next "
                                          "title=Show Next"));

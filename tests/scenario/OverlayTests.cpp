@@ -1,4 +1,4 @@
-// The overlay: asked for by the panel page, above everything, never in the way.
+// The overlay: requested by the panel page, above everything, transparent to clicks.
 
 #include <gmock/gmock.h>
 

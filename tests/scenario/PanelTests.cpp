@@ -1,4 +1,4 @@
-// The panel window, its page, and what the page may post.
+// The panel window, its page, and the texts that the page may post.
 
 #include <gmock/gmock.h>
 
@@ -113,7 +113,8 @@ TEST_F(ResourceDirectory, WithoutAnyArgumentTheProgramStops) {
     stage.desktop.host.commandLine = {};
     EXPECT_EXIT(
         {
-            // The end is expected: a sanitizer need not report it, and end the program otherwise.
+            // The end is expected, so a sanitizer must not report it and end the program
+            // differently.
             std::signal(SIGABRT, SIG_DFL);
             static_cast<void>(stage.app->resourceDir());
         },

@@ -4,7 +4,7 @@
 
 namespace stagehopper {
 
-// The programs that the scenarios put on the desktop; windows and menus are added by the tests.
+// The programs on the scenarios' desktop. The tests add windows and menus.
 
 inline simulated::Program powerPoint(platform::Pid pid) {
     return simulated::program("com.microsoft.Powerpoint").pid(pid);

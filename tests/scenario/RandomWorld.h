@@ -10,14 +10,14 @@
 
 namespace stagehopper {
 
-/// A stage on which things happen at random; everything follows from the seed.
+/// A stage with random events, all determined by the seed.
 class RandomWorld {
 public:
     explicit RandomWorld(unsigned seed);
 
     Stage stage;
 
-    /// Something happens, and everything due is run. Answers what it was.
+    /// Causes one random event and runs all due work. Returns the name of the event.
     std::string act();
 
     [[nodiscard]] const std::vector<platform::Pid>& running() const { return running_; }

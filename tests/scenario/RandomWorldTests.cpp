@@ -1,6 +1,6 @@
-// Random desktops, random users, random pages: what must hold whatever happens.
+// Random desktops, users and pages: the invariants.
 //
-// A seed replays exactly. To look at a failing one, run the test that bears its number.
+// A seed replays exactly. To examine a failing seed, run the test with its number.
 
 #include <gmock/gmock.h>
 
@@ -14,7 +14,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// The event words of one act, as letters, so that a grammar can be held against them.
+/// The event words of one act as letters, to be matched against a grammar.
 std::string eventLetters(const std::vector<std::string>& lines) {
     static const std::map<std::string, char> letters{
         {"duplicate_dropped", 'D'},
@@ -46,7 +46,8 @@ class RandomWorlds : public testing::TestWithParam<unsigned> {};
 
 TEST_P(RandomWorlds, KeepTheirPromises) {
     RandomWorld world(GetParam());
-    // One step: refused, or carried out by the menu, or by a key that arrives or is reported.
+    // One step is refused, carried out by the menu, or carried out by a key that arrives or is
+    // reported.
     static const std::regex aStep("D|R(I|A|X(N|T(mC|[sf]?KU?C)))");
 
     for (int i = 0; i < 150; ++i) {

@@ -1,4 +1,4 @@
-// Slide events on their way to the program that is stepped: repeats, direction, trust.
+// Slide events before the step: repeats, direction, trust.
 
 #include <gmock/gmock.h>
 

@@ -1,4 +1,4 @@
-// Which key a step sends, and to which program.
+// The key that a step sends, and the program that receives it.
 
 #include <gmock/gmock.h>
 
@@ -103,7 +103,7 @@ TEST_F(SlideKeyDelivery, AProgramThatRefusesAKeyIsReportedAndNoProgramGetsTheKey
         keynote(40).window("deck.key").refusesKeys("its window is not on the screen"));
     stage.desktop.addProgram(safari(31).window("News"));
     stage.desktop.bringToFront(31);
-    stage.step("next");  // Safari is in front, so it becomes the target
+    stage.step("next");  // Safari is in front and becomes the target
     stage.desktop.quitProgram(31);
     stepAfresh("next");
     EXPECT_THAT(stage.lines("key_undelivered"),

@@ -1,4 +1,4 @@
-// What comes on the slide socket, and what it does.
+// The messages on the slide socket and their effects.
 
 #include <gmock/gmock.h>
 

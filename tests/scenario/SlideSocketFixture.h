@@ -11,8 +11,7 @@ namespace stagehopper {
 inline constexpr auto* base = "http://127.0.0.1:3000";
 inline constexpr auto* lost = "The network connection was lost.";
 
-/// Connected by hand, without a backend that lists meetings: nothing reconnects behind the test's
-/// back.
+/// Connected by the test, without a backend that lists meetings, so that only the test reconnects.
 class SlideSocket : public testing::Test {
 protected:
     SlideSocket() {

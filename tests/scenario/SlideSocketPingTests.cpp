@@ -1,4 +1,4 @@
-// The pings of the slide socket, and what becomes of a connection that fails one.
+// The pings of the slide socket, and the end of a connection after a failed ping.
 
 #include <gmock/gmock.h>
 

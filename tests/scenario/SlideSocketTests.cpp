@@ -1,4 +1,4 @@
-// One socket to one room: joined, kept, dropped, joined again.
+// One socket to one room: joining, keeping, dropping and joining again.
 
 #include <gmock/gmock.h>
 
@@ -24,7 +24,7 @@ TEST_F(SlideSocket, JoinsTheRoomAsAGuestOfItsOwnName) {
     EXPECT_THAT(stage.lines(), ElementsAre("native_ws_connecting room=AB12 reason=test"));
 }
 
-/// Under what name a socket joins, of its URL.
+/// The name under which a socket joins, from its URL.
 std::string nameIn(const std::string& url) {
     const auto start = url.find("userId=") + std::string_view("userId=").size();
     return url.substr(start, url.find('&', start) - start);
@@ -62,7 +62,7 @@ TEST_F(SlideSocket, AnotherServerForTheSameRoomReplacesTheConnection) {
     EXPECT_THAT(stage.lines(), ElementsAre("native_ws_disconnected room=AB12 reason=reconnect",
                                            "native_ws_connecting room=AB12 reason=test"));
     EXPECT_EQ(socket().closeCode, 1001);
-    // The end of the old one is taken for the new one's: one more second.
+    // The end of the old connection counts for the new one: one more second.
     stage.desktop.advance(1s);
     EXPECT_TRUE(stage.desktop.network.lastConnection(3001).open);
 }
@@ -234,7 +234,7 @@ TEST_F(SlideSocket, AMessageOfAnOldRoomStartsNoReceiveOnTheNewConnection) {
 
 class SlideSocketAtQuit : public SlideSocket {
 protected:
-    /// The main loop turns for a minute after the shut-down: what was not cancelled runs.
+    /// The main loop runs for a minute after the shut-down: work that was not canceled runs.
     void quit() {
         stage.desktop.application.turnsAtTheEndFor = 60s;
         stage.desktop.userPressesMenuItem("退出 Stagehopper");

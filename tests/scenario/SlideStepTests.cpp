@@ -1,4 +1,4 @@
-// What one accepted step does, line by line.
+// The effects of one accepted step, line by line.
 
 #include <gmock/gmock.h>
 

@@ -1,4 +1,4 @@
-// Which running program is stepped.
+// The choice of the running program to step.
 
 #include <gmock/gmock.h>
 
@@ -15,7 +15,7 @@ class SlideTarget : public testing::Test {
 protected:
     SlideTarget() { stage.launch(); }
 
-    /// Steps once; the product that was stepped, or "none".
+    /// Steps once. Returns the product that was stepped, or "none".
     std::string stepped() {
         stage.forget();
         stage.step("next");
@@ -23,7 +23,7 @@ protected:
         const auto line = stage.lines("completed").front();
         return line.substr(line.find("bundle=") + 7);
     }
-    /// Steps once; the process that was chosen.
+    /// Steps once. Returns the process that was chosen.
     platform::Pid steppedPid() {
         stage.forget();
         stage.step("next");
@@ -53,7 +53,7 @@ TEST_F(SlideTarget, AProgramWithoutAnIdentityIsNeverATarget) {
 TEST_F(SlideTarget, AnUnknownProgramIsNeverATarget) {
     stage.desktop.addProgram(
         simulated::program("com.microsoft.PowerPoint").pid(12).window("deck.pptx"));
-    EXPECT_EQ(stepped(), "none") << "identities are compared with their case";
+    EXPECT_EQ(stepped(), "none") << "identities are case-sensitive";
 }
 
 TEST_F(SlideTarget, AProgramWithoutAWindowIsNeverATarget) {

@@ -1,5 +1,5 @@
-// The slide socket with completions on a real thread of their own, as real sessions have it. What
-// it proves shows under the thread sanitizer.
+// The slide socket with completions on a real thread, as in real sessions. Thread sanitizer finds
+// the faults.
 
 #include <gtest/gtest.h>
 
@@ -14,7 +14,7 @@
 namespace stagehopper {
 namespace {
 
-/// Answers everything at once, on its own thread: requests with a meeting, receives with a step.
+/// Answers at once, on its own thread: requests with a meeting, receives with a step.
 class BusySession final : public platform::UrlSession {
 public:
     BusySession() : thread_([this] { work(); }) {}

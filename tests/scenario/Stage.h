@@ -10,8 +10,8 @@
 
 namespace stagehopper {
 
-/// The real controller on a simulated desktop, and what a tester looks at: the diagnostic lines,
-/// the keys that arrived, the journal.
+/// The real controller on a simulated desktop, with access to the diagnostic lines, the keys that
+/// arrived and the journal.
 class Stage {
 public:
     /// A desktop with the program's pages in place and accessibility granted; not launched yet.
@@ -21,29 +21,29 @@ public:
     simulated::Desktop desktop;
     std::shared_ptr<AppController> app;
 
-    /// Starts the program; what it logged so far is forgotten.
+    /// Starts the program and forgets the lines of the launch.
     void launch();
-    /// The panel page posts a text to "bridge", and everything due is run.
+    /// The panel page posts a text to "bridge". Runs all due work.
     void pagePosts(std::string_view text);
-    /// A step without a sequence tag, and everything due is run.
+    /// A step without a sequence tag. Runs all due work.
     void step(std::string_view direction);
 
     /// Diagnostic lines since the last `forget`, without their tag: "event detail".
     [[nodiscard]] std::vector<std::string> lines() const;
-    /// Those of `lines` that begin with this event word.
+    /// The `lines` that begin with this event word.
     [[nodiscard]] std::vector<std::string> lines(std::string_view event) const;
-    /// Messages that went to the system log alone, since the last `forget`, without their
+    /// Messages that went only to the system log, since the last `forget`, without their
     /// "Stagehopper: ".
     [[nodiscard]] std::vector<std::string> systemLines() const;
     /// The debug log file as it is now.
     [[nodiscard]] std::string logFile();
     void forget();
 
-    /// Puts a backend beside the pages; each start of it behaves like that.
+    /// Installs a backend beside the pages. Each start of it behaves like `program`.
     void installBackend(simulated::ProgramFile program);
     /// A backend that serves a port from its start to its end.
     void installServingBackend(int port);
-    /// A server on that port which lists these meetings; each is a JSON object.
+    /// A server on this port that lists these meetings; each is a JSON object.
     simulated::Server& serveMeetings(int port, const std::string& meetings);
     /// A server on port 3000 with one meeting, to which the program is connected.
     void joinRoom(const std::string& roomCode);
@@ -51,7 +51,7 @@ public:
     [[nodiscard]] simulated::SocketConnection& socket() {
         return desktop.network.lastConnection(3000);
     }
-    /// The server sends a text on it, and everything due is run.
+    /// The server sends a text on it. Runs all due work.
     void roomSends(const std::string& text);
 
     static constexpr const char* backendPath = "/app/Resources/StagehopperBackend-arm64";

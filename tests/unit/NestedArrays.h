@@ -5,7 +5,7 @@
 
 namespace stagehopper {
 
-/// JSON arrays inside each other, that many levels.
+/// Nested JSON arrays with this many levels.
 inline std::string nestedArrays(std::size_t levels) {
     return std::string(levels, '[') + std::string(levels, ']');
 }

@@ -16,7 +16,7 @@ struct SimulatedDispatch::Work {
     /// Set for repeating work.
     std::optional<nanoseconds> interval;
     Lane lane = Lane::main;
-    bool cancelled = false;
+    bool canceled = false;
     /// Set when it starts its last run.
     bool spent = false;
 };
@@ -25,11 +25,11 @@ struct SimulatedDispatch::Work {
 class SimulatedDispatch::Handle final : public platform::WorkItem, public platform::Timer {
 public:
     explicit Handle(std::shared_ptr<Work> work) : work_(std::move(work)) {}
-    ~Handle() override { work_->cancelled = true; }
+    ~Handle() override { work_->canceled = true; }
     Handle(const Handle&) = delete;
     Handle& operator=(const Handle&) = delete;
-    void cancel() override { work_->cancelled = true; }
-    void invalidate() override { work_->cancelled = true; }
+    void cancel() override { work_->canceled = true; }
+    void invalidate() override { work_->canceled = true; }
 
 private:
     std::shared_ptr<Work> work_;
@@ -128,7 +128,7 @@ std::unique_ptr<SimulatedDispatch::Handle> SimulatedDispatch::scheduleWithHandle
 std::size_t SimulatedDispatch::armed() const {
     return static_cast<std::size_t>(std::ranges::count_if(handedOut_, [](const auto& weak) {
         const auto work = weak.lock();
-        return work && !work->cancelled && !work->spent;
+        return work && !work->canceled && !work->spent;
     }));
 }
 
@@ -154,7 +154,7 @@ std::shared_ptr<SimulatedDispatch::Work> SimulatedDispatch::takeDue(nanoseconds 
 }
 
 void SimulatedDispatch::run(const std::shared_ptr<Work>& work, nanoseconds due) {
-    if (work->cancelled) return;
+    if (work->canceled) return;
     if (due > clock_.elapsed()) clock_.passTime(due - clock_.elapsed());
     work->spent = !work->interval;
     {
@@ -162,7 +162,7 @@ void SimulatedDispatch::run(const std::shared_ptr<Work>& work, nanoseconds due) 
         work->task();
         resumeUnblocked();
     }
-    if (!work->interval || work->cancelled) return;
+    if (!work->interval || work->canceled) return;
     // Missed rounds are skipped.
     auto next = due + *work->interval;
     if (const auto now = clock_.elapsed(); next <= now) {

@@ -93,7 +93,7 @@ TEST_F(DispatchContract, ADelayedTaskIsNotEarly) {
     EXPECT_GE(ran - start, 49ms);
 }
 
-TEST_F(DispatchContract, ACancelledTaskNeverRuns) {
+TEST_F(DispatchContract, ACanceledTaskNeverRuns) {
     const auto item = dispatch.afterMain(10ms, [this] { order.push_back(1); });
     item->cancel();
     runFor(40ms);
@@ -131,7 +131,7 @@ TEST_F(DispatchContract, ATaskMayDropItsOwnHandle) {
     EXPECT_THAT(order, ElementsAre(7));
 }
 
-TEST_F(DispatchContract, CancellingATaskThatHasRunIsHarmless) {
+TEST_F(DispatchContract, CancelingATaskThatHasRunIsHarmless) {
     const auto item = dispatch.afterMain(1ms, [this] { order.push_back(1); });
     ASSERT_TRUE(untilOrderHas(1));
     item->cancel();

@@ -206,10 +206,10 @@ TEST_F(WebSocketContract, CancelingSendsTheCodeAndFailsPendingCalls) {
 }
 
 TEST_F(WebSocketContract, ACanceledTaskStaysCanceled) {
-    const auto cancelled = socketTo("/cancelled");
-    cancelled->cancel(1000);
-    cancelled->resume();
-    receive(*cancelled);
+    const auto canceled = socketTo("/canceled");
+    canceled->cancel(1000);
+    canceled->resume();
+    receive(*canceled);
     ASSERT_TRUE(untilCame(1));
     const auto task = connected();
     EXPECT_THAT(came->all(), ElementsAre("error"));

@@ -74,7 +74,7 @@ struct MacChildProcess::Run {
     void end() {
         isLaunched = true;
         // Not released at once: the task holds the block that is running.
-        const auto ended = cocoa::NSTask(task.release().autorelease().pointer());
+        const auto ended = cocoa::NSTask(task.detach().autorelease().pointer());
         const auto handler = std::exchange(onTermination, nullptr);
         status = ended.terminationStatus();
         cocoa::dispatch_semaphore_signal(exited);

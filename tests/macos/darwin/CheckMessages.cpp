@@ -88,7 +88,7 @@ cocoa::Class classOfObjects(std::string_view className) {
         {"NSLocale", NSLocale::currentLocale()},
         {"NSNumber", NSNumber::numberWithBool(true)},
         {"NSString", string("text")},
-        {"NSTask", NSObject(NSTask::make().release().autorelease().pointer())},
+        {"NSTask", NSObject(NSTask::make().detach().autorelease().pointer())},
         {"NSURLSession", session},
         {"NSURLSessionTask", session.webSocketTaskWithURL(address)},
         {"NSURLSessionWebSocketTask", session.webSocketTaskWithURL(address)},

@@ -47,7 +47,7 @@ public:
         task->url_ = Owned<NSURL>::share(url);
         task->completion_.reset(_Block_copy(completion.pointer), &_Block_release);
         task->self_ = task;
-        return runtimeClass.makeInstance(task).release().autorelease();
+        return runtimeClass.makeInstance(task).detach().autorelease();
     }
 
 private:

@@ -75,7 +75,7 @@ private:
         }
         made = NSString::withUtf8(ascii);
     }
-    return NSString(made.release().autorelease().pointer());
+    return NSString(made.detach().autorelease().pointer());
 }
 
 inline void NSObject::setValueForKey(NSObject value, NSString key) const {

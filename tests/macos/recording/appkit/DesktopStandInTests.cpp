@@ -104,7 +104,7 @@ TEST_F(StandInOfTheDesktop, ReleasesAWindowWhenItClosesUnlessItWasToldNotTo) {
     EXPECT_THAT(takeProblems(), IsEmpty());
     window->NSObject::release();
     EXPECT_THAT(takeProblems(), ElementsAre(HasSubstr("NSWindow 1")));
-    static_cast<void>(window.release());
+    static_cast<void>(window.detach());
 }
 
 TEST_F(StandInOfTheDesktop, ShowsAPanelAsItIs) {

@@ -84,7 +84,7 @@ TEST_F(Ownership, AnAutoreleasedObjectLivesAsLongAsTheInnermostPool) {
         const cocoa::AutoreleasePool outer;
         {
             const cocoa::AutoreleasePool inner;
-            weak = Weak(Thing::make().release().autorelease().pointer());
+            weak = Weak(Thing::make().detach().autorelease().pointer());
             EXPECT_NE(weak.get(), nullptr);
         }
         EXPECT_EQ(weak.get(), nullptr);
@@ -92,7 +92,7 @@ TEST_F(Ownership, AnAutoreleasedObjectLivesAsLongAsTheInnermostPool) {
 }
 
 TEST_F(Ownership, AutoreleasingWithoutAPoolIsAProblem) {
-    static_cast<void>(Thing::make().release().autorelease());
+    static_cast<void>(Thing::make().detach().autorelease());
     EXPECT_THAT(takeProblems(),
                 ElementsAre("<NSObject 1> was autoreleased on queue \"main\" without a pool"));
 }
@@ -107,7 +107,7 @@ TEST_F(Ownership, PoolsEndInTheOppositeOrderOfTheirMaking) {
 }
 
 TEST_F(Ownership, AResetFreesWhatIsLeft) {
-    const Weak weak(Thing::make().release().pointer());
+    const Weak weak(Thing::make().detach().pointer());
     reset();
     EXPECT_EQ(weak.get(), nullptr);
 }

@@ -126,11 +126,11 @@ TEST_F(Queues, ASerialQueueDoesOneThingAfterTheOther) {
 }
 
 TEST_F(Queues, WorkOfAGlobalQueueHasNoPoolOfItsOwn) {
-    queues::async("session", [] { static_cast<void>(Thing::make().release().autorelease()); });
+    queues::async("session", [] { static_cast<void>(Thing::make().detach().autorelease()); });
     queues::runUntilIdle();
     EXPECT_THAT(problems(), testing::IsEmpty());
     queues::async("global default",
-                  [] { static_cast<void>(Thing::make().release().autorelease()); });
+                  [] { static_cast<void>(Thing::make().detach().autorelease()); });
     queues::runUntilIdle();
     EXPECT_THAT(takeProblems(), ElementsAre(HasSubstr("on queue \"global default\" without")));
 }

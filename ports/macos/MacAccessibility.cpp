@@ -28,9 +28,10 @@ bool MacAccessibility::isProcessTrusted() {
 }
 
 void MacAccessibility::requestTrust() {
-    const auto options = cocoa::NSDictionary::of<cocoa::NSString, cocoa::NSNumber>(
-        {{cocoa::NSString(cocoa::foundationObject(cocoa::kAXTrustedCheckOptionPrompt)),
-          cocoa::NSNumber::numberWithBool(true)}});
+    const auto options =
+        cocoa::NSDictionary::dictionaryWithObjects<cocoa::NSString, cocoa::NSNumber>(
+            {{cocoa::NSString(cocoa::foundationObject(cocoa::kAXTrustedCheckOptionPrompt)),
+              cocoa::NSNumber::numberWithBool(true)}});
     cocoa::AXIsProcessTrustedWithOptions(cocoa::bridged<cocoa::CFDictionaryRef>(options));
 }
 

@@ -14,7 +14,7 @@ cocoa::NSArray argumentsFor(const std::vector<std::string>& arguments) {
     std::vector<cocoa::NSString> strings;
     strings.reserve(arguments.size());
     for (const auto& argument : arguments) strings.push_back(cocoa::string(argument));
-    return cocoa::NSArray::of(strings);
+    return cocoa::NSArray::arrayWithObjects(strings);
 }
 
 cocoa::NSDictionary dictionaryFor(const platform::Environment& environment) {
@@ -23,7 +23,7 @@ cocoa::NSDictionary dictionaryFor(const platform::Environment& environment) {
     for (const auto& [name, value] : environment) {
         entries.emplace_back(cocoa::string(name), cocoa::string(value));
     }
-    return cocoa::NSDictionary::of(entries);
+    return cocoa::NSDictionary::dictionaryWithObjects(entries);
 }
 
 cocoa::Owned<cocoa::NSTask> configuredTask(const platform::ChildProcessOptions& options) {

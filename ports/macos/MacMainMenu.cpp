@@ -35,7 +35,7 @@ void addEntry(cocoa::NSMenu menu, const platform::MenuEntry& entry) {
 
 /// What a menu hangs on in the menu bar, which shows the menu's title and not the item's.
 cocoa::Owned<cocoa::NSMenuItem> makeBarItem(const platform::Menu& menu) {
-    const auto submenu = cocoa::NSMenu::withTitle(cocoa::string(menu.title));
+    const auto submenu = cocoa::NSMenu::make(cocoa::string(menu.title));
     for (const auto& entry : menu.entries) addEntry(submenu.get(), entry);
     auto item = cocoa::NSMenuItem::make(cocoa::string(""), nullptr, cocoa::string(""));
     item->setSubmenu(submenu.get());
@@ -45,7 +45,7 @@ cocoa::Owned<cocoa::NSMenuItem> makeBarItem(const platform::Menu& menu) {
 }  // namespace
 
 cocoa::Owned<cocoa::NSMenu> makeMainMenu(const platform::MainMenu& menu) {
-    auto bar = cocoa::NSMenu::withTitle(cocoa::string(""));
+    auto bar = cocoa::NSMenu::make(cocoa::string(""));
     for (const auto& submenu : menu) bar->addItem(makeBarItem(submenu).get());
     return bar;
 }

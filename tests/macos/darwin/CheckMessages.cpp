@@ -83,7 +83,7 @@ cocoa::Class classOfObjects(std::string_view className) {
     const auto address = NSURL::URLWithString(string("ws://127.0.0.1:9"));
     const auto session = NSURLSession::sharedSession();
     const std::pair<std::string_view, NSObject> examples[] = {
-        {"NSArray", NSArray::of<NSString>({string("one")})},
+        {"NSArray", NSArray::arrayWithObjects<NSString>({string("one")})},
         {"NSDate", NSDate::date()},
         {"NSLocale", NSLocale::currentLocale()},
         {"NSNumber", NSNumber::numberWithBool(true)},

@@ -47,7 +47,7 @@ public:
     }
 
     PostedMessage(std::string_view name, Owned<NSObject> body)
-        : name_(NSString::withUtf8(name)), body_(std::move(body)) {}
+        : name_(NSString::make(name)), body_(std::move(body)) {}
 
 private:
     id body() { return body_.get().pointer(); }

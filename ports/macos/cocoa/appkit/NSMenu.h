@@ -10,7 +10,7 @@ public:
     static constexpr FixedString className{"NSMenu"};
     using Handle::Handle;
 
-    static Owned<NSMenu> withTitle(NSString title) {
+    static Owned<NSMenu> make(NSString title) {
         return Owned<NSMenu>::adopt(allocate().initWithTitle(title));
     }
 

@@ -12,9 +12,8 @@ public:
     static constexpr FixedString className{"NSArray"};
     using Handle::Handle;
 
-    /// Lives as long as the current pool.
     template <class T>
-    static NSArray of(const std::vector<T>& elements) {
+    static NSArray arrayWithObjects(const std::vector<T>& elements) {
         std::vector<id> objects;
         objects.reserve(elements.size());
         for (const auto& element : elements) objects.push_back(element.pointer());

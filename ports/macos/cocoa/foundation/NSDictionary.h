@@ -13,9 +13,8 @@ public:
     static constexpr FixedString className{"NSDictionary"};
     using Handle::Handle;
 
-    /// Lives as long as the current pool.
     template <class Key, class Value>
-    static NSDictionary of(const std::vector<std::pair<Key, Value>>& entries) {
+    static NSDictionary dictionaryWithObjects(const std::vector<std::pair<Key, Value>>& entries) {
         std::vector<id> keys;
         std::vector<id> values;
         for (const auto& [key, value] : entries) {

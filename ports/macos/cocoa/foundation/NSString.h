@@ -24,7 +24,7 @@ public:
     using Handle::Handle;
 
     /// Nil when the bytes are not well-formed. Unlike a C string it may hold zeros.
-    static Owned<NSString> withUtf8(std::string_view bytes) {
+    static Owned<NSString> make(std::string_view bytes) {
         return Owned<NSString>::adopt(
             allocate().initWithBytes(bytes.data(), bytes.size(), NSUTF8StringEncoding));
     }
@@ -67,13 +67,13 @@ private:
 /// For arguments: `window.setTitle(string(title))`. Lives as long as the current pool. Of bytes
 /// that are not well-formed UTF-8 it keeps the ASCII, so that a message is never lost as a whole.
 [[nodiscard]] inline NSString string(std::string_view bytes) {
-    auto made = NSString::withUtf8(bytes);
+    auto made = NSString::make(bytes);
     if (!made) {
         std::string ascii(bytes);
         for (char& character : ascii) {
             if (static_cast<unsigned char>(character) >= 0x80) character = '?';
         }
-        made = NSString::withUtf8(ascii);
+        made = NSString::make(ascii);
     }
     return NSString(made.detach().autorelease().pointer());
 }

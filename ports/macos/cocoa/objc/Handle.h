@@ -28,6 +28,10 @@ template <class T>
 
 /// The base of every handle type: `class NSWindow : public Handle<NSWindow, NSResponder>`. Gives it
 /// `send` and `sendToClass`, with which it declares its messages.
+///
+/// A handle type names what it makes by who owns it: `make` returns an `Owned`; a function with
+/// Apple's name (`arrayWithObjects`, `pipe`) returns an object that lives as long as the current
+/// pool, or as long as the process if it is shared.
 template <class Self, class Base>
 class Handle : public Base {
 public:
@@ -45,7 +49,7 @@ protected:
         return Message<Self, MessageKind::classLevel, name, Signature>::send(
             reinterpret_cast<id>(classOf<Self>()), arguments...);
     }
-    /// A fresh object, for an initializer to take over.
+    /// A new object without a state; only its initializer may use it.
     static Self allocate() { return Self(sendToClass<"alloc", Object()>().pointer()); }
 };
 

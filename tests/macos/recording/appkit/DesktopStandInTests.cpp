@@ -125,8 +125,8 @@ TEST_F(StandInOfTheDesktop, ShowsAPanelAsItIs) {
 }
 
 TEST_F(StandInOfTheDesktop, SendsAnActionWithoutATargetToTheApplication) {
-    const auto menu = cocoa::NSMenu::withTitle(cocoa::string(""));
-    const auto file = cocoa::NSMenu::withTitle(cocoa::string("File"));
+    const auto menu = cocoa::NSMenu::make(cocoa::string(""));
+    const auto file = cocoa::NSMenu::make(cocoa::string("File"));
     const auto bar = cocoa::NSMenuItem::make(cocoa::string(""), nullptr, cocoa::string(""));
     const auto quit = cocoa::NSMenuItem::make(cocoa::string("Quit"),
                                               cocoa::selector<"terminate:">(), cocoa::string("q"));

@@ -48,7 +48,7 @@ protected:
 
 TEST_F(StandInOfATask, ShowsWhatItWasStartedWith) {
     const auto task = make("/bin/talk");
-    task->setArguments(cocoa::NSArray::of<cocoa::NSString>({cocoa::string("-v")}));
+    task->setArguments(cocoa::NSArray::arrayWithObjects<cocoa::NSString>({cocoa::string("-v")}));
     task->setStandardOutput(cocoa::NSPipe::pipe());
     ASSERT_TRUE(launch(task));
     const auto& started = world.tasks.last("/bin/talk");

@@ -30,8 +30,8 @@ TEST_F(StandInsOfValues, KeepATextWithItsZeros) {
 }
 
 TEST_F(StandInsOfValues, RefuseATextThatIsNotWellFormed) {
-    EXPECT_FALSE(cocoa::NSString::withUtf8("\xFF"));
-    EXPECT_FALSE(cocoa::NSString::withUtf8("\xED\xA0\x80"));
+    EXPECT_FALSE(cocoa::NSString::make("\xFF"));
+    EXPECT_FALSE(cocoa::NSString::make("\xED\xA0\x80"));
 }
 
 TEST_F(StandInsOfValues, HaveNoUtf8ForHalfASurrogatePair) {
@@ -68,7 +68,7 @@ TEST_F(StandInsOfValues, FoldCaseAndDiacritics) {
 
 TEST_F(StandInsOfValues, KeepTheOrderOfAnArray) {
     const auto array =
-        cocoa::NSArray::of<cocoa::NSString>({cocoa::string("b"), cocoa::string("a")});
+        cocoa::NSArray::arrayWithObjects<cocoa::NSString>({cocoa::string("b"), cocoa::string("a")});
     std::vector<std::string> texts;
     for (const auto each : cocoa::elements<cocoa::NSString>(array))
         texts.push_back(cocoa::text(each));
@@ -76,7 +76,7 @@ TEST_F(StandInsOfValues, KeepTheOrderOfAnArray) {
 }
 
 TEST_F(StandInsOfValues, FindTheValueUnderAnEqualKey) {
-    const auto table = cocoa::NSDictionary::of<cocoa::NSString, cocoa::NSNumber>(
+    const auto table = cocoa::NSDictionary::dictionaryWithObjects<cocoa::NSString, cocoa::NSNumber>(
         {{cocoa::string("on"), cocoa::NSNumber::numberWithBool(true)}});
     EXPECT_TRUE(table.objectForKey(cocoa::string("on")).as<cocoa::NSNumber>());
     EXPECT_FALSE(table.objectForKey(cocoa::string("off")));
@@ -110,7 +110,7 @@ TEST_F(StandInsOfValues, MakeUuidsThatDiffer) {
 }
 
 TEST_F(StandInsOfValues, NoteAnElementBehindTheEnd) {
-    static_cast<void>(cocoa::NSArray::of<cocoa::NSString>({}).objectAtIndex(0));
+    static_cast<void>(cocoa::NSArray::arrayWithObjects<cocoa::NSString>({}).objectAtIndex(0));
     EXPECT_THAT(takeProblems(), ElementsAre(HasSubstr("behind its end")));
 }
 

@@ -2,12 +2,14 @@
 
 #include "ports/macos/Geometry.h"
 #include "ports/macos/MacWebView.h"
+#include "ports/macos/WindowBits.h"
 #include "ports/macos/cocoa/graphics/CGWindowLevel.h"
 
 namespace stagehopper::macos_port {
 
 MacPanel::MacPanel(const platform::PanelOptions& options)
-    : panel_(cocoa::NSPanel::make(toCGRect(options.contentRect), options.styleMask, false)) {
+    : panel_(cocoa::NSPanel::make(toCGRect(options.contentRect), toStyleMask(options.styleMask),
+                                  false)) {
     // Otherwise closing would release what is ours to release.
     panel_->setReleasedWhenClosed(false);
     panel_->setRestorable(false);
@@ -18,7 +20,7 @@ MacPanel::MacPanel(const platform::PanelOptions& options)
     panel_->setHasShadow(options.hasShadow);
     panel_->setHidesOnDeactivate(options.hidesOnDeactivate);
     panel_->setLevel(cocoa::CGShieldingWindowLevel() + options.levelAboveShielding);
-    panel_->setCollectionBehavior(options.collectionBehavior);
+    panel_->setCollectionBehavior(toCollectionBehavior(options.collectionBehavior));
     panel_->setIgnoresMouseEvents(options.ignoresMouseEvents);
 }
 

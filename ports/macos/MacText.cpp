@@ -6,7 +6,7 @@
 namespace stagehopper::macos_port {
 
 std::string MacText::folded(std::string_view text) {
-    constexpr cocoa::NSUInteger differences =
+    constexpr auto differences =
         cocoa::NSCaseInsensitiveSearch | cocoa::NSDiacriticInsensitiveSearch;
     return cocoa::text(
         cocoa::string(wellFormed(text))

@@ -5,12 +5,14 @@
 #include "ports/macos/AppControllerObject.h"
 #include "ports/macos/Geometry.h"
 #include "ports/macos/MacWebView.h"
+#include "ports/macos/WindowBits.h"
 
 namespace stagehopper::macos_port {
 
 MacWindow::MacWindow(AppControllerObject& appController, const platform::WindowOptions& options)
     : appController_(appController),
-      window_(cocoa::NSWindow::make(toCGRect(options.contentRect), options.styleMask, false)) {
+      window_(cocoa::NSWindow::make(toCGRect(options.contentRect), toStyleMask(options.styleMask),
+                                    false)) {
     // Otherwise closing would release what is ours to release.
     window_->setReleasedWhenClosed(false);
     window_->setRestorable(false);

@@ -25,7 +25,7 @@ public:
 
     /// Not retained.
     void setDelegate(NSObject delegate) const { send<"setDelegate:", void(NSObject)>(delegate); }
-    bool setActivationPolicy(NSInteger policy) const {
+    bool setActivationPolicy(NSApplicationActivationPolicy policy) const {
         return fromBOOL(send<"setActivationPolicy:", BOOL(NSInteger)>(policy));
     }
     void setMainMenu(NSMenu menu) const { send<"setMainMenu:", void(NSMenu)>(menu); }

@@ -10,15 +10,14 @@ public:
     static constexpr FixedString className{"NSPanel"};
     using Handle::Handle;
 
-    /// `styleMask` is bits of NSWindowStyleMask.
-    static Owned<NSPanel> make(CGRect contentRect, NSUInteger styleMask, bool defer) {
+    static Owned<NSPanel> make(CGRect contentRect, NSWindowStyleMask styleMask, bool defer) {
         return Owned<NSPanel>::adopt(allocate().initWithContentRect(
             contentRect, styleMask, NSBackingStoreBuffered, toBOOL(defer)));
     }
 
 private:
-    [[nodiscard]] NSPanel initWithContentRect(CGRect contentRect, NSUInteger styleMask,
-                                              NSUInteger backing, BOOL defer) const {
+    [[nodiscard]] NSPanel initWithContentRect(CGRect contentRect, NSWindowStyleMask styleMask,
+                                              NSBackingStoreType backing, BOOL defer) const {
         return send<"initWithContentRect:styleMask:backing:defer:",
                     NSPanel(CGRect, NSUInteger, NSUInteger, BOOL)>(contentRect, styleMask, backing,
                                                                    defer);

@@ -8,6 +8,19 @@ namespace stagehopper::cocoa {
 
 enum NSBackingStoreType : NSUInteger { NSBackingStoreBuffered = 2 };
 enum NSWindowAnimationBehavior : NSInteger { NSWindowAnimationBehaviorNone = 2 };
+/// Bits.
+enum NSWindowStyleMask : NSUInteger {
+    NSWindowStyleMaskTitled = 1,
+    NSWindowStyleMaskClosable = 2,
+    NSWindowStyleMaskMiniaturizable = 4,
+    NSWindowStyleMaskResizable = 8,
+    NSWindowStyleMaskNonactivatingPanel = 128,
+};
+/// Bits.
+enum NSWindowCollectionBehavior : NSUInteger {
+    NSWindowCollectionBehaviorCanJoinAllSpaces = 1,
+    NSWindowCollectionBehaviorFullScreenAuxiliary = 256,
+};
 
 /// NSWindow. Main thread only.
 class NSWindow : public Handle<NSWindow, NSResponder> {
@@ -15,8 +28,8 @@ public:
     static constexpr FixedString className{"NSWindow"};
     using Handle::Handle;
 
-    /// `styleMask` is bits of NSWindowStyleMask. It releases itself when closed unless told not to.
-    static Owned<NSWindow> make(CGRect contentRect, NSUInteger styleMask, bool defer) {
+    /// The window releases itself when closed unless `setReleasedWhenClosed(false)` is sent.
+    static Owned<NSWindow> make(CGRect contentRect, NSWindowStyleMask styleMask, bool defer) {
         return Owned<NSWindow>::adopt(allocate().initWithContentRect(
             contentRect, styleMask, NSBackingStoreBuffered, toBOOL(defer)));
     }
@@ -54,12 +67,10 @@ public:
         send<"setHidesOnDeactivate:", void(BOOL)>(toBOOL(hides));
     }
     void setLevel(NSInteger level) const { send<"setLevel:", void(NSInteger)>(level); }
-    /// Bits of NSWindowCollectionBehavior.
-    void setCollectionBehavior(NSUInteger behavior) const {
+    void setCollectionBehavior(NSWindowCollectionBehavior behavior) const {
         send<"setCollectionBehavior:", void(NSUInteger)>(behavior);
     }
-    /// An NSWindowAnimationBehavior.
-    void setAnimationBehavior(NSInteger behavior) const {
+    void setAnimationBehavior(NSWindowAnimationBehavior behavior) const {
         send<"setAnimationBehavior:", void(NSInteger)>(behavior);
     }
     void setIgnoresMouseEvents(bool ignores) const {
@@ -70,8 +81,8 @@ public:
     }
 
 private:
-    [[nodiscard]] NSWindow initWithContentRect(CGRect contentRect, NSUInteger styleMask,
-                                               NSUInteger backing, BOOL defer) const {
+    [[nodiscard]] NSWindow initWithContentRect(CGRect contentRect, NSWindowStyleMask styleMask,
+                                               NSBackingStoreType backing, BOOL defer) const {
         return send<"initWithContentRect:styleMask:backing:defer:",
                     NSWindow(CGRect, NSUInteger, NSUInteger, BOOL)>(contentRect, styleMask, backing,
                                                                     defer);

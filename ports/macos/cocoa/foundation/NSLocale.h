@@ -13,8 +13,10 @@ public:
     static NSLocale currentLocale() { return sendToClass<"currentLocale", NSLocale()>(); }
 };
 
-inline NSString NSString::stringByFoldingWithOptions(NSUInteger options, NSLocale locale) const {
+inline NSString NSString::stringByFoldingWithOptions(NSStringCompareOptions options,
+                                                     NSLocale locale) const {
     return send<"stringByFoldingWithOptions:locale:", NSString(NSUInteger, NSLocale)>(options,
                                                                                       locale);
 }
+
 }  // namespace stagehopper::cocoa

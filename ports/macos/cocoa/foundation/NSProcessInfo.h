@@ -29,7 +29,8 @@ public:
 
     /// Keeps the system from slowing this process down until the activity, which the caller keeps,
     /// is ended.
-    [[nodiscard]] NSObject beginActivityWithOptions(NSUInteger options, NSString reason) const {
+    [[nodiscard]] NSObject beginActivityWithOptions(NSActivityOptions options,
+                                                    NSString reason) const {
         return send<"beginActivityWithOptions:reason:", NSObject(NSUInteger, NSString)>(options,
                                                                                         reason);
     }

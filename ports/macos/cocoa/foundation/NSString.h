@@ -16,6 +16,10 @@ enum NSStringCompareOptions : NSUInteger {
     NSCaseInsensitiveSearch = 1,
     NSDiacriticInsensitiveSearch = 128,
 };
+constexpr NSStringCompareOptions operator|(NSStringCompareOptions left,
+                                           NSStringCompareOptions right) {
+    return static_cast<NSStringCompareOptions>(+left | +right);
+}
 
 /// NSString. Any thread.
 class NSString : public Handle<NSString, NSObject> {
@@ -39,7 +43,8 @@ public:
     [[nodiscard]] unsigned short characterAtIndex(NSUInteger index) const {
         return send<"characterAtIndex:", unsigned short(NSUInteger)>(index);
     }
-    [[nodiscard]] NSString stringByFoldingWithOptions(NSUInteger options, NSLocale locale) const;
+    [[nodiscard]] NSString stringByFoldingWithOptions(NSStringCompareOptions options,
+                                                      NSLocale locale) const;
     /// The same in every language.
     [[nodiscard]] NSString lowercaseString() const { return send<"lowercaseString", NSString()>(); }
 

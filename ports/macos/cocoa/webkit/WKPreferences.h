@@ -13,7 +13,7 @@ public:
     using Handle::Handle;
 
     /// macOS 14 and later.
-    void setInactiveSchedulingPolicy(NSInteger policy) const {
+    void setInactiveSchedulingPolicy(WKInactiveSchedulingPolicy policy) const {
         send<"setInactiveSchedulingPolicy:", void(NSInteger)>(policy);
     }
 };

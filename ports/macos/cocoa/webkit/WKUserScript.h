@@ -12,14 +12,15 @@ public:
     static constexpr FixedString className{"WKUserScript"};
     using Handle::Handle;
 
-    static Owned<WKUserScript> make(NSString source, NSInteger injectionTime,
+    static Owned<WKUserScript> make(NSString source, WKUserScriptInjectionTime injectionTime,
                                     bool forMainFrameOnly) {
         return Owned<WKUserScript>::adopt(
             allocate().initWithSource(source, injectionTime, toBOOL(forMainFrameOnly)));
     }
 
 private:
-    [[nodiscard]] WKUserScript initWithSource(NSString source, NSInteger injectionTime,
+    [[nodiscard]] WKUserScript initWithSource(NSString source,
+                                              WKUserScriptInjectionTime injectionTime,
                                               BOOL forMainFrameOnly) const {
         return send<"initWithSource:injectionTime:forMainFrameOnly:",
                     WKUserScript(NSString, NSInteger, BOOL)>(source, injectionTime,

@@ -56,7 +56,8 @@ protected:
 
     static cocoa::NSApplication application() { return cocoa::NSApplication::sharedApplication(); }
     cocoa::Owned<cocoa::NSWindow> showWindow() {
-        auto window = cocoa::NSWindow::make({{0, 0}, {520, 680}}, 15, false);
+        auto window =
+            cocoa::NSWindow::make({{0, 0}, {520, 680}}, cocoa::NSWindowStyleMaskTitled, false);
         window->setReleasedWhenClosed(false);
         window->setDelegate(object_.get());
         window->makeKeyAndOrderFront(nullptr);
@@ -98,7 +99,7 @@ TEST_F(StandInOfTheDesktop, StaysWhenTheDelegateWantsTo) {
 }
 
 TEST_F(StandInOfTheDesktop, ReleasesAWindowWhenItClosesUnlessItWasToldNotTo) {
-    auto window = cocoa::NSWindow::make({{0, 0}, {10, 10}}, 1, false);
+    auto window = cocoa::NSWindow::make({{0, 0}, {10, 10}}, cocoa::NSWindowStyleMaskTitled, false);
     window->close();
     EXPECT_THAT(world.windows.all(), IsEmpty());
     EXPECT_THAT(takeProblems(), IsEmpty());
@@ -108,7 +109,8 @@ TEST_F(StandInOfTheDesktop, ReleasesAWindowWhenItClosesUnlessItWasToldNotTo) {
 }
 
 TEST_F(StandInOfTheDesktop, ShowsAPanelAsItIs) {
-    const auto panel = cocoa::NSPanel::make({{0, 0}, {1440, 900}}, 128, false);
+    const auto panel = cocoa::NSPanel::make({{0, 0}, {1440, 900}},
+                                            cocoa::NSWindowStyleMaskNonactivatingPanel, false);
     panel->setLevel(World::shieldingLevel + 1);
     panel->setBackgroundColor(cocoa::NSColor::clearColor());
     panel->setOpaque(false);

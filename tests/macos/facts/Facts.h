@@ -18,8 +18,8 @@
 #include "tests/macos/facts/WebKit.h"
 
 /// What is known of the platform: looked up by the compiler, so that a wrong declaration does not
-/// compile, and at run time. Nothing here can change; any thread. "Null" means not in the table,
-/// which is not the same as "does not exist".
+/// compile, and at run time. The tables have what the port sends and what the tests fake: null
+/// means absent here, not absent from the platform. Nothing here can change; any thread.
 namespace stagehopper::macos_facts {
 
 /// All tables of messages, each sorted by class and selector.

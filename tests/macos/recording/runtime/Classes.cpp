@@ -66,8 +66,8 @@ const macos_facts::MethodFact* factFor(cocoa::Class ofClass, macos_facts::Kind k
 
 bool isForMainThread(cocoa::Class ofClass) {
     // Apple's "Thread Safety Summary" and the classes' own pages let these be used anywhere.
-    static constexpr std::array<std::string_view, 4> anyThread{
-        "NSColor", "NSImage", "NSRunningApplication", "NSWorkspace"};
+    static constexpr std::array<std::string_view, 3> anyThread{"NSColor", "NSRunningApplication",
+                                                               "NSWorkspace"};
     while (ofClass != nullptr && ofClass->ours) ofClass = ofClass->superclass;
     if (ofClass == nullptr) return false;
     const auto* fact = macos_facts::classNamed(ofClass->name);

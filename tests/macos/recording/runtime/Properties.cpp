@@ -12,8 +12,7 @@ namespace stagehopper::recording {
 namespace {
 
 /// What AppKit and WebKit declare weak.
-constexpr std::array<std::string_view, 5> weakNames{"delegate", "target", "navigationDelegate",
-                                                    "UIDelegate", "dataSource"};
+constexpr std::array<std::string_view, 3> weakNames{"delegate", "target", "navigationDelegate"};
 
 struct Property {
     /// An object's pointer may be gone.

@@ -2,7 +2,6 @@
 # runtimes than Apple's.
 set(STAGEHOPPER_MACOS_SOURCES
   AppControllerObject.cpp
-  AttributeConversion.cpp
   BridgeHandlerObject.cpp
   FailureQueue.cpp
   MacAccessibility.cpp

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "ports/macos/MacWindow.h"
 #include "ports/macos/cocoa/objc/RuntimeClass.h"
 
 namespace stagehopper::macos_port {
@@ -38,18 +37,18 @@ void AppControllerObject::addScreenObserver(std::weak_ptr<platform::ScreenObserv
     screenObservers_.push_back(std::move(observer));
 }
 
-void AppControllerObject::addWindow(cocoa::NSWindow native, MacWindow& window) {
+void AppControllerObject::addWindow(cocoa::NSWindow native, ReportedWindow& window) {
     openWindows_.push_back({native, &window, {}});
 }
 
-void AppControllerObject::setWindowDelegate(const MacWindow& window,
+void AppControllerObject::setWindowDelegate(const ReportedWindow& window,
                                             std::weak_ptr<platform::WindowDelegate> delegate) {
     windowDelegate_ = delegate;
     const auto open = std::ranges::find(openWindows_, &window, &OpenWindow::window);
     if (open != openWindows_.end()) open->delegate = std::move(delegate);
 }
 
-void AppControllerObject::removeWindow(const MacWindow& window) {
+void AppControllerObject::removeWindow(const ReportedWindow& window) {
     std::erase_if(openWindows_, [&window](const auto& open) { return open.window == &window; });
 }
 

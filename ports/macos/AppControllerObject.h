@@ -11,7 +11,12 @@
 
 namespace stagehopper::macos_port {
 
-class MacWindow;
+/// A window that the system reports to AppControllerObject when it closes. Main thread only.
+class ReportedWindow : public platform::Window {
+public:
+    /// The system has begun to close it. From now on it counts as closed.
+    virtual void didBeginClosing() = 0;
+};
 
 /// What the system talks to: the one object of the class "AppController", delegate of the
 /// application and of its windows and observer of the screens. Passes everything on to the C++
@@ -29,15 +34,15 @@ public:
     void setApplicationDelegate(std::weak_ptr<platform::ApplicationDelegate> delegate);
     void addScreenObserver(std::weak_ptr<platform::ScreenObserver> observer);
     /// `window` stands for `native` until it is removed or has begun to close.
-    void addWindow(cocoa::NSWindow native, MacWindow& window);
-    void setWindowDelegate(const MacWindow& window,
+    void addWindow(cocoa::NSWindow native, ReportedWindow& window);
+    void setWindowDelegate(const ReportedWindow& window,
                            std::weak_ptr<platform::WindowDelegate> delegate);
-    void removeWindow(const MacWindow& window);
+    void removeWindow(const ReportedWindow& window);
 
 private:
     struct OpenWindow {
         cocoa::NSWindow native;
-        MacWindow* window;
+        ReportedWindow* window;
         std::weak_ptr<platform::WindowDelegate> delegate;
     };
 

@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "ports/macos/AppControllerObject.h"
 #include "ports/macos/Geometry.h"
 #include "ports/macos/MacWebView.h"
 #include "ports/macos/WindowBits.h"

@@ -2,17 +2,16 @@
 
 #include <memory>
 
-#include "platform/Window.h"
+#include "ports/macos/AppControllerObject.h"
 #include "ports/macos/cocoa/appkit/NSWindow.h"
 
 namespace stagehopper::macos_port {
 
-class AppControllerObject;
 class MacWebView;
 
 /// An NSWindow. Main thread only. After it was closed every call does nothing; that somebody else
 /// has closed it, it knows from the moment on when it has a delegate.
-class MacWindow final : public platform::Window {
+class MacWindow final : public ReportedWindow {
 public:
     /// `appController` becomes its delegate and outlives it.
     MacWindow(AppControllerObject& appController, const platform::WindowOptions& options);
@@ -28,8 +27,7 @@ public:
     void setDelegate(std::weak_ptr<platform::WindowDelegate> delegate) override;
     void makeKeyAndOrderFront() override;
 
-    /// The system has begun to close it. From now on it counts as closed.
-    void didBeginClosing();
+    void didBeginClosing() override;
 
 private:
     AppControllerObject& appController_;

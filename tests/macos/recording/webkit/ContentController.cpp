@@ -3,7 +3,6 @@
 #include "tests/macos/recording/foundation/Foundation.h"
 #include "tests/macos/recording/runtime/Behaviours.h"
 #include "tests/macos/recording/runtime/Definitions.h"
-#include "tests/macos/recording/webkit/WebPages.h"
 
 // WKUserContentController, WKUserScript and WKScriptMessage.
 

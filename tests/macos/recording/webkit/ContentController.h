@@ -8,6 +8,13 @@
 
 namespace stagehopper::recording {
 
+struct InjectedScript {
+    std::string source;
+    /// 0: before any script of the page.
+    long injectionTime = 0;
+    bool mainFrameOnly = false;
+};
+
 /// What a WKUserContentController carries.
 struct ContentControllerState {
     std::map<std::string, Kept> handlers;

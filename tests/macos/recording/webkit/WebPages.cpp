@@ -8,7 +8,6 @@
 #include "tests/macos/recording/runtime/Behaviours.h"
 #include "tests/macos/recording/runtime/Callbacks.h"
 #include "tests/macos/recording/runtime/Queues.h"
-#include "tests/macos/recording/webkit/ContentController.h"
 
 namespace stagehopper::recording {
 

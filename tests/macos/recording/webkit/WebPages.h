@@ -7,15 +7,9 @@
 
 #include "ports/macos/cocoa/objc/Runtime.h"
 #include "tests/macos/recording/runtime/Kept.h"
+#include "tests/macos/recording/webkit/ContentController.h"
 
 namespace stagehopper::recording {
-
-struct InjectedScript {
-    std::string source;
-    /// 0: before any script of the page.
-    long injectionTime = 0;
-    bool mainFrameOnly = false;
-};
 
 /// The page of one web view. Main thread only.
 class WebPage {

@@ -1,5 +1,6 @@
 # The runtime itself; beside it stand the behaviours of the system's classes.
 set(STAGEHOPPER_RECORDING_RUNTIME
+  runtime/BehaviourTable.cpp
   runtime/Behaviours.cpp
   runtime/Blocks.cpp
   runtime/Callbacks.cpp
@@ -13,6 +14,7 @@ set(STAGEHOPPER_RECORDING_RUNTIME
   runtime/ObjectiveC.cpp
   runtime/Perform.cpp
   runtime/Pools.cpp
+  runtime/Problems.cpp
   runtime/Properties.cpp
   runtime/Queues.cpp
   runtime/Recording.cpp

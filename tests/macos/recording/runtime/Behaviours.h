@@ -10,6 +10,7 @@
 
 #include "ports/macos/cocoa/objc/MessageDispatch.h"
 #include "tests/macos/recording/runtime/Kept.h"
+#include "tests/macos/recording/runtime/Problems.h"
 #include "tests/macos/recording/runtime/Value.h"
 
 // How the stand-ins for the system's classes are told what to do.
@@ -106,9 +107,6 @@ void setProperty(cocoa::id object, std::string_view name, Value value);
 /// between its own objects: not in the journal, not checked, the answer lives as long as the
 /// current pool.
 Value answer(cocoa::id receiver, std::string_view selector, std::vector<Value> arguments = {});
-
-/// Something that the port must not do. The end of a test asks for them.
-void noteProblem(std::string problem);
 
 namespace detail {
 /// The slot for one type; created empty.

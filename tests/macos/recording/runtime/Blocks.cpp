@@ -7,7 +7,7 @@
 #include <set>
 
 #include "ports/macos/cocoa/objc/Block.h"
-#include "tests/macos/recording/runtime/Behaviours.h"
+#include "tests/macos/recording/runtime/Problems.h"
 
 extern "C" {
 void* _NSConcreteStackBlock[32] = {};

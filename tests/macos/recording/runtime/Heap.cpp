@@ -6,8 +6,9 @@
 #include <unordered_map>
 #include <utility>
 
-#include "tests/macos/recording/runtime/Behaviours.h"
+#include "tests/macos/recording/runtime/Problems.h"
 #include "tests/macos/recording/runtime/Queues.h"
+#include "tests/macos/recording/runtime/Value.h"
 
 namespace stagehopper::recording::heap {
 

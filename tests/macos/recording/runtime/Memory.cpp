@@ -54,16 +54,16 @@ Value perform(std::string_view referenceMessage, cocoa::id receiver) {
     return receiver;
 }
 
-Value performOnBlock(const Declared& message, cocoa::id block) {
-    if (message.selector == "retain" || message.selector == "copy") {
+Value performOnBlock(std::string_view message, cocoa::id block) {
+    if (message == "retain" || message == "copy") {
         blocks::copy(block, Holder::port);
         return block;
     }
-    if (message.selector == "release") {
+    if (message == "release") {
         blocks::release(block, Holder::port);
         return {};
     }
-    noteProblem("a block got the message " + std::string(message.selector));
+    noteProblem("a block got the message " + std::string(message));
     return {};
 }
 

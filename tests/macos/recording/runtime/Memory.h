@@ -4,7 +4,6 @@
 
 #include "tests/macos/facts/Fact.h"
 #include "tests/macos/recording/runtime/Kept.h"
-#include "tests/macos/recording/runtime/Perform.h"
 #include "tests/macos/recording/runtime/Value.h"
 
 /// Who owns what that crosses between the port and the system. Whoever has its turn.
@@ -17,7 +16,7 @@ namespace stagehopper::recording::memory {
 
 Value perform(std::string_view referenceMessage, cocoa::id receiver);
 /// A block takes no other messages.
-Value performOnBlock(const Declared& message, cocoa::id block);
+Value performOnBlock(std::string_view message, cocoa::id block);
 
 /// Gives the sender of a message its reference to the answer, if the message's name says so, or
 /// adds the answer to the current pool. One that was made for this message needs a pool; one that

@@ -121,7 +121,7 @@ Value answerWithout(const Declared& message, cocoa::id receiver, std::span<const
 
 Value perform(const Declared& message, cocoa::id receiver, std::span<const Value> arguments) {
     if (receiver == nullptr) return {};
-    if (blocks::isLive(receiver)) return memory::performOnBlock(message, receiver);
+    if (blocks::isLive(receiver)) return memory::performOnBlock(message.selector, receiver);
     const auto* fact = check(message, receiver, arguments);
     if (fact == nullptr) return {};
     messageTally().add(*fact);

@@ -3,7 +3,7 @@
 #include <memory>
 #include <utility>
 
-#include "tests/macos/recording/runtime/Behaviours.h"
+#include "tests/macos/recording/runtime/Problems.h"
 #include "tests/macos/recording/runtime/Scheduler.h"
 
 namespace stagehopper::recording::queues {

@@ -4,6 +4,8 @@
 #include <string>
 #include <utility>
 
+#include "tests/macos/recording/runtime/QueueToken.h"
+
 /// The queues of a program in virtual time. One piece of work runs at a time, on a thread of its
 /// own so that it can block as on the real system: while it waits, whatever is not blocked goes on,
 /// and the clock moves only when nothing else can be done. Called by whoever has its turn.
@@ -15,8 +17,6 @@ namespace stagehopper::recording::queues {
 
 /// Since the start of the test.
 [[nodiscard]] double now();
-
-using Token = unsigned long;
 
 /// Work for a queue. "session" and "task" do one thing after the other; "global …" everything at
 /// once; "main" when the main thread runs its loop. A pool stands around each piece but for
@@ -45,7 +45,6 @@ bool runUntil(const std::function<bool()>& condition, double limit = 600);
 /// when the condition does not hold in time; a wait without a limit that can never end is a problem
 /// and ends.
 bool waitUntil(const std::function<bool()>& condition, double limit);
-constexpr double forever = 1e300;
 
 /// The clock stands at zero again; what has not begun never will, and what waits waits no longer.
 void reset();

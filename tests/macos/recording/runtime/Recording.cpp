@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "tests/macos/recording/runtime/Behaviours.h"
 #include "tests/macos/recording/runtime/Blocks.h"
 #include "tests/macos/recording/runtime/DispatchObjects.h"
 #include "tests/macos/recording/runtime/Heap.h"
@@ -11,27 +10,6 @@
 #include "tests/macos/recording/runtime/Queues.h"
 
 namespace stagehopper::recording {
-
-namespace {
-
-std::vector<std::string>& noted() {
-    static auto* const all = new std::vector<std::string>;
-    return *all;
-}
-
-}  // namespace
-
-void noteProblem(std::string problem) {
-    noted().push_back(std::move(problem));
-}
-
-const std::vector<std::string>& problems() {
-    return noted();
-}
-
-std::vector<std::string> takeProblems() {
-    return std::exchange(noted(), {});
-}
 
 std::vector<std::string> leaked() {
     auto all = heap::heldByPort();
@@ -48,7 +26,7 @@ void reset() {
     blocks::clear();
     dispatch::clear();
     journal().clear();
-    noted().clear();
+    static_cast<void>(takeProblems());
 }
 
 }  // namespace stagehopper::recording

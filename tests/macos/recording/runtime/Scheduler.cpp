@@ -5,7 +5,7 @@
 #include <cstdlib>
 
 #include "ports/macos/cocoa/objc/AutoreleasePool.h"
-#include "tests/macos/recording/runtime/Behaviours.h"
+#include "tests/macos/recording/runtime/Problems.h"
 
 namespace stagehopper::recording {
 

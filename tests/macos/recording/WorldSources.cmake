@@ -3,6 +3,7 @@ set(STAGEHOPPER_RECORDING_WORLD
   appkit/Application.cpp
   appkit/ApplicationMessages.cpp
   appkit/Menus.cpp
+  appkit/ScreenMessages.cpp
   appkit/Screens.cpp
   appkit/WindowMessages.cpp
   appkit/Windows.cpp

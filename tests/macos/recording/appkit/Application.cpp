@@ -4,12 +4,12 @@
 #include <utility>
 
 #include "tests/macos/recording/appkit/Menus.h"
+#include "tests/macos/recording/appkit/Windows.h"
 #include "tests/macos/recording/foundation/Notifications.h"
 #include "tests/macos/recording/foundation/SharedInstances.h"
 #include "tests/macos/recording/runtime/Behaviours.h"
 #include "tests/macos/recording/runtime/Callbacks.h"
 #include "tests/macos/recording/runtime/Queues.h"
-#include "tests/macos/recording/system/World.h"
 
 namespace stagehopper::recording {
 
@@ -23,20 +23,19 @@ void tellDelegate(std::string_view selector, std::string_view notification) {
     tell(delegate(), selector, makeNotification(notification, sharedApplication()).get());
 }
 
-/// As systems from macOS 14 on do, about a program that does not say how its windows are archived.
-void warnOfInsecureState() {
-    const std::string question = "applicationSupportsSecureRestorableState:";
-    if (responds(delegate(), question) && tell<bool>(delegate(), question, sharedApplication())) {
-        return;
-    }
-    World::current().systemLog.emplace_back(
-        "WARNING: Secure coding is not enabled for restorable state!");
-}
-
 }  // namespace
 
 cocoa::id sharedApplication() {
     return sharedInstance("NSApplication");
+}
+
+/// As systems from macOS 14 on do, about a program that does not say how its windows are archived.
+void Application::warnOfInsecureState() {
+    const std::string question = "applicationSupportsSecureRestorableState:";
+    if (responds(delegate(), question) && tell<bool>(delegate(), question, sharedApplication())) {
+        return;
+    }
+    systemLog_.emplace_back("WARNING: Secure coding is not enabled for restorable state!");
 }
 
 void Application::finishLaunching() {
@@ -49,7 +48,10 @@ void Application::finishLaunching() {
 void Application::userPresses(std::string_view title) {
     const auto item = findMenuItem(property(sharedApplication(), "mainMenu").object(), title);
     if (item == nullptr) throw std::logic_error("no menu item " + std::string(title));
-    queues::async("main", [item = Kept(item)] { performMenuItem(item.get()); });
+    queues::async("main", [this, item = Kept(item)] {
+        auto action = performMenuItem(item.get());
+        if (!action.empty()) actions.push_back(std::move(action));
+    });
 }
 
 void Application::systemQuits() {
@@ -77,7 +79,7 @@ void Application::terminate() {
 void Application::windowWasClosed() {
     queues::async("main", [this] {
         const std::string question = "applicationShouldTerminateAfterLastWindowClosed:";
-        if (World::current().windows.ordinaryWindowVisible() || terminated_) return;
+        if (windows_.ordinaryWindowVisible() || terminated_) return;
         if (tell<bool>(delegate(), question, sharedApplication())) terminate();
     });
 }

@@ -9,12 +9,17 @@
 
 namespace stagehopper::recording {
 
+class Windows;
+
 /// The running program as the system and its user see it. Main thread only.
 ///
 /// On the real system `terminate:` ends the process from inside, so `run` never returns. Here it
 /// returns then, and what comes after a `terminate:` in the same callback is still done.
 class Application {
 public:
+    Application(const Windows& windows, std::vector<std::string>& systemLog)
+        : windows_(windows), systemLog_(systemLog) {}
+
     /// What `run` does first: the delegate hears that launching has finished. For tests that let
     /// time go by themselves.
     void finishLaunching();
@@ -47,6 +52,10 @@ public:
 private:
     static constexpr long prohibited = 2;
 
+    void warnOfInsecureState();
+
+    const Windows& windows_;
+    std::vector<std::string>& systemLog_;
     bool launched_ = false;
     bool terminating_ = false;
     bool terminated_ = false;

@@ -3,10 +3,11 @@
 #include <string>
 
 #include "tests/macos/recording/foundation/Foundation.h"
+#include "tests/macos/recording/foundation/SharedInstances.h"
+#include "tests/macos/recording/runtime/Behaviours.h"
 #include "tests/macos/recording/runtime/Callbacks.h"
 #include "tests/macos/recording/runtime/Classes.h"
 #include "tests/macos/recording/runtime/Definitions.h"
-#include "tests/macos/recording/system/World.h"
 
 namespace stagehopper::recording {
 
@@ -92,20 +93,20 @@ cocoa::id findMenuItem(cocoa::id menu, std::string_view title) {
     return nullptr;
 }
 
-void performMenuItem(cocoa::id item) {
+std::string performMenuItem(cocoa::id item) {
     const auto action = stateOf<MenuItemState>(item).action;
-    if (action == nullptr) return;
+    if (action == nullptr) return {};
     if (const auto target = property(item, "target").object()) {
         tell(target, action->name, item);
-        return;
+        return {};
     }
-    // The views of a page take the editing actions; the application stands last in the chain.
+    // The application stands last in the chain.
     const auto application = classes::named("NSApplication");
-    if (classes::factFor(application, macos_facts::Kind::instance, action->name) != nullptr) {
-        answer(sharedApplication(), action->name, {item});
-    } else {
-        World::current().application.actions.push_back(action->name);
+    if (classes::factFor(application, macos_facts::Kind::instance, action->name) == nullptr) {
+        return action->name;
     }
+    answer(sharedInstance("NSApplication"), action->name, {item});
+    return {};
 }
 
 void defineMenus() {

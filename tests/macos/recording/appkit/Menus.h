@@ -17,7 +17,9 @@ namespace stagehopper::recording {
 /// In the menu or below it; nil when there is none.
 [[nodiscard]] cocoa::id findMenuItem(cocoa::id menu, std::string_view title);
 
-/// What choosing it does: its action goes to its target, else along the responders.
-void performMenuItem(cocoa::id item);
+/// Chooses an item: its action goes to its target, else along the responders. Returns the name of
+/// an action that goes to the first responder, not to the application: the views of a page take the
+/// editing actions. Empty for any other.
+std::string performMenuItem(cocoa::id item);
 
 }  // namespace stagehopper::recording

@@ -30,11 +30,13 @@ public:
     /// What `CGShieldingWindowLevel` answers, as on a real Mac.
     static constexpr int shieldingLevel = 2'147'483'628;
 
+    /// Messages in the system's log, oldest first.
+    std::vector<std::string> systemLog;
     Machine machine;
     Tasks tasks;
     Servers servers;
-    Application application;
     Windows windows;
+    Application application{windows, systemLog};
     WebPages pages;
     Screens screens;
     OtherPrograms programs;
@@ -42,9 +44,6 @@ public:
     Keyboard keyboard;
     /// Timers that a run loop has.
     int runningTimers = 0;
-    /// Messages in the system's log, oldest first.
-    std::vector<std::string> systemLog;
-
     /// Ends everything that the world keeps, so that what is left is the program's own: tasks that
     /// run, connections, shared instances. Nothing is told to the program. Once, at the end.
     void end();

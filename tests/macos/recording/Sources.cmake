@@ -8,18 +8,18 @@ set(STAGEHOPPER_RECORDING_RUNTIME
   runtime/Dispatch.cpp
   runtime/Heap.cpp
   runtime/Journal.cpp
-  runtime/Kept.cpp
   runtime/Memory.cpp
   runtime/MessageTally.cpp
   runtime/ObjectiveC.cpp
-  runtime/Perform.cpp
   runtime/Pools.cpp
   runtime/Problems.cpp
   runtime/Properties.cpp
   runtime/Queues.cpp
   runtime/Recording.cpp
   runtime/Registration.cpp
+  runtime/Retained.cpp
   runtime/RootObject.cpp
   runtime/Scheduler.cpp
+  runtime/SendMessage.cpp
   runtime/Value.cpp
   runtime/Worker.cpp)

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "ports/macos/cocoa/objc/Runtime.h"
-#include "tests/macos/recording/runtime/Kept.h"
+#include "tests/macos/recording/runtime/Retained.h"
 
 namespace stagehopper::recording {
 

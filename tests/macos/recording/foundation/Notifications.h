@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "ports/macos/cocoa/objc/Runtime.h"
-#include "tests/macos/recording/runtime/Kept.h"
+#include "tests/macos/recording/runtime/Retained.h"
 
 namespace stagehopper::recording {
 

@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "ports/macos/cocoa/objc/MessageDispatch.h"
-#include "tests/macos/recording/runtime/Kept.h"
 #include "tests/macos/recording/runtime/Problems.h"
+#include "tests/macos/recording/runtime/Retained.h"
 #include "tests/macos/recording/runtime/Value.h"
 
 // How the stand-ins for the system's classes are told what to do.

@@ -7,7 +7,7 @@
 
 #include "ports/macos/cocoa/objc/AutoreleasePool.h"
 #include "ports/macos/cocoa/objc/Encoding.h"
-#include "tests/macos/recording/runtime/Kept.h"
+#include "tests/macos/recording/runtime/Retained.h"
 #include "tests/macos/recording/runtime/Value.h"
 
 // How the stand-ins call the port, as the system does.

@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "tests/macos/facts/Fact.h"
-#include "tests/macos/recording/runtime/Kept.h"
+#include "tests/macos/recording/runtime/Retained.h"
 #include "tests/macos/recording/runtime/Value.h"
 
 /// Who owns what that crosses between the port and the system. Whoever has its turn.

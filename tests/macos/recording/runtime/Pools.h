@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/macos/recording/runtime/Kept.h"
+#include "tests/macos/recording/runtime/Retained.h"
 
 /// The autorelease pools of each thread. Any queue.
 namespace stagehopper::recording::pools {

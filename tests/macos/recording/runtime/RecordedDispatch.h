@@ -6,7 +6,7 @@
 
 #include "tests/macos/facts/Agreement.h"
 #include "tests/macos/facts/Facts.h"
-#include "tests/macos/recording/runtime/Perform.h"
+#include "tests/macos/recording/runtime/SendMessage.h"
 #include "tests/macos/recording/runtime/Value.h"
 
 namespace stagehopper::cocoa {

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "platform/Workspace.h"
-#include "tests/macos/recording/runtime/Kept.h"
+#include "tests/macos/recording/runtime/Retained.h"
 
 namespace stagehopper::recording {
 

@@ -6,7 +6,7 @@
 
 #include "platform/Workspace.h"
 #include "ports/simulated/Program.h"
-#include "tests/macos/recording/runtime/Kept.h"
+#include "tests/macos/recording/runtime/Retained.h"
 
 namespace stagehopper::recording {
 

@@ -7,9 +7,9 @@
 #include "tests/macos/recording/appkit/Screens.h"
 #include "tests/macos/recording/appkit/Windows.h"
 #include "tests/macos/recording/system/Accessibility.h"
-#include "tests/macos/recording/system/Machine.h"
 #include "tests/macos/recording/system/OtherPrograms.h"
 #include "tests/macos/recording/system/Servers.h"
+#include "tests/macos/recording/system/SystemInfo.h"
 #include "tests/macos/recording/system/Tasks.h"
 #include "tests/macos/recording/webkit/WebPages.h"
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "ports/macos/cocoa/objc/Runtime.h"
-#include "tests/macos/recording/runtime/Kept.h"
+#include "tests/macos/recording/runtime/Retained.h"
 #include "tests/macos/recording/webkit/ContentController.h"
 
 namespace stagehopper::recording {

@@ -1,4 +1,4 @@
-#include "tests/macos/recording/runtime/Perform.h"
+#include "tests/macos/recording/runtime/SendMessage.h"
 
 #include <string>
 #include <utility>

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/macos/recording/runtime/Kept.h"
+#include "tests/macos/recording/runtime/Retained.h"
 
 namespace stagehopper::recording {
 

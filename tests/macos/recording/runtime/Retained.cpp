@@ -1,4 +1,4 @@
-#include "tests/macos/recording/runtime/Kept.h"
+#include "tests/macos/recording/runtime/Retained.h"
 
 #include "tests/macos/recording/runtime/Blocks.h"
 #include "tests/macos/recording/runtime/Heap.h"

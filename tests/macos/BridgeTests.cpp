@@ -21,7 +21,7 @@ protected:
         launch();
         forget();
     }
-    void pagePostsOther(recording::Kept body) {
+    void pagePostsOther(recording::Retained body) {
         panelPage().posts("bridge", std::move(body));
         runUntilIdle();
     }

@@ -12,7 +12,7 @@ namespace stagehopper {
 
 namespace {
 
-using recording::Kept;
+using recording::Retained;
 using recording::tell;
 using testing::IsEmpty;
 using testing::SizeIs;
@@ -24,10 +24,10 @@ protected:
         launch();
     }
 
-    static Kept property(cocoa::id object, std::string_view name) {
-        return Kept(recording::property(object, name).object());
+    static Retained property(cocoa::id object, std::string_view name) {
+        return Retained(recording::property(object, name).object());
     }
-    [[nodiscard]] static Kept applicationDelegate() {
+    [[nodiscard]] static Retained applicationDelegate() {
         return property(recording::sharedApplication(), "delegate");
     }
 };
@@ -77,7 +77,7 @@ TEST_F(MacLateCallback, AMessageHandlerThatOutlivesItsPageDoesNothing) {
 }
 
 TEST_F(MacLateCallback, APageGuardThatOutlivesItsPageReloadsNothing) {
-    const Kept view(panelPage().view());
+    const Retained view(panelPage().view());
     const auto guard = property(view.get(), "navigationDelegate");
     drop();
     tell(guard.get(), "webViewWebContentProcessDidTerminate:", view.get());

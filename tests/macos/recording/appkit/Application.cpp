@@ -48,7 +48,7 @@ void Application::finishLaunching() {
 void Application::userPresses(std::string_view title) {
     const auto item = findMenuItem(property(sharedApplication(), "mainMenu").object(), title);
     if (item == nullptr) throw std::logic_error("no menu item " + std::string(title));
-    queues::async("main", [this, item = Kept(item)] {
+    queues::async("main", [this, item = Retained(item)] {
         auto action = performMenuItem(item.get());
         if (!action.empty()) actions.push_back(std::move(action));
     });

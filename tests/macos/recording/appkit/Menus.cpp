@@ -14,12 +14,12 @@ namespace stagehopper::recording {
 namespace {
 
 struct MenuState {
-    std::vector<Kept> items;
+    std::vector<Retained> items;
 };
 
 struct MenuItemState {
-    Kept title;
-    Kept keyEquivalent;
+    Retained title;
+    Retained keyEquivalent;
     cocoa::SEL action = nullptr;
     bool separator = false;
     bool inMenu = false;
@@ -42,8 +42,8 @@ Value initItem(Call& call) {
     for (const std::size_t text : {0U, 2U}) {
         if (call.argument<cocoa::id>(text) == nullptr) noteProblem("an NSMenuItem of nil");
     }
-    call.state<MenuItemState>() = {.title = Kept(call.argument<cocoa::id>(0)),
-                                   .keyEquivalent = Kept(call.argument<cocoa::id>(2)),
+    call.state<MenuItemState>() = {.title = Retained(call.argument<cocoa::id>(0)),
+                                   .keyEquivalent = Retained(call.argument<cocoa::id>(2)),
                                    .action = call.argument<cocoa::SEL>(1)};
     return call.receiver();
 }

@@ -11,14 +11,14 @@ namespace stagehopper::recording {
 
 namespace {
 
-Kept makeScreen(const cocoa::CGRect& frame) {
+Retained makeScreen(const cocoa::CGRect& frame) {
     auto screen = makeObject("NSScreen");
     stateOf<cocoa::CGRect>(screen.get()) = frame;
     return screen;
 }
 
 Value screens(Call& call) {
-    std::vector<Kept> made;
+    std::vector<Retained> made;
     for (const auto& frame : World::current().screens.frames()) made.push_back(makeScreen(frame));
     return makeArray(call, made);
 }

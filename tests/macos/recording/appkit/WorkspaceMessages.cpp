@@ -15,7 +15,7 @@ OtherPrograms& programs() {
 }
 
 Value runningApplications(Call& call) {
-    std::vector<Kept> running;
+    std::vector<Retained> running;
     for (const auto& program : programs().all()) {
         running.push_back(makeObject("NSRunningApplication"));
         stateOf<platform::RunningApplication>(running.back().get()) = program->application();

@@ -16,6 +16,6 @@ inline constexpr const char* eventClass = "CGEvent";
 [[nodiscard]] cocoa::id objectOf(cocoa::CFTypeRef object);
 
 /// The answer of a function with Create or Copy in its name: the caller has to release it.
-[[nodiscard]] cocoa::CFTypeRef giveToPort(const Kept& object);
+[[nodiscard]] cocoa::CFTypeRef giveToPort(const Retained& object);
 
 }  // namespace stagehopper::recording

@@ -39,7 +39,7 @@ cocoa::id objectOf(cocoa::CFTypeRef object) {
     return static_cast<cocoa::id>(const_cast<void*>(object));
 }
 
-cocoa::CFTypeRef giveToPort(const Kept& object) {
+cocoa::CFTypeRef giveToPort(const Retained& object) {
     heap::retain(object.get(), Holder::port);
     return object.get();
 }

@@ -24,7 +24,7 @@ struct Stream {
 
 struct PipeState {
     std::shared_ptr<Stream> stream = std::make_shared<Stream>();
-    Kept reading;
+    Retained reading;
 };
 
 struct FileHandleState {

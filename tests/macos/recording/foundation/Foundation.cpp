@@ -16,7 +16,7 @@ State stateOr(cocoa::id object, std::string_view className) {
 
 /// A new object of a class with this state.
 template <class State>
-Kept make(std::string_view className, State state) {
+Retained make(std::string_view className, State state) {
     auto made = makeObject(className);
     stateOf<State>(made.get()) = std::move(state);
     return made;
@@ -29,8 +29,8 @@ cocoa::id make(Call& call, std::string_view className, State state) {
     return made;
 }
 
-std::vector<Kept> strings(const std::vector<std::string>& texts) {
-    std::vector<Kept> made;
+std::vector<Retained> strings(const std::vector<std::string>& texts) {
+    std::vector<Retained> made;
     made.reserve(texts.size());
     for (const auto& text : texts) made.push_back(makeString(text));
     return made;
@@ -87,36 +87,36 @@ bool truthOf(cocoa::id number) {
     return stateOr<NumberState>(number, "NSNumber").value != 0;
 }
 
-Kept makeString(std::string text) {
+Retained makeString(std::string text) {
     return make("NSString", StringState{std::move(text)});
 }
 
-Kept makeStringWithoutUtf8(std::u16string units) {
+Retained makeStringWithoutUtf8(std::u16string units) {
     std::string shown(units.size(), '?');
     return make("NSString", StringState{std::move(shown), std::move(units)});
 }
 
-Kept makeData(std::string bytes) {
+Retained makeData(std::string bytes) {
     return make("NSData", DataState{std::move(bytes)});
 }
 
-Kept makeUrl(std::string address) {
+Retained makeUrl(std::string address) {
     return make("NSURL", UrlState{std::move(address), {}});
 }
 
-Kept makeTruth(bool value) {
+Retained makeTruth(bool value) {
     return make("NSNumber", NumberState{value ? 1.0 : 0.0, true});
 }
 
-Kept makeNumber(std::int64_t value) {
+Retained makeNumber(std::int64_t value) {
     return make("NSNumber", NumberState{static_cast<double>(value), false});
 }
 
-Kept makeError(std::string localizedDescription) {
+Retained makeError(std::string localizedDescription) {
     return make("NSError", ErrorState{.localizedDescription = std::move(localizedDescription)});
 }
 
-Kept makeArray(const std::vector<Kept>& elements) {
+Retained makeArray(const std::vector<Retained>& elements) {
     return make("NSArray", ArrayState{elements});
 }
 
@@ -132,7 +132,7 @@ cocoa::id makeUrl(Call& call, std::string address) {
     return make(call, "NSURL", UrlState{std::move(address), {}});
 }
 
-cocoa::id makeArray(Call& call, const std::vector<Kept>& elements) {
+cocoa::id makeArray(Call& call, const std::vector<Retained>& elements) {
     return make(call, "NSArray", ArrayState{elements});
 }
 
@@ -140,7 +140,7 @@ cocoa::id makeTexts(Call& call, const std::vector<std::string>& texts) {
     return makeArray(call, strings(texts));
 }
 
-cocoa::id leaveToPool(const Kept& object) {
+cocoa::id leaveToPool(const Retained& object) {
     memory::autorelease(object, true);
     return object.get();
 }

@@ -29,25 +29,25 @@ namespace stagehopper::recording {
 [[nodiscard]] bool truthOf(cocoa::id number);
 
 // --- new ones -----------------------------------------------------------------------------------
-[[nodiscard]] Kept makeString(std::string text);
+[[nodiscard]] Retained makeString(std::string text);
 /// One with an unpaired surrogate among these units of UTF-16, which has no UTF-8.
-[[nodiscard]] Kept makeStringWithoutUtf8(std::u16string units);
-[[nodiscard]] Kept makeData(std::string bytes);
-[[nodiscard]] Kept makeUrl(std::string address);
-[[nodiscard]] Kept makeTruth(bool value);
-[[nodiscard]] Kept makeNumber(std::int64_t value);
-[[nodiscard]] Kept makeError(std::string localizedDescription);
-[[nodiscard]] Kept makeArray(const std::vector<Kept>& elements);
+[[nodiscard]] Retained makeStringWithoutUtf8(std::u16string units);
+[[nodiscard]] Retained makeData(std::string bytes);
+[[nodiscard]] Retained makeUrl(std::string address);
+[[nodiscard]] Retained makeTruth(bool value);
+[[nodiscard]] Retained makeNumber(std::int64_t value);
+[[nodiscard]] Retained makeError(std::string localizedDescription);
+[[nodiscard]] Retained makeArray(const std::vector<Retained>& elements);
 
 // --- new ones as the answer of a message
 // ----------------------------------------------------------
 [[nodiscard]] cocoa::id makeString(Call& call, std::string text);
 [[nodiscard]] cocoa::id makeData(Call& call, std::string bytes);
 [[nodiscard]] cocoa::id makeUrl(Call& call, std::string address);
-[[nodiscard]] cocoa::id makeArray(Call& call, const std::vector<Kept>& elements);
+[[nodiscard]] cocoa::id makeArray(Call& call, const std::vector<Retained>& elements);
 [[nodiscard]] cocoa::id makeTexts(Call& call, const std::vector<std::string>& texts);
 
 /// The object lives as long as the current pool, as one does that is given back through a pointer.
-cocoa::id leaveToPool(const Kept& object);
+cocoa::id leaveToPool(const Retained& object);
 
 }  // namespace stagehopper::recording

@@ -12,14 +12,14 @@ namespace {
 using Objects = const cocoa::id*;
 
 /// Nil in a collection is an exception on the real system.
-Kept element(Objects objects, unsigned long index, const char* collection) {
+Retained element(Objects objects, unsigned long index, const char* collection) {
     if (objects[index] == nullptr) noteProblem(std::string("nil is put into an ") + collection);
-    return Kept(objects[index]);
+    return Retained(objects[index]);
 }
 
 Value arrayWithObjects(Call& call) {
     const auto objects = call.argument<Objects>(0);
-    std::vector<Kept> elements;
+    std::vector<Retained> elements;
     for (unsigned long i = 0; i < call.argument<unsigned long>(1); ++i) {
         elements.push_back(element(objects, i, "NSArray"));
     }
@@ -52,7 +52,7 @@ Value dictionaryWithObjects(Call& call) {
 }
 
 Value allKeys(Call& call) {
-    std::vector<Kept> keys;
+    std::vector<Retained> keys;
     for (const auto& entry : call.state<DictionaryState>().entries) keys.push_back(entry.first);
     return makeArray(call, keys);
 }

@@ -41,11 +41,11 @@ struct ErrorState {
     std::string localizedDescription;
 };
 struct ArrayState {
-    std::vector<Kept> elements;
+    std::vector<Retained> elements;
 };
 struct DictionaryState {
     /// Keys and values, in the order of insertion.
-    std::vector<std::pair<Kept, Kept>> entries;
+    std::vector<std::pair<Retained, Retained>> entries;
 };
 
 }  // namespace stagehopper::recording

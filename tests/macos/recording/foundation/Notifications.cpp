@@ -29,12 +29,12 @@ struct CenterState {
 };
 
 struct NotificationState {
-    Kept name;
-    Kept object;
+    Retained name;
+    Retained object;
 };
 
 /// Selectors of methods without an argument are called without the notification.
-void notify(const Observation& observation, const Kept& notification) {
+void notify(const Observation& observation, const Retained& notification) {
     const auto observer = observation.observer.get();
     if (observer == nullptr) return;
     if (!responds(observer, observation.selector)) {
@@ -64,9 +64,10 @@ Value removeObserver(Call& call) {
 
 }  // namespace
 
-Kept makeNotification(std::string_view name, cocoa::id object) {
+Retained makeNotification(std::string_view name, cocoa::id object) {
     auto notification = makeObject("NSNotification");
-    stateOf<NotificationState>(notification.get()) = {makeString(std::string(name)), Kept(object)};
+    stateOf<NotificationState>(notification.get()) = {makeString(std::string(name)),
+                                                      Retained(object)};
     return notification;
 }
 

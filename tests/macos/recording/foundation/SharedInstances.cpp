@@ -10,7 +10,7 @@ namespace stagehopper::recording {
 
 namespace {
 
-using Instances = std::map<std::pair<std::string, std::string>, Kept>;
+using Instances = std::map<std::pair<std::string, std::string>, Retained>;
 
 Instances& instances() {
     static Instances made;

@@ -66,8 +66,8 @@ Value launch(Call& call) {
         return refuse(call, reason);
     }
     // The system keeps the task as long as it runs.
-    task.onExit = [self = Kept(call.receiver())] {
-        const Kept handler(property(self.get(), "terminationHandler").object());
+    task.onExit = [self = Retained(call.receiver())] {
+        const Retained handler(property(self.get(), "terminationHandler").object());
         callBlock(handler, self.get());
         setProperty(self.get(), "terminationHandler", cocoa::BlockPointer());
     };

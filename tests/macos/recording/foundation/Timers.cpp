@@ -18,7 +18,7 @@ namespace {
 struct TimerState {
     double interval = 0;
     bool repeats = false;
-    Kept block;
+    Retained block;
     bool valid = true;
     /// Once a run loop has it.
     std::optional<queues::Token> token{};
@@ -28,7 +28,7 @@ Value makeTimer(Call& call) {
     const auto timer = call.make("NSTimer");
     stateOf<TimerState>(timer) = {.interval = call.argument<double>(0),
                                   .repeats = call.argument<bool>(1),
-                                  .block = Kept(call.argument<cocoa::BlockPointer>(2))};
+                                  .block = Retained(call.argument<cocoa::BlockPointer>(2))};
     return timer;
 }
 
@@ -40,10 +40,10 @@ void invalidate(cocoa::id timer) {
         --World::current().runningTimers;
     }
     // The last reference to what is being called may be this one.
-    const auto gone = std::exchange(state.block, Kept());
+    const auto gone = std::exchange(state.block, Retained());
 }
 
-void fire(const Kept& timer) {
+void fire(const Retained& timer) {
     auto& state = stateOf<TimerState>(timer.get());
     if (!state.valid) return;
     callBlock(state.block, timer.get());
@@ -58,7 +58,7 @@ Value addTimer(Call& call) {
     }
     auto& state = stateOf<TimerState>(timer);
     if (!state.valid || state.token) return {};
-    const auto work = [kept = Kept(timer)] { fire(kept); };
+    const auto work = [kept = Retained(timer)] { fire(kept); };
     ++World::current().runningTimers;
     state.token = state.repeats ? queues::repeat(state.interval, work)
                                 : queues::after(state.interval, "main", work);

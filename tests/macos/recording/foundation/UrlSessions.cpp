@@ -16,7 +16,7 @@ namespace {
 
 struct DataTaskState {
     std::string address;
-    Kept completion;
+    Retained completion;
     bool resumed = false;
 };
 
@@ -28,9 +28,9 @@ struct ResponseState {
 /// What a request comes to.
 struct Outcome {
     double delay = 0;
-    Kept data{};
-    Kept response{};
-    Kept error{};
+    Retained data{};
+    Retained response{};
+    Retained error{};
 };
 
 Outcome failure(double delay, const char* reason) {
@@ -64,7 +64,8 @@ Value dataTask(Call& call) {
     const auto url = call.argument<cocoa::id>(0);
     if (url == nullptr) noteProblem("a data task for no URL");
     const auto task = call.make("NSURLSessionDataTask");
-    stateOf<DataTaskState>(task) = {addressOf(url), Kept(call.argument<cocoa::BlockPointer>(1))};
+    stateOf<DataTaskState>(task) = {addressOf(url),
+                                    Retained(call.argument<cocoa::BlockPointer>(1))};
     return task;
 }
 
@@ -76,8 +77,8 @@ Value resume(Call& call) {
     auto outcome = outcomeOf(task.address);
     const auto delay = outcome.delay;
     queues::after(delay, "session",
-                  [self = Kept(call.receiver()), outcome = std::move(outcome),
-                   completion = std::exchange(task.completion, Kept())] {
+                  [self = Retained(call.receiver()), outcome = std::move(outcome),
+                   completion = std::exchange(task.completion, Retained())] {
                       callBlock(completion, outcome.data.get(), outcome.response.get(),
                                 outcome.error.get());
                   });

@@ -53,14 +53,14 @@ void connect(const std::shared_ptr<SocketConnection>& connection) {
 Value resume(Call& call) {
     auto& task = call.state<SocketTaskState>();
     if (std::exchange(task.resumed, true)) return {};
-    task.connection->keepClient(std::make_shared<Kept>(call.receiver()));
+    task.connection->keepClient(std::make_shared<Retained>(call.receiver()));
     queues::inTheWorld(0, [connection = task.connection] { connect(connection); });
     return {};
 }
 
 Value receive(Call& call) {
     connectionOf(call).receive(
-        [completion = Kept(call.argument<cocoa::BlockPointer>(0))](const Incoming& incoming) {
+        [completion = Retained(call.argument<cocoa::BlockPointer>(0))](const Incoming& incoming) {
             if (incoming.kind == Incoming::Kind::failure) {
                 callBlock(completion, cocoa::id{}, makeError(incoming.bytes).get());
                 return;
@@ -73,9 +73,9 @@ Value receive(Call& call) {
 }
 
 Value sendPing(Call& call) {
-    connectionOf(call).ping([handler = Kept(call.argument<cocoa::BlockPointer>(0))](
+    connectionOf(call).ping([handler = Retained(call.argument<cocoa::BlockPointer>(0))](
                                 const std::optional<std::string>& failure) {
-        const auto error = failure ? makeError(*failure) : Kept();
+        const auto error = failure ? makeError(*failure) : Retained();
         callBlock(handler, error.get());
     });
     return {};

@@ -26,8 +26,8 @@ std::string describe(cocoa::SEL selector) {
     return selector == nullptr ? "NULL" : "@selector(" + selector->name + ")";
 }
 
-Kept makeObject(std::string_view className) {
-    return Kept::adopt(heap::make(required(className)));
+Retained makeObject(std::string_view className) {
+    return Retained::adopt(heap::make(required(className)));
 }
 
 cocoa::id makeConstant(std::string_view className) {
@@ -41,7 +41,8 @@ cocoa::id Call::make(std::string_view className) {
 }
 
 bool Call::hasMade(cocoa::id object) const {
-    return std::ranges::any_of(made_, [object](const Kept& each) { return each.get() == object; });
+    return std::ranges::any_of(made_,
+                               [object](const Retained& each) { return each.get() == object; });
 }
 
 std::string Call::className() const {

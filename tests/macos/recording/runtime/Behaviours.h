@@ -59,7 +59,7 @@ private:
     MessageKind kind_;
     std::string_view selector_;
     std::span<const Value> arguments_;
-    std::vector<Kept> made_;
+    std::vector<Retained> made_;
 };
 
 using Behaviour = std::function<Value(Call&)>;
@@ -84,7 +84,7 @@ void keepOutOfJournal(std::string_view className);
 void describeAs(std::string_view className, std::function<std::string(cocoa::id)> description);
 
 /// A new object, as the system makes one on its own.
-[[nodiscard]] Kept makeObject(std::string_view className);
+[[nodiscard]] Retained makeObject(std::string_view className);
 
 /// One that outlives every test: the system's exported constants.
 [[nodiscard]] cocoa::id makeConstant(std::string_view className);

@@ -13,10 +13,10 @@ class BlockLife : public RuntimeTest {};
 TEST_F(BlockLife, ABlockKeepsWhatItHoldsUntilItsLastReferenceGoes) {
     auto held = std::make_shared<int>(7);
     const std::weak_ptr<int> watched = held;
-    Kept system;
+    Retained system;
     {
         const cocoa::Block<void()> block([held = std::move(held)] {});
-        system = Kept(block.get());
+        system = Retained(block.get());
     }
     EXPECT_FALSE(watched.expired());
     system = {};
@@ -28,19 +28,19 @@ TEST_F(BlockLife, ABlockIsCalledWithItsArguments) {
     const cocoa::Block<void(long, long)> block([&got](long first, long second) {
         got = {first, second};
     });
-    callBlock(Kept(block.get()), 3L, 4L);
+    callBlock(Retained(block.get()), 3L, 4L);
     EXPECT_THAT(got, ElementsAre(3, 4));
 }
 
 TEST_F(BlockLife, ABlockMayLetGoOfItselfWhileItRuns) {
-    Kept system;
+    Retained system;
     bool ran = false;
     {
         const cocoa::Block<void()> block([&] {
             system = {};
             ran = true;
         });
-        system = Kept(block.get());
+        system = Retained(block.get());
     }
     callBlock(system);
     EXPECT_TRUE(ran);
@@ -48,7 +48,7 @@ TEST_F(BlockLife, ABlockMayLetGoOfItselfWhileItRuns) {
 
 TEST_F(BlockLife, CallingABlockWithOtherTypesIsAProblem) {
     const cocoa::Block<void(long)> block([](long) {});
-    callBlock(Kept(block.get()), 1.5);
+    callBlock(Retained(block.get()), 1.5);
     EXPECT_THAT(takeProblems(), ElementsAre("a block v@?q was to be called as v@?d"));
 }
 
@@ -63,10 +63,10 @@ TEST_F(BlockLife, CopyingAFreedBlockIsAProblem) {
 }
 
 TEST_F(BlockLife, ReleasingABlockThatOnlyTheSystemHoldsIsAProblem) {
-    Kept system;
+    Retained system;
     {
         const cocoa::Block<void()> block([] {});
-        system = Kept(block.get());
+        system = Retained(block.get());
     }
     _Block_release(system.get());
     EXPECT_THAT(takeProblems(), ElementsAre(HasSubstr("which holds no reference")));

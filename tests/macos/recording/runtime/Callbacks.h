@@ -40,7 +40,7 @@ template <Crosses T>
 template <class Result = void, Crosses... Arguments>
 Result tell(cocoa::id receiver, std::string_view selector, Arguments... arguments) {
     if (!responds(receiver, selector)) return Result();
-    const Kept alive(receiver);
+    const Retained alive(receiver);
     const auto implementation =
         detail::implementationFor(receiver, selector, cocoa::methodEncoding<Result, Arguments...>);
     if (implementation == nullptr) return Result();
@@ -55,9 +55,9 @@ Result tell(cocoa::id receiver, std::string_view selector, Arguments... argument
 
 /// Calls a block that returns nothing. The block lives until it returns.
 template <Crosses... Arguments>
-void callBlock(const Kept& block, Arguments... arguments) {
+void callBlock(const Retained& block, Arguments... arguments) {
     if (!block) return;
-    const Kept alive(block.get());
+    const Retained alive(block.get());
     void* function =
         detail::invokeFunctionOf(block.get(), cocoa::blockEncoding<void, Arguments...>);
     if (function == nullptr) return;

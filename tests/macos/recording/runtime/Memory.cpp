@@ -50,7 +50,7 @@ Value perform(std::string_view referenceMessage, cocoa::id receiver) {
         return receiver;
     }
     heap::handOver(receiver, Holder::port, Holder::system);
-    autorelease(Kept::adopt(receiver), true);
+    autorelease(Retained::adopt(receiver), true);
     return receiver;
 }
 
@@ -75,11 +75,11 @@ void handAnswerOver(const macos_facts::MethodFact& fact, cocoa::id receiver, coc
     } else if (answer != nullptr && fact.returns == macos_facts::Returns::retained) {
         heap::retain(answer, Holder::port);
     } else if (answer != nullptr) {
-        autorelease(Kept(answer), isNew);
+        autorelease(Retained(answer), isNew);
     }
 }
 
-void autorelease(Kept reference, bool needsPool) {
+void autorelease(Retained reference, bool needsPool) {
     if (needsPool && !pools::stands()) {
         noteProblem(describe(reference.get()) + " was autoreleased on queue \"" +
                     queues::current() + "\" without a pool");

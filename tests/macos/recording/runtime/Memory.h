@@ -26,6 +26,6 @@ void handAnswerOver(const macos_facts::MethodFact& fact, cocoa::id receiver, coc
 
 /// Into the current pool. When there is none it is kept until the test ends, and is a problem if
 /// the real object would need one.
-void autorelease(Kept reference, bool needsPool);
+void autorelease(Retained reference, bool needsPool);
 
 }  // namespace stagehopper::recording::memory

@@ -42,7 +42,7 @@ public:
 
 class Messages : public RuntimeTest {
 protected:
-    Kept window_ = makeObject("NSPanel");
+    Retained window_ = makeObject("NSPanel");
     Window handle_{window_.get()};
 };
 

@@ -10,7 +10,7 @@ namespace stagehopper::recording::pools {
 
 namespace {
 
-using Pool = std::vector<Kept>;
+using Pool = std::vector<Retained>;
 
 std::vector<std::unique_ptr<Pool>>& stack() {
     static thread_local std::vector<std::unique_ptr<Pool>> pools;
@@ -28,7 +28,7 @@ bool stands() {
     return !stack().empty();
 }
 
-void add(Kept reference) {
+void add(Retained reference) {
     auto& pool = stands() ? *stack().back() : withoutPool();
     pool.push_back(std::move(reference));
 }

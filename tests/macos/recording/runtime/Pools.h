@@ -7,8 +7,8 @@ namespace stagehopper::recording::pools {
 
 /// Whether the current queue's work has one around it.
 [[nodiscard]] bool stands();
-/// Kept until the innermost pool ends; without any, until the test ends.
-void add(Kept reference);
+/// Retained until the innermost pool ends; without any, until the test ends.
+void add(Retained reference);
 /// What was added without a pool.
 void clear();
 

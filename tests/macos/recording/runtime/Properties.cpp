@@ -17,7 +17,7 @@ constexpr std::array<std::string_view, 3> weakNames{"delegate", "target", "navig
 struct Property {
     /// An object's pointer may be gone.
     Value value;
-    Kept kept;
+    Retained kept;
     Weak weak;
     bool isWeak = false;
 };
@@ -44,7 +44,7 @@ void setProperty(cocoa::id object, std::string_view name, Value value) {
     if (made.isWeak) {
         made.weak = Weak(value.object());
     } else {
-        made.kept = Kept(value.object());
+        made.kept = Retained(value.object());
     }
     // The old one may be the last reference to something that looks at this object while it goes.
     auto& slot = stateOf<Properties>(object).byName[std::string(name)];

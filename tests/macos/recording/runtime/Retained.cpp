@@ -5,7 +5,7 @@
 
 namespace stagehopper::recording {
 
-Kept::Kept(cocoa::id object) : object_(object) {
+Retained::Retained(cocoa::id object) : object_(object) {
     if (object == nullptr) return;
     if (heap::find(object) != nullptr) {
         heap::retain(object, Holder::system);
@@ -14,7 +14,7 @@ Kept::Kept(cocoa::id object) : object_(object) {
     }
 }
 
-Kept::~Kept() {
+Retained::~Retained() {
     if (object_ == nullptr) return;
     if (heap::find(object_) != nullptr) {
         heap::release(object_, Holder::system);

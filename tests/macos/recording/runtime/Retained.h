@@ -10,30 +10,31 @@ namespace stagehopper::recording {
 
 /// A reference that the system's side of things holds to an object or a block: a strong property,
 /// the views of a window, the elements of an array. Does not count as the port's. Any queue.
-class Kept {
+class Retained {
 public:
-    Kept() = default;
-    explicit Kept(cocoa::id object);
-    explicit Kept(cocoa::Object handle) : Kept(handle.pointer()) {}
-    explicit Kept(cocoa::BlockPointer block) : Kept(static_cast<cocoa::id>(block.pointer)) {}
-    Kept(const Kept& other) : Kept(other.object_) {}
-    Kept(Kept&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
-    Kept& operator=(Kept other) noexcept {
+    Retained() = default;
+    explicit Retained(cocoa::id object);
+    explicit Retained(cocoa::Object handle) : Retained(handle.pointer()) {}
+    explicit Retained(cocoa::BlockPointer block)
+        : Retained(static_cast<cocoa::id>(block.pointer)) {}
+    Retained(const Retained& other) : Retained(other.object_) {}
+    Retained(Retained&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
+    Retained& operator=(Retained other) noexcept {
         std::swap(object_, other.object_);
         return *this;
     }
-    ~Kept();
+    ~Retained();
 
     /// Takes over a reference that has been counted already.
-    [[nodiscard]] static Kept adopt(cocoa::id object) {
-        Kept kept;
+    [[nodiscard]] static Retained adopt(cocoa::id object) {
+        Retained kept;
         kept.object_ = object;
         return kept;
     }
 
     [[nodiscard]] cocoa::id get() const { return object_; }
     explicit operator bool() const { return object_ != nullptr; }
-    friend bool operator==(const Kept&, const Kept&) = default;
+    friend bool operator==(const Retained&, const Retained&) = default;
 
 private:
     cocoa::id object_ = nullptr;

@@ -129,7 +129,7 @@ Value perform(const Declared& message, cocoa::id receiver, std::span<const Value
     if (memory::isReferenceMessage(message.selector)) {
         return memory::perform(message.selector, receiver);
     }
-    const Kept alive(receiver);
+    const Retained alive(receiver);
     const auto kind =
         message.kind == Kind::classLevel ? MessageKind::classLevel : MessageKind::instance;
     const auto* object = heap::find(receiver);
@@ -158,7 +158,7 @@ Value answer(cocoa::id receiver, std::string_view selector, std::vector<Value> a
     if (const auto* behaviour = behaviours::find(itsClass, kind, std::string(selector))) {
         Call call(receiver, kind, selector, arguments);
         const auto given = (*behaviour)(call);
-        if (given.object() != nullptr) memory::autorelease(Kept(given.object()), false);
+        if (given.object() != nullptr) memory::autorelease(Retained(given.object()), false);
         return given;
     }
     const auto name = propertyOfSetter(selector);

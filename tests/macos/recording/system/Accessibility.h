@@ -25,7 +25,7 @@ struct Accessibility {
     /// By the item's title: how many seconds its program works on a press before it answers.
     std::map<std::string, double, std::less<>> pressTakes;
     /// By the attribute's name: what every element answers in its place.
-    std::map<std::string, Kept, std::less<>> instead;
+    std::map<std::string, Retained, std::less<>> instead;
     /// How many attributes were asked for.
     int reads = 0;
 };

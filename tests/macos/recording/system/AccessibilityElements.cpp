@@ -21,9 +21,9 @@ struct Reader {
     const RunningProgram& program;
     std::string_view attribute;
 
-    Kept operator()(ElementState::SystemWide) const { return {}; }
+    Retained operator()(ElementState::SystemWide) const { return {}; }
 
-    Kept operator()(ElementState::Program) const {
+    Retained operator()(ElementState::Program) const {
         if (attribute == "AXRole") return makeString(std::string(role::application));
         if (attribute == "AXWindows") return windows();
         if (attribute == "AXFocusedWindow" && !program.windows().empty()) return focusedWindow();
@@ -33,14 +33,14 @@ struct Reader {
         return {};
     }
 
-    Kept operator()(ElementState::Window window) const {
+    Retained operator()(ElementState::Window window) const {
         if (window.index >= program.windows().size()) return {};
         const auto& title = program.windows()[window.index];
         if (attribute == "AXRole") return makeString(std::string(role::window));
-        return attribute == "AXTitle" && title ? makeString(*title) : Kept();
+        return attribute == "AXTitle" && title ? makeString(*title) : Retained();
     }
 
-    Kept operator()(const MenuNode& node) const {
+    Retained operator()(const MenuNode& node) const {
         if (attribute == "AXRole") return makeString(node.roleName);
         if (attribute == "AXChildren") return children(node);
         if (attribute == "AXTitle" && node.title) return makeString(*node.title);
@@ -51,22 +51,24 @@ struct Reader {
         return {};
     }
 
-    [[nodiscard]] Kept window(std::size_t index) const {
+    [[nodiscard]] Retained window(std::size_t index) const {
         return makeElement({process, ElementState::Window{index}});
     }
-    [[nodiscard]] Kept focusedWindow() const {
+    [[nodiscard]] Retained focusedWindow() const {
         const auto& focused = World::current().programs.focusedWindow;
         const auto found = focused.find(process);
         return window(found == focused.end() ? 0 : found->second);
     }
-    [[nodiscard]] Kept menu(MenuNode node) const { return makeElement({process, std::move(node)}); }
-    [[nodiscard]] Kept windows() const {
-        std::vector<Kept> all;
+    [[nodiscard]] Retained menu(MenuNode node) const {
+        return makeElement({process, std::move(node)});
+    }
+    [[nodiscard]] Retained windows() const {
+        std::vector<Retained> all;
         for (std::size_t i = 0; i < program.windows().size(); ++i) all.push_back(window(i));
         return makeArray(all);
     }
-    [[nodiscard]] Kept children(const MenuNode& node) const {
-        std::vector<Kept> all;
+    [[nodiscard]] Retained children(const MenuNode& node) const {
+        std::vector<Retained> all;
         for (const auto& child : node.children) {
             all.push_back(child.odd ? makeNumber(0) : menu(child));
         }
@@ -76,13 +78,13 @@ struct Reader {
 
 }  // namespace
 
-Kept makeElement(ElementState state) {
+Retained makeElement(ElementState state) {
     auto element = makeObject(elementClass);
     stateOf<ElementState>(element.get()) = std::move(state);
     return element;
 }
 
-Kept attributeOf(const ElementState& element, std::string_view attribute) {
+Retained attributeOf(const ElementState& element, std::string_view attribute) {
     const auto program = World::current().programs.find(element.process);
     if (!program || !program->readable()) return {};
     const auto& instead = World::current().accessibility.instead;

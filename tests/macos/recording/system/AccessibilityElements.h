@@ -24,10 +24,10 @@ struct ElementState {
     std::optional<double> timeLimit = std::nullopt;
 };
 
-[[nodiscard]] Kept makeElement(ElementState state);
+[[nodiscard]] Retained makeElement(ElementState state);
 
 /// The value of an attribute, by the system's name for it ("AXTitle"); empty when the element has
 /// none, or its program does not tell.
-[[nodiscard]] Kept attributeOf(const ElementState& element, std::string_view attribute);
+[[nodiscard]] Retained attributeOf(const ElementState& element, std::string_view attribute);
 
 }  // namespace stagehopper::recording

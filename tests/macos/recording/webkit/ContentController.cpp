@@ -14,7 +14,7 @@ Value addHandler(Call& call) {
     const auto name = textOf(call.argument<cocoa::id>(1));
     auto& handler = call.state<ContentControllerState>().handlers[name];
     if (handler) noteProblem("two script message handlers for \"" + name + "\"");
-    handler = Kept(call.argument<cocoa::id>(0));
+    handler = Retained(call.argument<cocoa::id>(0));
     return {};
 }
 

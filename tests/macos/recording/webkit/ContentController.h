@@ -17,9 +17,9 @@ struct InjectedScript {
 
 /// What a WKUserContentController carries.
 struct ContentControllerState {
-    std::map<std::string, Kept> handlers;
+    std::map<std::string, Retained> handlers;
     /// Of WKUserScript.
-    std::vector<Kept> scripts;
+    std::vector<Retained> scripts;
 };
 
 /// Of a web view, by the configuration that it was made with; nil for any other object.

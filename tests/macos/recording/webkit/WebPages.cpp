@@ -13,7 +13,7 @@ namespace stagehopper::recording {
 
 namespace {
 
-Kept makeFrame(bool isMain) {
+Retained makeFrame(bool isMain) {
     auto frame = makeObject("WKFrameInfo");
     setProperty(frame.get(), "isMain", isMain);
     return frame;
@@ -21,7 +21,7 @@ Kept makeFrame(bool isMain) {
 
 /// As WebKit asks before each navigation. Without a frame it is for a new window. What the program
 /// has no opinion about is allowed.
-bool isAllowed(cocoa::id view, std::string_view address, const Kept& frame) {
+bool isAllowed(cocoa::id view, std::string_view address, const Retained& frame) {
     constexpr auto question = "webView:decidePolicyForNavigationAction:decisionHandler:";
     const auto delegate = property(view, "navigationDelegate").object();
     if (!responds(delegate, question)) return true;
@@ -43,14 +43,14 @@ bool isAllowed(cocoa::id view, std::string_view address, const Kept& frame) {
     return policy == 1;
 }
 
-void deliver(cocoa::id view, const std::string& name, const Kept& body, bool fromMainFrame) {
+void deliver(cocoa::id view, const std::string& name, const Retained& body, bool fromMainFrame) {
     const auto controller = contentControllerOf(view);
     if (controller == nullptr) return;
     const auto& handlers = stateOf<ContentControllerState>(controller).handlers;
     const auto found = handlers.find(name);
     // The page's script gets an exception.
     if (found == handlers.end()) return;
-    const Kept handler = found->second;
+    const Retained handler = found->second;
     const auto message = makeObject("WKScriptMessage");
     setProperty(message.get(), "posted", body.get());
     setProperty(message.get(), "handler", makeString(name).get());
@@ -65,7 +65,7 @@ void WebPage::posts(std::string_view handler, std::string_view text) const {
     posts(handler, makeString(std::string(text)));
 }
 
-void WebPage::posts(std::string_view handler, Kept body) const {
+void WebPage::posts(std::string_view handler, Retained body) const {
     post(handler, std::move(body), true);
 }
 
@@ -73,17 +73,17 @@ void WebPage::postsFromFrame(std::string_view handler, std::string_view text) co
     post(handler, makeString(std::string(text)), false);
 }
 
-void WebPage::post(std::string_view handler, Kept body, bool fromMainFrame) const {
+void WebPage::post(std::string_view handler, Retained body, bool fromMainFrame) const {
     queues::async(
         "main", [view = view_, name = std::string(handler), body = std::move(body), fromMainFrame] {
-            const Kept shown(view.get());
+            const Retained shown(view.get());
             if (shown) deliver(shown.get(), name, body, fromMainFrame);
         });
 }
 
 void WebPage::userDrops(std::string_view address) {
     queues::async("main", [this, view = view_, address = std::string(address)] {
-        const Kept shown(view.get());
+        const Retained shown(view.get());
         if (shown && isAllowed(shown.get(), address, makeFrame(true))) file = address;
     });
 }
@@ -98,7 +98,7 @@ bool WebPage::mayOpenWindow(std::string_view address) const {
 
 void WebPage::loadBegins(const std::string& address) const {
     queues::async("main", [view = view_, address] {
-        const Kept shown(view.get());
+        const Retained shown(view.get());
         if (!shown || isAllowed(shown.get(), address, makeFrame(true))) return;
         noteProblem("the program refuses its own page " + address);
     });
@@ -107,7 +107,7 @@ void WebPage::loadBegins(const std::string& address) const {
 void WebPage::processDies() {
     alive = false;
     queues::async("main", [view = view_] {
-        const Kept shown(view.get());
+        const Retained shown(view.get());
         if (!shown) return;
         const auto delegate = property(shown.get(), "navigationDelegate").object();
         tell(delegate, "webViewWebContentProcessDidTerminate:", shown.get());

@@ -19,7 +19,7 @@ public:
     /// The page posts a string to a named handler, as soon as the main thread takes it.
     void posts(std::string_view handler, std::string_view text) const;
     /// Any other value.
-    void posts(std::string_view handler, Kept body) const;
+    void posts(std::string_view handler, Retained body) const;
     /// As a page does that stands in a frame of this one; the handlers are there, too.
     void postsFromFrame(std::string_view handler, std::string_view text) const;
     /// The user drops a file or a link on the view, as soon as the main thread takes it: the main
@@ -56,7 +56,7 @@ public:
     void loadBegins(const std::string& address) const;
 
 private:
-    void post(std::string_view handler, Kept body, bool fromMainFrame) const;
+    void post(std::string_view handler, Retained body, bool fromMainFrame) const;
 
     Weak view_;
 };

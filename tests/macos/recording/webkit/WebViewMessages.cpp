@@ -23,9 +23,9 @@ Value init(Call& call) {
     if (configuration == nullptr) noteProblem("a WKWebView without a configuration");
     setProperty(view, "frame", call.argument<cocoa::CGRect>(0));
     setProperty(view, "drawsBackground", true);
-    Kept controller;
+    Retained controller;
     if (configuration != nullptr) {
-        controller = Kept(property(configuration, "userContentController").object());
+        controller = Retained(property(configuration, "userContentController").object());
     }
     if (!controller) controller = makeObject("WKUserContentController");
     setProperty(view, "contentController", controller.get());

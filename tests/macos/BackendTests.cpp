@@ -55,7 +55,7 @@ TEST_F(MacBackend, IsConfiguredThenStarted) {
 
 TEST_F(MacBackend, GetsItsPortsItsFolderAndItsParent) {
     installServingBackend(3000);
-    world.machine.environment["PORT"] = "8080";
+    world.systemInfo.environment["PORT"] = "8080";
     launch();
     EXPECT_THAT(task().arguments, ElementsAre("--ppid=4711"));
     EXPECT_THAT(task().environment,

@@ -173,11 +173,11 @@ TEST_F(MacLaunch, PromptsForNothing) {
 
 TEST_F(MacLaunch, IsNotSlowedDownInTheBackground) {
     launch();
-    ASSERT_THAT(world.machine.activities, SizeIs(1));
+    ASSERT_THAT(world.systemInfo.activities, SizeIs(1));
     // NSActivityUserInitiatedAllowingIdleSystemSleep.
-    EXPECT_EQ(world.machine.activities[0].options, 0x00FFFFFFUL & ~(1UL << 20U));
-    EXPECT_FALSE(world.machine.activities[0].reason.empty());
-    EXPECT_NE(world.machine.activities[0].token.get(), nullptr);
+    EXPECT_EQ(world.systemInfo.activities[0].options, 0x00FFFFFFUL & ~(1UL << 20U));
+    EXPECT_FALSE(world.systemInfo.activities[0].reason.empty());
+    EXPECT_NE(world.systemInfo.activities[0].token.get(), nullptr);
 }
 
 TEST_F(MacLaunch, TheSystemHasNothingToWarnOf) {
@@ -186,7 +186,7 @@ TEST_F(MacLaunch, TheSystemHasNothingToWarnOf) {
 }
 
 TEST_F(MacLaunch, LowerCaseDoesNotFollowTheUsersLanguage) {
-    world.machine.userIsTurkish = true;
+    world.systemInfo.userIsTurkish = true;
     launch();
     EXPECT_EQ(services().platform(files).text.lowercased("SLIDE İ"), "slide İ");
 }
@@ -198,9 +198,9 @@ TEST_F(MacLaunch, OtherProgramsGetOneSecondToAnswerAQuestion) {
 }
 
 TEST_F(MacLaunch, WithoutABundleThePagesAreLookedForBesideTheExecutable) {
-    world.machine.bundleIdentifier.reset();
-    world.machine.resourceDirectory.reset();
-    world.machine.arguments = {"/opt/stagehopper/Stagehopper"};
+    world.systemInfo.bundleIdentifier.reset();
+    world.systemInfo.resourceDirectory.reset();
+    world.systemInfo.arguments = {"/opt/stagehopper/Stagehopper"};
     files.put("/opt/stagehopper/Stagehopper", "");
     files.put("/opt/stagehopper/Resources/panel.html", "");
     launch();

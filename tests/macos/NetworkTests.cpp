@@ -49,7 +49,7 @@ TEST_F(MacNetwork, TheRouteIsReadFromAPipeThatIsAllTheToolGets) {
     EXPECT_EQ(tool.output, "pipe");
     EXPECT_EQ(tool.input, "null device");
     EXPECT_EQ(tool.error, "null device");
-    EXPECT_EQ(tool.environment, world.machine.environment);
+    EXPECT_EQ(tool.environment, world.systemInfo.environment);
     EXPECT_EQ(tool.directory, "/");
     EXPECT_THAT(lines("setEnvironment:"), IsEmpty());
     EXPECT_THAT(lines("setCurrentDirectoryURL:"), IsEmpty());

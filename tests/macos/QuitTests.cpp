@@ -202,9 +202,9 @@ TEST_F(MacQuit, AnOverlayThatIsUpGoesFromTheScreen) {
 
 TEST_F(MacQuit, TheSystemMayLetItSleepAgain) {
     launch();
-    ASSERT_THAT(world.machine.activities, SizeIs(1));
+    ASSERT_THAT(world.systemInfo.activities, SizeIs(1));
     drop();
-    EXPECT_THAT(world.machine.activities, IsEmpty());
+    EXPECT_THAT(world.systemInfo.activities, IsEmpty());
     EXPECT_THAT(lines("endActivity:"), SizeIs(1));
 }
 

@@ -22,7 +22,7 @@ cocoa::id date(Call& call, double seconds) {
 }
 
 Value now(Call& call) {
-    return date(call, World::current().machine.startOfTime + queues::now());
+    return date(call, World::current().systemInfo.startOfTime + queues::now());
 }
 
 Value dateWithTimeIntervalSince1970(Call& call) {
@@ -54,7 +54,7 @@ Value uuidString(Call& call) {
 
 Value uuid(Call& call) {
     const auto made = call.make("NSUUID");
-    stateOf<std::uint32_t>(made) = ++World::current().machine.uuids;
+    stateOf<std::uint32_t>(made) = ++World::current().systemInfo.uuids;
     return made;
 }
 

@@ -76,7 +76,7 @@ Value lowercased(Call& call) {
 
 /// As the user's language has it.
 Value lowercasedForUser(Call& call) {
-    if (!World::current().machine.userIsTurkish) return lowercased(call);
+    if (!World::current().systemInfo.userIsTurkish) return lowercased(call);
     std::string dotless;
     for (const char letter : call.state<StringState>().utf8) {
         if (letter == 'I') {

@@ -14,13 +14,13 @@ namespace stagehopper::recording {
 
 namespace {
 
-Machine& machine() {
-    return World::current().machine;
+SystemInfo& systemInfo() {
+    return World::current().systemInfo;
 }
 
 Value environment(Call& call) {
     const auto made = call.make("NSDictionary");
-    for (const auto& [name, value] : machine().environment) {
+    for (const auto& [name, value] : systemInfo().environment) {
         stateOf<DictionaryState>(made).entries.emplace_back(makeString(name), makeString(value));
     }
     return made;
@@ -28,26 +28,26 @@ Value environment(Call& call) {
 
 Value beginActivity(Call& call) {
     const auto activity = call.make("NSObject");
-    machine().activities.push_back(
+    systemInfo().activities.push_back(
         {call.argument<unsigned long>(0), textOf(call.argument<cocoa::id>(1)), Weak(activity)});
     return activity;
 }
 
 Value endActivity(Call& call) {
     const auto ended = call.argument<cocoa::id>(0);
-    const auto count = std::erase_if(machine().activities,
+    const auto count = std::erase_if(systemInfo().activities,
                                      [&](const auto& each) { return each.token.get() == ended; });
     if (count == 0) noteProblem("an activity is ended that was never begun");
     return {};
 }
 
 Value bundleIdentifier(Call& call) {
-    const auto& identifier = machine().bundleIdentifier;
+    const auto& identifier = systemInfo().bundleIdentifier;
     return identifier ? makeString(call, *identifier) : cocoa::id{};
 }
 
 Value resourceUrl(Call& call) {
-    const auto& directory = machine().resourceDirectory;
+    const auto& directory = systemInfo().resourceDirectory;
     if (!directory) return cocoa::id{};
     const auto made = makeUrl(call, "file://" + *directory + "/");
     stateOf<UrlState>(made).path = *directory;
@@ -59,11 +59,11 @@ Value resourceUrl(Call& call) {
 void defineProcessInformation() {
     defineShared("NSProcessInfo", "processInfo");
     define("NSProcessInfo", MessageKind::instance, "processIdentifier",
-           [](Call&) -> Value { return machine().processIdentifier; });
+           [](Call&) -> Value { return systemInfo().processIdentifier; });
     define("NSProcessInfo", MessageKind::instance, "systemUptime",
-           [](Call&) -> Value { return machine().secondsUp + queues::now(); });
+           [](Call&) -> Value { return systemInfo().secondsUp + queues::now(); });
     define("NSProcessInfo", MessageKind::instance, "arguments",
-           [](Call& call) -> Value { return makeTexts(call, machine().arguments); });
+           [](Call& call) -> Value { return makeTexts(call, systemInfo().arguments); });
     define("NSProcessInfo", MessageKind::instance, "environment", environment);
     define("NSProcessInfo", MessageKind::instance,
            "beginActivityWithOptions:reason:", beginActivity);
@@ -75,7 +75,7 @@ void defineProcessInformation() {
 
     defineShared("NSFileManager", "defaultManager");
     define("NSFileManager", MessageKind::instance, "currentDirectoryPath",
-           [](Call& call) -> Value { return makeString(call, machine().currentDirectory); });
+           [](Call& call) -> Value { return makeString(call, systemInfo().currentDirectory); });
 }
 
 }  // namespace stagehopper::recording

@@ -38,14 +38,14 @@ LaunchedTask* launchedTask(Call& call) {
 }
 
 LaunchedTask describedBy(Call& call) {
-    const auto& machine = World::current().machine;
+    const auto& info = World::current().systemInfo;
     LaunchedTask task;
     task.executable = pathOf(given(call, "executableURL"));
     task.arguments = textsOf(given(call, "arguments"));
     const auto environment = given(call, "environment");
-    task.environment = environment == nullptr ? machine.environment : textTableOf(environment);
+    task.environment = environment == nullptr ? info.environment : textTableOf(environment);
     const auto directory = given(call, "currentDirectoryURL");
-    task.directory = directory == nullptr ? machine.currentDirectory : pathOf(directory);
+    task.directory = directory == nullptr ? info.currentDirectory : pathOf(directory);
     task.input = describeStream(given(call, "standardInput"));
     task.output = describeStream(given(call, "standardOutput"));
     task.error = describeStream(given(call, "standardError"));

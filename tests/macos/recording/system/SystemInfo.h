@@ -20,7 +20,7 @@ struct Activity {
 
 /// What the system tells the program about itself; a test changes it before the program asks.
 /// Main thread only.
-struct Machine {
+struct SystemInfo {
     std::int32_t processIdentifier = 4711;
     std::vector<std::string> arguments{"/Applications/Stagehopper.app/Contents/MacOS/Stagehopper"};
     /// The program's own variables; a child gets them, too, when it is given none.

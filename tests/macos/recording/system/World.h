@@ -32,7 +32,7 @@ public:
 
     /// Messages in the system's log, oldest first.
     std::vector<std::string> systemLog;
-    Machine machine;
+    SystemInfo systemInfo;
     Tasks tasks;
     Servers servers;
     Windows windows;

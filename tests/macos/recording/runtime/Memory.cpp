@@ -33,7 +33,7 @@ bool isMemoryMessage(std::string_view selector) {
     return isReferenceMessage(selector) || selector == "alloc";
 }
 
-Value perform(std::string_view referenceMessage, cocoa::id receiver) {
+Value countReference(std::string_view referenceMessage, cocoa::id receiver) {
     // The references of a class are nobody's concern.
     const auto* object = heap::find(receiver);
     if (object == nullptr) return receiver;

@@ -14,7 +14,7 @@ namespace stagehopper::recording::memory {
 /// Those and alloc: any thread may send them, and the journal leaves them out.
 [[nodiscard]] bool isMemoryMessage(std::string_view selector);
 
-Value perform(std::string_view referenceMessage, cocoa::id receiver);
+Value countReference(std::string_view referenceMessage, cocoa::id receiver);
 /// A block takes no other messages.
 Value performOnBlock(std::string_view message, cocoa::id block);
 

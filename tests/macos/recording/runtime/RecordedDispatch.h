@@ -27,7 +27,7 @@ Result dispatchMessage(id receiver, Arguments... arguments) {
     }
     const std::array<recording::Value, sizeof...(Arguments)> boxed{recording::Value(arguments)...};
     const auto answer =
-        recording::perform({factKind, name.view(), types, encoding<Result>}, receiver, boxed);
+        recording::sendMessage({factKind, name.view(), types, encoding<Result>}, receiver, boxed);
     if constexpr (!std::is_void_v<Result>) return answer.template as<Result>();
 }
 

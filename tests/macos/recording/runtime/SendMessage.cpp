@@ -20,7 +20,7 @@ namespace {
 using macos_facts::Kind;
 using macos_facts::MethodFact;
 
-std::string lineOf(const Declared& message, cocoa::id receiver) {
+std::string lineOf(const DeclaredMessage& message, cocoa::id receiver) {
     const auto* sign = message.kind == Kind::classLevel ? "+[" : "-[";
     return sign + describe(receiver) + " " + std::string(message.selector) + "]";
 }
@@ -47,7 +47,7 @@ bool checkArgument(const Value& argument, const MethodFact& fact, const std::str
 
 /// The fact for what is really there, which may be of another class than its handle. Null, and a
 /// problem noted, when the message must not be sent.
-const MethodFact* check(const Declared& message, cocoa::id receiver,
+const MethodFact* check(const DeclaredMessage& message, cocoa::id receiver,
                         std::span<const Value> arguments) {
     const auto line = lineOf(message, receiver);
     const auto* object = heap::find(receiver);
@@ -88,7 +88,7 @@ const MethodFact* check(const Declared& message, cocoa::id receiver,
     return fact;
 }
 
-void record(const Declared& message, cocoa::id receiver, std::span<const Value> arguments) {
+void record(const DeclaredMessage& message, cocoa::id receiver, std::span<const Value> arguments) {
     const auto* object = heap::find(receiver);
     auto* itsClass = object != nullptr ? object->itsClass : classes::asClass(receiver);
     if (memory::isMemoryMessage(message.selector) || behaviours::isQuiet(itsClass)) return;
@@ -103,7 +103,8 @@ void record(const Declared& message, cocoa::id receiver, std::span<const Value> 
 }
 
 /// What a message without a behaviour does.
-Value answerWithout(const Declared& message, cocoa::id receiver, std::span<const Value> arguments) {
+Value answerWithout(const DeclaredMessage& message, cocoa::id receiver,
+                    std::span<const Value> arguments) {
     const auto name = propertyOfSetter(message.selector);
     if (message.result == "v" && !name.empty()) {
         setProperty(receiver, name, arguments[0]);
@@ -119,7 +120,8 @@ Value answerWithout(const Declared& message, cocoa::id receiver, std::span<const
 
 }  // namespace
 
-Value perform(const Declared& message, cocoa::id receiver, std::span<const Value> arguments) {
+Value sendMessage(const DeclaredMessage& message, cocoa::id receiver,
+                  std::span<const Value> arguments) {
     if (receiver == nullptr) return {};
     if (blocks::isLive(receiver)) return memory::performOnBlock(message.selector, receiver);
     const auto* fact = check(message, receiver, arguments);
@@ -127,7 +129,7 @@ Value perform(const Declared& message, cocoa::id receiver, std::span<const Value
     messageTally().add(*fact);
     record(message, receiver, arguments);
     if (memory::isReferenceMessage(message.selector)) {
-        return memory::perform(message.selector, receiver);
+        return memory::countReference(message.selector, receiver);
     }
     const Retained alive(receiver);
     const auto kind =

@@ -10,7 +10,7 @@
 namespace stagehopper::recording {
 
 /// A message as its handle declares it.
-struct Declared {
+struct DeclaredMessage {
     macos_facts::Kind kind;
     std::string_view selector;
     /// Of the method: "v@:q".
@@ -21,6 +21,7 @@ struct Declared {
 
 /// What objc_msgSend is to the real system: checks, records, counts references and lets the class's
 /// behaviour answer. Whoever has its turn.
-Value perform(const Declared& message, cocoa::id receiver, std::span<const Value> arguments);
+Value sendMessage(const DeclaredMessage& message, cocoa::id receiver,
+                  std::span<const Value> arguments);
 
 }  // namespace stagehopper::recording

@@ -13,7 +13,7 @@ namespace stagehopper {
 namespace {
 
 using recording::Retained;
-using recording::tell;
+using recording::sendToPort;
 using testing::IsEmpty;
 using testing::SizeIs;
 
@@ -38,12 +38,13 @@ TEST_F(MacLateCallback, TheDelegatesMessagesAfterTheControllersEndDoNothing) {
     forget();
     const auto notification =
         recording::makeNotification("NSAnyNotification", recording::sharedApplication());
-    tell(delegate.get(), "applicationDidFinishLaunching:", notification.get());
-    tell(delegate.get(), "applicationWillTerminate:", notification.get());
-    tell(delegate.get(), "windowWillClose:", notification.get());
-    EXPECT_FALSE(tell<bool>(delegate.get(), "applicationShouldTerminateAfterLastWindowClosed:",
-                            recording::sharedApplication()));
-    tell(delegate.get(), "screenDidChange");
+    sendToPort(delegate.get(), "applicationDidFinishLaunching:", notification.get());
+    sendToPort(delegate.get(), "applicationWillTerminate:", notification.get());
+    sendToPort(delegate.get(), "windowWillClose:", notification.get());
+    EXPECT_FALSE(sendToPort<bool>(
+        delegate.get(),
+        "applicationShouldTerminateAfterLastWindowClosed:", recording::sharedApplication()));
+    sendToPort(delegate.get(), "screenDidChange");
     EXPECT_THAT(world.systemLog, IsEmpty());
     EXPECT_THAT(lines(" set"), IsEmpty());
 }
@@ -54,11 +55,12 @@ TEST_F(MacLateCallback, TheDelegatesMessagesAfterTheServicesEndDoNothing) {
     forget();
     const auto notification =
         recording::makeNotification("NSAnyNotification", recording::sharedApplication());
-    tell(delegate.get(), "applicationDidFinishLaunching:", notification.get());
-    tell(delegate.get(), "windowWillClose:", notification.get());
-    EXPECT_FALSE(tell<bool>(delegate.get(), "applicationShouldTerminateAfterLastWindowClosed:",
-                            recording::sharedApplication()));
-    tell(delegate.get(), "screenDidChange");
+    sendToPort(delegate.get(), "applicationDidFinishLaunching:", notification.get());
+    sendToPort(delegate.get(), "windowWillClose:", notification.get());
+    EXPECT_FALSE(sendToPort<bool>(
+        delegate.get(),
+        "applicationShouldTerminateAfterLastWindowClosed:", recording::sharedApplication()));
+    sendToPort(delegate.get(), "screenDidChange");
     EXPECT_THAT(world.systemLog, IsEmpty());
     EXPECT_THAT(lines(), SizeIs(4)) << "only the callbacks themselves";
 }
@@ -70,8 +72,8 @@ TEST_F(MacLateCallback, AMessageHandlerThatOutlivesItsPageDoesNothing) {
     drop();
     forget();
     const auto message = recording::makeObject("WKScriptMessage");
-    tell(handler.get(), "userContentController:didReceiveScriptMessage:", controller.get(),
-         message.get());
+    sendToPort(handler.get(), "userContentController:didReceiveScriptMessage:", controller.get(),
+               message.get());
     EXPECT_THAT(lines(), SizeIs(1));
     EXPECT_THAT(world.systemLog, IsEmpty());
 }
@@ -80,7 +82,7 @@ TEST_F(MacLateCallback, APageGuardThatOutlivesItsPageReloadsNothing) {
     const Retained view(panelPage().view());
     const auto guard = property(view.get(), "navigationDelegate");
     drop();
-    tell(guard.get(), "webViewWebContentProcessDidTerminate:", view.get());
+    sendToPort(guard.get(), "webViewWebContentProcessDidTerminate:", view.get());
     advance(1);
     EXPECT_EQ(world.pages.at(0).loads, 1);
 }

@@ -19,8 +19,8 @@ cocoa::id delegate() {
     return property(sharedApplication(), "delegate").object();
 }
 
-void tellDelegate(std::string_view selector, std::string_view notification) {
-    tell(delegate(), selector, makeNotification(notification, sharedApplication()).get());
+void notifyDelegate(std::string_view selector, std::string_view notification) {
+    sendToPort(delegate(), selector, makeNotification(notification, sharedApplication()).get());
 }
 
 }  // namespace
@@ -32,7 +32,8 @@ cocoa::id sharedApplication() {
 /// As systems from macOS 14 on do, about a program that does not say how its windows are archived.
 void Application::warnOfInsecureState() {
     const std::string question = "applicationSupportsSecureRestorableState:";
-    if (responds(delegate(), question) && tell<bool>(delegate(), question, sharedApplication())) {
+    if (responds(delegate(), question) &&
+        sendToPort<bool>(delegate(), question, sharedApplication())) {
         return;
     }
     systemLog_.emplace_back("WARNING: Secure coding is not enabled for restorable state!");
@@ -41,8 +42,9 @@ void Application::warnOfInsecureState() {
 void Application::finishLaunching() {
     if (std::exchange(launched_, true)) return;
     warnOfInsecureState();
-    tellDelegate("applicationWillFinishLaunching:", "NSApplicationWillFinishLaunchingNotification");
-    tellDelegate("applicationDidFinishLaunching:", "NSApplicationDidFinishLaunchingNotification");
+    notifyDelegate("applicationWillFinishLaunching:",
+                   "NSApplicationWillFinishLaunchingNotification");
+    notifyDelegate("applicationDidFinishLaunching:", "NSApplicationDidFinishLaunchingNotification");
 }
 
 void Application::userPresses(std::string_view title) {
@@ -68,11 +70,11 @@ void Application::terminate() {
     const std::string question = "applicationShouldTerminate:";
     constexpr unsigned long now = 1;
     if (responds(delegate(), question) &&
-        tell<unsigned long>(delegate(), question, sharedApplication()) != now) {
+        sendToPort<unsigned long>(delegate(), question, sharedApplication()) != now) {
         terminating_ = false;
         return;
     }
-    tellDelegate("applicationWillTerminate:", "NSApplicationWillTerminateNotification");
+    notifyDelegate("applicationWillTerminate:", "NSApplicationWillTerminateNotification");
     terminated_ = true;
 }
 
@@ -80,7 +82,7 @@ void Application::windowWasClosed() {
     queues::async("main", [this] {
         const std::string question = "applicationShouldTerminateAfterLastWindowClosed:";
         if (windows_.ordinaryWindowVisible() || terminated_) return;
-        if (tell<bool>(delegate(), question, sharedApplication())) terminate();
+        if (sendToPort<bool>(delegate(), question, sharedApplication())) terminate();
     });
 }
 

@@ -97,7 +97,7 @@ std::string performMenuItem(cocoa::id item) {
     const auto action = stateOf<MenuItemState>(item).action;
     if (action == nullptr) return {};
     if (const auto target = property(item, "target").object()) {
-        tell(target, action->name, item);
+        sendToPort(target, action->name, item);
         return {};
     }
     // The application stands last in the chain.

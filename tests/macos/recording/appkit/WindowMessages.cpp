@@ -83,8 +83,8 @@ Value close(Call& call) {
     const auto window = call.receiver();
     const bool wasVisible = property(window, "visible").as<bool>();
     const auto delegate = property(window, "delegate").object();
-    tell(delegate,
-         "windowWillClose:", makeNotification("NSWindowWillCloseNotification", window).get());
+    sendToPort(delegate,
+               "windowWillClose:", makeNotification("NSWindowWillCloseNotification", window).get());
     setProperty(window, "visible", false);
     setProperty(window, "key", false);
     if (wasVisible) World::current().application.windowWasClosed();
@@ -96,7 +96,8 @@ Value close(Call& call) {
 Value performClose(Call& call) {
     const auto delegate = property(call.receiver(), "delegate").object();
     const std::string question = "windowShouldClose:";
-    if (responds(delegate, question) && !tell<bool>(delegate, question, call.receiver())) return {};
+    if (responds(delegate, question) && !sendToPort<bool>(delegate, question, call.receiver()))
+        return {};
     answer(call.receiver(), "close");
     return {};
 }

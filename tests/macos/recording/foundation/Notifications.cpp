@@ -41,9 +41,9 @@ void notify(const Observation& observation, const Retained& notification) {
         noteProblem("an observer of " + observation.name + " has no method " +
                     observation.selector);
     } else if (observation.selector.ends_with(':')) {
-        tell(observer, observation.selector, notification.get());
+        sendToPort(observer, observation.selector, notification.get());
     } else {
-        tell(observer, observation.selector);
+        sendToPort(observer, observation.selector);
     }
 }
 

@@ -38,7 +38,7 @@ template <Crosses T>
 /// Sends a message to an object of the port's, with a pool around it. Optional methods that it does
 /// not have are left out and answer zero; so does nil. The receiver lives until it returns.
 template <class Result = void, Crosses... Arguments>
-Result tell(cocoa::id receiver, std::string_view selector, Arguments... arguments) {
+Result sendToPort(cocoa::id receiver, std::string_view selector, Arguments... arguments) {
     if (!responds(receiver, selector)) return Result();
     const Retained alive(receiver);
     const auto implementation =

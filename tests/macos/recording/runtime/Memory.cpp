@@ -80,7 +80,7 @@ void handAnswerOver(const macos_facts::MethodFact& fact, cocoa::id receiver, coc
 }
 
 void autorelease(Retained reference, bool needsPool) {
-    if (needsPool && !pools::stands()) {
+    if (needsPool && !pools::exists()) {
         noteProblem(describe(reference.get()) + " was autoreleased on queue \"" +
                     queues::current() + "\" without a pool");
     }

@@ -24,12 +24,12 @@ Pool& withoutPool() {
 
 }  // namespace
 
-bool stands() {
+bool exists() {
     return !stack().empty();
 }
 
 void add(Retained reference) {
-    auto& pool = stands() ? *stack().back() : withoutPool();
+    auto& pool = exists() ? *stack().back() : withoutPool();
     pool.push_back(std::move(reference));
 }
 

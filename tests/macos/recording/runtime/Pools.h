@@ -6,7 +6,7 @@
 namespace stagehopper::recording::pools {
 
 /// Whether the current queue's work has one around it.
-[[nodiscard]] bool stands();
+[[nodiscard]] bool exists();
 /// Retained until the innermost pool ends; without any, until the test ends.
 void add(Retained reference);
 /// What was added without a pool.

@@ -37,7 +37,7 @@ TEST_F(RegisteredClass, ItsMethodsReachTheTarget) {
     const auto target = std::make_shared<Target>();
     const auto object = listener().makeInstance(target);
     const auto notification = makeObject("NSNotification");
-    tell(object.get().pointer(), "windowWillClose:", notification.get());
+    sendToPort(object.get().pointer(), "windowWillClose:", notification.get());
     EXPECT_EQ(target->last, notification.get());
     EXPECT_THAT(journal().of("Listener"),
                 testing::Contains("<- [<Listener 1> windowWillClose:<NSNotification 1>]"));
@@ -47,7 +47,7 @@ TEST_F(RegisteredClass, OnceTheTargetHasGoneItsMethodsAnswerZero) {
     auto target = std::make_shared<Target>();
     const auto object = listener().makeInstance(target);
     const auto ask = [&object] {
-        return tell<cocoa::BOOL>(object.get().pointer(), "windowShouldClose:", cocoa::id());
+        return sendToPort<cocoa::BOOL>(object.get().pointer(), "windowShouldClose:", cocoa::id());
     };
     EXPECT_TRUE(ask());
     target.reset();
@@ -66,14 +66,14 @@ TEST_F(RegisteredClass, ItsObjectsGoWithTheirWeakReference) {
 TEST_F(RegisteredClass, AnOptionalMethodThatItLacksIsLeftOut) {
     const auto object = listener().makeInstance(std::make_shared<Target>());
     EXPECT_FALSE(responds(object.get().pointer(), "windowDidResize:"));
-    tell(object.get().pointer(), "windowDidResize:", cocoa::id());
+    sendToPort(object.get().pointer(), "windowDidResize:", cocoa::id());
 }
 
 TEST_F(RegisteredClass, CallingAFreedObjectIsAProblem) {
     auto object = listener().makeInstance(std::make_shared<Target>());
     auto* stale = object.get().pointer();
     object = {};
-    tell(stale, "windowWillClose:", cocoa::id());
+    sendToPort(stale, "windowWillClose:", cocoa::id());
     EXPECT_THAT(takeProblems(), ElementsAre(HasSubstr("which was freed")));
 }
 

@@ -60,7 +60,7 @@ double Scheduler::nextTime(bool mainMayRun) const {
     return next;
 }
 
-bool Scheduler::resumeSomebody(bool timedOut) {
+bool Scheduler::resumeOne(bool timedOut) {
     const auto found = std::ranges::find_if(blocked_, [&](const auto& each) {
         return timedOut ? each->deadline() <= now_ : each->canGoOn();
     });
@@ -103,7 +103,7 @@ void Scheduler::countStep() {
 
 bool Scheduler::step(double time, bool mainMayRun) {
     countStep();
-    if (resumeSomebody(false)) return true;
+    if (resumeOne(false)) return true;
     const auto isDue = [&](const auto& each) {
         return each.first <= now_ && isRunnable(each.second.queue, mainMayRun);
     };
@@ -111,7 +111,7 @@ bool Scheduler::step(double time, bool mainMayRun) {
         start(due);
         return true;
     }
-    if (resumeSomebody(true)) return true;
+    if (resumeOne(true)) return true;
     const auto next = nextTime(mainMayRun);
     if (next > time || next >= queues::forever) return false;
     now_ = std::max(now_, next);

@@ -40,7 +40,7 @@ private:
     using Items = std::multimap<double, Item>;
 
     bool step(double time, bool mainMayRun);
-    bool resumeSomebody(bool timedOut);
+    bool resumeOne(bool timedOut);
     void start(Items::iterator item);
     void runHere(const std::string& queue, const std::function<void()>& work);
     [[nodiscard]] bool isRunnable(const std::string& queue, bool mainMayRun) const;

@@ -30,7 +30,7 @@ public:
     void giveWay(const std::function<bool()>& condition, double deadline);
 
 private:
-    /// Retained for the next piece of work: making one takes longer than most of the work.
+    /// Kept for the next piece of work: making one takes longer than most of the work.
     struct Thread;
     static std::vector<Thread*>& idle();
     static Thread& takeThread();

@@ -47,7 +47,7 @@ public:
     [[nodiscard]] bool awaited() const { return !receivers_.empty(); }
 
     // --- the client ---------------------------------------------------------------------------
-    /// Retained as long as the connection lasts.
+    /// Kept as long as the connection lasts.
     void keepClient(std::shared_ptr<void> client) { client_ = std::move(client); }
     /// The server has taken it; it calls each pong handler `pongs` times.
     void connected(int pongs);

@@ -36,7 +36,7 @@ bool isAllowed(cocoa::id view, std::string_view address, const Retained& frame) 
         ++answers;
         policy = decided;
     });
-    tell(delegate, question, view, action.get(), handler.get());
+    sendToPort(delegate, question, view, action.get(), handler.get());
     // The real one raises an exception.
     if (answers != 1)
         noteProblem("a decision handler was called " + std::to_string(answers) + " times");
@@ -55,8 +55,8 @@ void deliver(cocoa::id view, const std::string& name, const Retained& body, bool
     setProperty(message.get(), "posted", body.get());
     setProperty(message.get(), "handler", makeString(name).get());
     setProperty(message.get(), "frame", makeFrame(fromMainFrame).get());
-    tell(handler.get(), "userContentController:didReceiveScriptMessage:", controller,
-         message.get());
+    sendToPort(handler.get(), "userContentController:didReceiveScriptMessage:", controller,
+               message.get());
 }
 
 }  // namespace
@@ -110,7 +110,7 @@ void WebPage::processDies() {
         const Retained shown(view.get());
         if (!shown) return;
         const auto delegate = property(shown.get(), "navigationDelegate").object();
-        tell(delegate, "webViewWebContentProcessDidTerminate:", shown.get());
+        sendToPort(delegate, "webViewWebContentProcessDidTerminate:", shown.get());
     });
 }
 

@@ -19,14 +19,6 @@ Value numberWithBool(Call& call) {
     return number(call, {call.argument<cocoa::BOOL>(0) ? 1.0 : 0.0, true});
 }
 
-Value numberWithDouble(Call& call) {
-    return number(call, {call.argument<double>(0), false});
-}
-
-Value numberWithInteger(Call& call) {
-    return number(call, {static_cast<double>(call.argument<long>(0)), false});
-}
-
 std::string describeNumber(cocoa::id object) {
     const auto& state = stateOf<NumberState>(object);
     if (state.truth) return state.value != 0 ? "@YES" : "@NO";
@@ -39,14 +31,6 @@ std::string describeNumber(cocoa::id object) {
 
 void defineNumbers() {
     define("NSNumber", MessageKind::classLevel, "numberWithBool:", numberWithBool);
-    define("NSNumber", MessageKind::classLevel, "numberWithDouble:", numberWithDouble);
-    define("NSNumber", MessageKind::classLevel, "numberWithInteger:", numberWithInteger);
-    define("NSNumber", MessageKind::instance, "boolValue",
-           [](Call& call) -> Value { return call.state<NumberState>().value != 0; });
-    define("NSNumber", MessageKind::instance, "doubleValue",
-           [](Call& call) -> Value { return call.state<NumberState>().value; });
-    define("NSNumber", MessageKind::instance, "integerValue",
-           [](Call& call) -> Value { return static_cast<long>(call.state<NumberState>().value); });
     describeAs("NSNumber", describeNumber);
     keepOutOfJournal("NSNumber");
 }

@@ -88,11 +88,6 @@ Value lowercasedForUser(Call& call) {
     return makeString(call, simulated::SimulatedText().lowercased(dotless));
 }
 
-Value isEqualToString(Call& call) {
-    const auto other = call.argument<cocoa::id>(0);
-    return isKindOf(other, "NSString") && textOf(other) == call.state<StringState>().utf8;
-}
-
 }  // namespace
 
 void defineStrings() {
@@ -104,7 +99,6 @@ void defineStrings() {
     define("NSString", MessageKind::instance, "stringByFoldingWithOptions:locale:", folded);
     define("NSString", MessageKind::instance, "lowercaseString", lowercased);
     define("NSString", MessageKind::instance, "lowercaseStringWithLocale:", lowercasedForUser);
-    define("NSString", MessageKind::instance, "isEqualToString:", isEqualToString);
     describeAs("NSString", [](cocoa::id string) { return "\"" + textOf(string) + "\""; });
     keepOutOfJournal("NSString");
     defineShared("NSLocale", "currentLocale");

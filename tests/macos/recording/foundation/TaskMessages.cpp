@@ -15,9 +15,6 @@ namespace stagehopper::recording {
 
 namespace {
 
-/// Seconds; long enough for more to become due.
-constexpr double lastTurnOfTheLoop = 0.05;
-
 struct TaskState {
     /// Null until it was launched.
     std::shared_ptr<LaunchedTask> launched;
@@ -84,22 +81,6 @@ Value terminate(Call& call) {
     return {};
 }
 
-/// No good on any thread. On the main one it runs the loop, and once more after the exit: whatever
-/// is due happens in the middle of the caller. On others it hangs now and then, since the news of
-/// the exit goes to a run loop that nobody runs.
-Value waitUntilExit(Call& call) {
-    if (launchedTask(call) == nullptr) return {};
-    noteProblem("-[NSTask waitUntilExit] on " + queues::current());
-    const auto exited = [task = call.state<TaskState>().launched] { return !task->running; };
-    if (queues::current() == "main") {
-        queues::runUntil(exited);
-        queues::advance(lastTurnOfTheLoop);
-    } else {
-        queues::waitUntil(exited, queues::forever);
-    }
-    return {};
-}
-
 Value terminationStatus(Call& call) {
     const auto* task = launchedTask(call);
     if (task == nullptr) return {};
@@ -112,20 +93,13 @@ Value isRunning(Call& call) {
     return launched != nullptr && launched->running;
 }
 
-Value processIdentifier(Call& call) {
-    const auto& launched = call.state<TaskState>().launched;
-    return launched ? launched->processIdentifier : 0;
-}
-
 }  // namespace
 
 void defineTasks() {
     define("NSTask", MessageKind::instance, "launchAndReturnError:", launch);
     define("NSTask", MessageKind::instance, "terminate", terminate);
-    define("NSTask", MessageKind::instance, "waitUntilExit", waitUntilExit);
     define("NSTask", MessageKind::instance, "terminationStatus", terminationStatus);
     define("NSTask", MessageKind::instance, "isRunning", isRunning);
-    define("NSTask", MessageKind::instance, "processIdentifier", processIdentifier);
 }
 
 }  // namespace stagehopper::recording

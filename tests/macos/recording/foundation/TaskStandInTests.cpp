@@ -15,15 +15,6 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Pair;
 
-/// With the message that the port has no use for.
-class WaitingTask : public cocoa::Handle<WaitingTask, cocoa::NSObject> {
-public:
-    static constexpr cocoa::FixedString className{"NSTask"};
-    using Handle::Handle;
-
-    void waitUntilExit() const { send<"waitUntilExit", void()>(); }
-};
-
 class StandInOfATask : public RecordedTest {
 protected:
     StandInOfATask() { world.tasks.programs["/bin/talk"] = {.output = "hello\n"}; }
@@ -124,34 +115,10 @@ TEST_F(StandInOfATask, TakesItsTimeToEndWhenItIsAskedTo) {
 TEST_F(StandInOfATask, TakesEveryQuestionAmissBeforeItWasLaunched) {
     const auto task = make("/bin/talk");
     task->terminate();
-    WaitingTask(task->pointer()).waitUntilExit();
     static_cast<void>(task->terminationStatus());
     EXPECT_THAT(takeProblems(),
                 ElementsAre(HasSubstr("-[NSTask terminate] of a task that was never launched"),
-                            HasSubstr("-[NSTask waitUntilExit] of a task"),
                             HasSubstr("-[NSTask terminationStatus] of a task")));
-}
-
-TEST_F(StandInOfATask, RunsTheLoopInsideAWaitOfTheMainThreadAlsoAfterTheExit) {
-    program().exitsAfter = platform::Duration{1};
-    const auto task = make("/bin/talk");
-    ASSERT_TRUE(launch(task));
-    std::vector<double> times;
-    for (const double due : {0.5, 1.01}) {
-        queues::after(due, "main", [&times] { times.push_back(queues::now()); });
-    }
-    WaitingTask(task->pointer()).waitUntilExit();
-    EXPECT_THAT(times, ElementsAre(0.5, 1.01));
-    EXPECT_THAT(takeProblems(), ElementsAre(HasSubstr("-[NSTask waitUntilExit] on main")));
-}
-
-TEST_F(StandInOfATask, TakesAWaitOnAnotherThreadAmissToo) {
-    program().exitsAfter = platform::Duration{1};
-    const auto task = make("/bin/talk");
-    ASSERT_TRUE(launch(task));
-    queues::async("global default", [&] { WaitingTask(task->pointer()).waitUntilExit(); });
-    queues::advance(2);
-    EXPECT_THAT(takeProblems(), ElementsAre(HasSubstr("-[NSTask waitUntilExit] on global")));
 }
 
 TEST_F(StandInOfATask, TakesTheQuestionForItsStatusAmissWhileItRuns) {

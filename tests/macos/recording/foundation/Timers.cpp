@@ -73,8 +73,6 @@ void defineTimers() {
         invalidate(call.receiver());
         return {};
     });
-    define("NSTimer", MessageKind::instance, "isValid",
-           [](Call& call) -> Value { return call.state<TimerState>().valid; });
     defineShared("NSRunLoop", "mainRunLoop");
     define("NSRunLoop", MessageKind::instance, "addTimer:forMode:", addTimer);
 }

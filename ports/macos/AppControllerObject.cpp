@@ -66,7 +66,7 @@ cocoa::BOOL AppControllerObject::applicationShouldTerminateAfterLastWindowClosed
 
 cocoa::BOOL AppControllerObject::applicationSupportsSecureRestorableState(
     cocoa::NSObject /*application*/) {
-    // We restore nothing; systems from macOS 14 on warn in their log of programs that do not say.
+    // We restore no state; macOS 14 and later log a warning about programs without an answer.
     return cocoa::toBOOL(true);
 }
 
@@ -82,7 +82,7 @@ void AppControllerObject::windowWillClose(cocoa::NSNotification notification) {
         if (const auto delegate = windowDelegate_.lock()) delegate->windowWillClose(nullptr);
         return;
     }
-    // Let go first: whatever the delegate does, it hears of this window once.
+    // Removed first: whatever the delegate does, it gets one message about this window.
     const OpenWindow open = std::move(*found);
     openWindows_.erase(found);
     closing_ = cocoa::Owned<cocoa::NSWindow>::share(open.native);

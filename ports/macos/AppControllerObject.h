@@ -18,12 +18,12 @@ public:
     virtual void didBeginClosing() = 0;
 };
 
-/// What the system talks to: the one object of the class "AppController", delegate of the
-/// application and of its windows and observer of the screens. Passes everything on to the C++
-/// side, which it holds weakly. Main thread only.
+/// The one object of the class "AppController": the delegate of the application and of its windows,
+/// and the observer of the screens. Forwards every message to the C++ side, which it holds weakly.
+/// Main thread only.
 class AppControllerObject {
 public:
-    /// Nothing is heard any more once the answer is gone.
+    /// The system's messages do nothing once the returned object is gone.
     static std::shared_ptr<AppControllerObject> create();
     AppControllerObject(const AppControllerObject&) = delete;
     AppControllerObject& operator=(const AppControllerObject&) = delete;
@@ -33,7 +33,7 @@ public:
 
     void setApplicationDelegate(std::weak_ptr<platform::ApplicationDelegate> delegate);
     void addScreenObserver(std::weak_ptr<platform::ScreenObserver> observer);
-    /// `window` stands for `native` until it is removed or has begun to close.
+    /// Reports messages about `native` to `window` until it is removed or begins to close.
     void addWindow(cocoa::NSWindow native, ReportedWindow& window);
     void setWindowDelegate(const ReportedWindow& window,
                            std::weak_ptr<platform::WindowDelegate> delegate);
@@ -48,7 +48,7 @@ private:
 
     AppControllerObject() = default;
 
-    // What the system sends.
+    // Messages from the system.
     void applicationDidFinishLaunching(cocoa::NSNotification notification);
     cocoa::BOOL applicationShouldTerminateAfterLastWindowClosed(cocoa::NSObject application);
     cocoa::BOOL applicationSupportsSecureRestorableState(cocoa::NSObject application);
@@ -59,9 +59,10 @@ private:
     std::weak_ptr<platform::ApplicationDelegate> applicationDelegate_;
     std::vector<std::weak_ptr<platform::ScreenObserver>> screenObservers_;
     std::vector<OpenWindow> openWindows_;
-    /// The one that was set last; it also hears of windows that are none of ours.
+    /// The delegate set last. It also gets messages about windows that are not ours.
     std::weak_ptr<platform::WindowDelegate> windowDelegate_;
-    /// The system still works on it when whoever hears of its closing drops it.
+    /// Keeps the closing window: the system still uses it when the delegate drops its own
+    /// reference.
     cocoa::Owned<cocoa::NSWindow> closing_;
     cocoa::Owned<cocoa::NSObject> object_;
 };

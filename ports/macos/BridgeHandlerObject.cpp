@@ -28,7 +28,7 @@ BridgeHandlerObject::BridgeHandlerObject(std::weak_ptr<platform::ScriptMessageHa
 void BridgeHandlerObject::didReceiveScriptMessage(cocoa::WKUserContentController /*controller*/,
                                                   cocoa::WKScriptMessage message) {
     const auto handler = handler_.lock();
-    // Frames of any origin have the handler, too.
+    // Frames of any origin have the handler as well.
     if (!handler || !message.frameInfo().isMainFrame()) return;
     platform::ScriptMessage received{cocoa::text(message.name()), {}};
     if (const auto body = message.body().as<cocoa::NSString>()) received.text = cocoa::text(body);

@@ -13,13 +13,13 @@ class WKUserContentController;
 
 namespace stagehopper::macos_port {
 
-/// The object of the class "BridgeHandler" to which a page's messages come; those of other frames
-/// than the main one are dropped. The web view's content
-/// controller holds that object strongly, so it holds its C++ side weakly, and that one the
-/// handler: nobody keeps the page alive through its own messages. Main thread only.
+/// The object of the class "BridgeHandler", which receives a page's messages and drops those from
+/// frames other than the main one. The web view's content controller holds the object strongly, so
+/// it holds its C++ side weakly, which holds the handler weakly: a page's messages do not keep the
+/// page alive. Main thread only.
 class BridgeHandlerObject {
 public:
-    /// Nothing is heard any more once the answer is gone.
+    /// Messages do nothing once the returned object is gone.
     static std::shared_ptr<BridgeHandlerObject> create(
         std::weak_ptr<platform::ScriptMessageHandler> handler);
     BridgeHandlerObject(const BridgeHandlerObject&) = delete;
@@ -30,7 +30,7 @@ public:
 private:
     explicit BridgeHandlerObject(std::weak_ptr<platform::ScriptMessageHandler> handler);
 
-    // What the system sends.
+    // Messages from the system.
     void didReceiveScriptMessage(cocoa::WKUserContentController controller,
                                  cocoa::WKScriptMessage message);
 

@@ -10,7 +10,7 @@ FailureQueue::FailureQueue()
     : queue_(cocoa::dispatch_queue_create("org.stagehopper.failures", nullptr)) {}
 
 FailureQueue::~FailureQueue() {
-    // What is posted already is still done.
+    // Work that is already queued still runs.
     cocoa::dispatch_release(reinterpret_cast<cocoa::dispatch_object_t>(queue_));
 }
 

@@ -7,8 +7,8 @@
 
 namespace stagehopper::macos_port {
 
-/// Tells of addresses that are none, which the system's session does not take: later, one after
-/// another, on a queue of its own. Any thread.
+/// Reports addresses that the system's session refuses, asynchronously and in order, on a private
+/// queue. Any thread.
 class FailureQueue {
 public:
     FailureQueue();

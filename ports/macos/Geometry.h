@@ -5,8 +5,8 @@
 
 namespace stagehopper::macos_port {
 
-// AppKit counts upwards from the lower left corner. Nothing is turned around: the frames of screens
-// are the only coordinates that the program knows, and it only hands them back.
+// AppKit's origin is the lower left corner, with y pointing up. No coordinate is flipped: the
+// program knows only the frames of screens, and only passes them back.
 
 [[nodiscard]] inline cocoa::CGSize toCGSize(platform::Size size) {
     return {size.width, size.height};

@@ -9,10 +9,10 @@ namespace stagehopper::macos_port {
 
 namespace {
 
-/// Seconds that one question to another program may take; a press has a limit of its own. A slide
-/// step asks dozens on the main thread: with the system's own limit of about six, a program that
-/// hangs would freeze our windows for minutes. A healthy one answers in milliseconds, and within
-/// this even while it draws a heavy slide.
+/// Seconds that one question to another program may take; a press has its own limit. A slide step
+/// asks dozens of questions on the main thread: with the system's own limit of about six seconds, a
+/// program that hangs would freeze our windows for minutes. A healthy program answers in
+/// milliseconds, and within this limit even while it draws a heavy slide.
 constexpr float messagingTimeout = 1.0F;
 
 }  // namespace

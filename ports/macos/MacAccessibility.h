@@ -7,7 +7,7 @@ namespace stagehopper::macos_port {
 /// The accessibility interface. Main thread only.
 class MacAccessibility final : public platform::Accessibility {
 public:
-    /// Bounds how long another program can hold us up, in the whole process.
+    /// Limits how long a call waits for another program, for the whole process.
     MacAccessibility();
 
     bool isProcessTrusted() override;

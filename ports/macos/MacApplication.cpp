@@ -12,7 +12,8 @@ namespace stagehopper::macos_port {
 
 namespace {
 
-/// Without it every message would go nowhere, and the program end at once as if all were well.
+/// Without an application object every message would do nothing, and the program would exit at once
+/// without an error.
 cocoa::NSApplication requiredApplication() {
     const auto application = cocoa::NSApplication::sharedApplication();
     if (!application) {

@@ -7,8 +7,8 @@ namespace stagehopper::macos_port {
 
 class AppControllerObject;
 
-/// The shared NSApplication. Main thread only. As long as it stands the system must not slow the
-/// program down for being in the background: that is where it works during a presentation.
+/// The shared NSApplication. Main thread only. While this object lives, the system must not slow
+/// the program down in the background, where it works during a presentation.
 class MacApplication final : public platform::Application {
 public:
     /// `appController` becomes the application's delegate and outlives it.
@@ -21,10 +21,10 @@ public:
     void setActivationPolicy(platform::ActivationPolicy policy) override;
     void setMainMenu(const platform::MainMenu& menu) override;
     void activate() override;
-    /// AppKit's way: inside `run` it does not return. The delegate is told, then the process ends
-    /// with status 0.
+    /// As AppKit does it: inside `run` this does not return. AppKit notifies the delegate, then
+    /// ends the process with status 0.
     void terminate() override;
-    /// Hence returns only when somebody stops the loop without ending the program.
+    /// Therefore returns only if the loop is stopped without ending the program.
     int run() override;
 
 private:

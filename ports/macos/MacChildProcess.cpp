@@ -41,14 +41,15 @@ cocoa::Owned<cocoa::NSTask> configuredTask(const platform::ChildProcessOptions& 
     return task;
 }
 
-/// Says where standard output goes; the end that we read, if any.
+/// Sets where standard output goes. Returns the end that we read; nil unless the output is
+/// captured.
 cocoa::Owned<cocoa::NSFileHandle> outputOf(cocoa::NSTask task, bool isCaptured) {
     if (!isCaptured) {
         task.setStandardOutput(cocoa::NSFileHandle::fileHandleWithNullDevice());
         return {};
     }
-    // The pipe itself, not its writing end: only of a pipe the task closes our copy of that end,
-    // without which the output would never be at its end.
+    // The pipe itself, not its writing end: the task closes our copy of the writing end only if it
+    // gets the pipe. With that copy open, the output would never end.
     const auto pipe = cocoa::NSPipe::pipe();
     task.setStandardOutput(pipe);
     return cocoa::Owned<cocoa::NSFileHandle>::share(pipe.fileHandleForReading());
@@ -62,12 +63,13 @@ struct MacChildProcess::Run {
     Run(const Run&) = delete;
     Run& operator=(const Run&) = delete;
 
-    /// Set before the termination handler is called, which may overtake the launch's return.
+    /// Set before the termination handler runs, which may happen before the launch returns.
     std::atomic<bool> isLaunched = false;
     std::atomic<std::int32_t> status = 0;
-    /// A door that opens once: each who passes signals to the next.
+    /// Signaled once at the exit; each waiter that passes signals the next one.
     const cocoa::dispatch_semaphore_t exited;
-    /// Keeps the task while the process runs: the handle may go, the handler must be called.
+    /// Keeps the task while the process runs: the handler must be called even if the handle is
+    /// gone.
     cocoa::Owned<cocoa::NSTask> task;
     platform::TerminationHandler onTermination;
 
@@ -119,7 +121,7 @@ void MacChildProcess::terminate() {
 }
 
 void MacChildProcess::waitUntilExit() {
-    // Held here: this object may go while it waits.
+    // A reference of its own: this object may be destroyed during the wait.
     const auto run = run_;
     if (run->isLaunched) run->awaitExit();
 }

@@ -9,9 +9,9 @@
 
 namespace stagehopper::macos_port {
 
-/// An NSTask, whose exit is what its termination handler says. It cannot be made to end with us
-/// when we die: nothing in an NSTask does that. Any thread. Before its launch has succeeded the
-/// task is asked nothing: it would raise exceptions.
+/// An NSTask. Its exit is reported by its termination handler. If we die, it lives on: NSTask has
+/// no way to tie a process to its parent. Any thread. Before a successful launch the task gets no
+/// questions, since it would raise exceptions.
 class MacChildProcess final : public platform::ChildProcess {
 public:
     explicit MacChildProcess(const platform::ChildProcessOptions& options);
@@ -27,7 +27,7 @@ private:
     [[nodiscard]] bool isLaunched() const;
 
     const cocoa::Owned<cocoa::NSTask> task_;
-    /// The reading end of its standard output; none when nobody captures that.
+    /// The reading end of its standard output; nil unless it is captured.
     const cocoa::Owned<cocoa::NSFileHandle> output_;
     /// Shared with the task's termination handler.
     const std::shared_ptr<Run> run_;

@@ -13,7 +13,7 @@ platform::Date MacClock::now() {
 }
 
 void MacClock::sleep(std::chrono::microseconds duration) {
-    // One second is more than the system promises to accept.
+    // The system does not promise to accept a full second.
     constexpr std::chrono::microseconds longest(999'999);
     for (auto left = duration; left.count() > 0;) {
         const auto piece = std::min(left, longest);

@@ -4,8 +4,8 @@
 
 namespace stagehopper::macos_port {
 
-/// Queues of Grand Central Dispatch, timers of the main run loop. Any thread, as the interface says
-/// of each. Tasks run in an autorelease pool.
+/// Queues of Grand Central Dispatch, timers of the main run loop. Threads: as the interface
+/// documents for each member. Tasks run in an autorelease pool.
 class MacDispatch final : public platform::Dispatch {
 public:
     void asyncMain(platform::Task task) override;

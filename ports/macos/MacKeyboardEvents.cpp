@@ -15,14 +15,14 @@ struct MacKeyboardEvent final : platform::KeyboardEvent {
     cocoa::CFOwned<cocoa::CGEventRef> event;
 };
 
-/// What the user may hold down. Nothing else is taken off an event: arrow keys carry flags of their
-/// own, and programs look at these.
+/// The modifiers that the user may hold down. Other flags stay on the event: arrow keys have flags
+/// of their own, and programs read them.
 constexpr std::uint64_t modifiers = cocoa::kCGEventFlagMaskAlphaShift |
                                     cocoa::kCGEventFlagMaskShift | cocoa::kCGEventFlagMaskControl |
                                     cocoa::kCGEventFlagMaskAlternate |
                                     cocoa::kCGEventFlagMaskCommand;
 
-/// All events that reach us are ours: nobody else makes any.
+/// Every event passed in was made here: nothing else makes events.
 cocoa::CGEventRef eventOf(const platform::KeyboardEvent& event) {
     return static_cast<const MacKeyboardEvent&>(event).event.get();
 }

@@ -4,8 +4,9 @@
 
 namespace stagehopper::macos_port {
 
-/// Keys by Core Graphics. Main thread only. The system tells nobody whether a posted key has
-/// arrived, and drops it silently while this process is not trusted: posting is always done.
+/// Keys through Core Graphics. Main thread only. The system does not report whether a posted key
+/// arrived, and silently drops it while this process is not trusted, so posting always counts as
+/// done.
 class MacKeyboardEvents final : public platform::KeyboardEvents {
 public:
     std::unique_ptr<platform::KeyboardEvent> makeKeyboardEvent(platform::VirtualKey key,

@@ -33,7 +33,7 @@ void addEntry(cocoa::NSMenu menu, const platform::MenuEntry& entry) {
     menu.addItem(item.get());
 }
 
-/// What a menu hangs on in the menu bar, which shows the menu's title and not the item's.
+/// The item in the menu bar that holds a menu. The bar shows the menu's title, not the item's.
 cocoa::Owned<cocoa::NSMenuItem> makeBarItem(const platform::Menu& menu) {
     const auto submenu = cocoa::NSMenu::make(cocoa::string(menu.title));
     for (const auto& entry : menu.entries) addEntry(submenu.get(), entry);

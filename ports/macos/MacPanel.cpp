@@ -10,10 +10,10 @@ namespace stagehopper::macos_port {
 MacPanel::MacPanel(const platform::PanelOptions& options)
     : panel_(cocoa::NSPanel::make(toCGRect(options.contentRect), toStyleMask(options.styleMask),
                                   false)) {
-    // Otherwise closing would release what is ours to release.
+    // Otherwise closing would release the reference that we own.
     panel_->setReleasedWhenClosed(false);
     panel_->setRestorable(false);
-    // It is there at once, and goes at once: nothing moves any more when it is released.
+    // The panel appears and disappears at once: no animation is running when it is released.
     panel_->setAnimationBehavior(cocoa::NSWindowAnimationBehaviorNone);
     if (options.clearBackground) panel_->setBackgroundColor(cocoa::NSColor::clearColor());
     panel_->setOpaque(options.opaque);
@@ -25,9 +25,9 @@ MacPanel::MacPanel(const platform::PanelOptions& options)
 }
 
 MacPanel::~MacPanel() {
-    // Not by "close": AppKit might take it for the program's last window and end the program.
+    // Not "close": AppKit might count it as the program's last window and end the program.
     if (visible_) panel_->orderOut(nullptr);
-    // The page outlives its panel when somebody else holds it.
+    // The page outlives its panel if another owner holds it.
     panel_->setContentView(nullptr);
 }
 

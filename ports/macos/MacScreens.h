@@ -9,7 +9,7 @@ class AppControllerObject;
 /// NSScreen. Main thread only.
 class MacScreens final : public platform::Screens {
 public:
-    /// `appController` hears of the changes and outlives it.
+    /// `appController` receives the changes and outlives this object.
     explicit MacScreens(AppControllerObject& appController);
     ~MacScreens() override;
     MacScreens(const MacScreens&) = delete;

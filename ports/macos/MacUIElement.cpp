@@ -11,8 +11,8 @@ namespace stagehopper::macos_port {
 
 namespace {
 
-/// Seconds that a press may take: what the system gives every call by itself. A program answers
-/// when the whole step is done, and a slide with a heavy build takes its time.
+/// Seconds that a press may take: the system's own limit for a call. A program answers only after
+/// the whole step, and a slide with a heavy build takes long.
 constexpr float pressTimeout = 6.0F;
 
 using platform::AttributeValue;
@@ -114,8 +114,8 @@ platform::AccessibilityError MacUIElement::press() const {
     const auto error = cocoa::AXUIElementPerformAction(element_.get(), action);
     const double seconds = system.systemUptime() - began;
     cocoa::AXUIElementSetMessagingTimeout(element_.get(), 0);
-    // The same error comes at once when the press cannot be delivered. After the whole time it was,
-    // and only its answer is missing: a key on top of it would be a second step.
+    // The same error comes at once if the press cannot be delivered. After the full timeout the
+    // press was delivered and only its answer is missing: a key in addition would be a second step.
     constexpr double tolerance = 0.5;
     if (error == cocoa::kAXErrorCannotComplete && seconds > pressTimeout - tolerance) {
         return platform::AccessibilityError::success;

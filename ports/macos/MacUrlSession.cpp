@@ -16,7 +16,7 @@ namespace stagehopper::macos_port {
 
 namespace {
 
-/// "Found": what we report for any redirect.
+/// "Found": the status that we report for any redirect.
 constexpr int redirectStatus = 302;
 
 /// `asked` is the address of the request.
@@ -25,7 +25,7 @@ platform::DataResult resultOf(const std::string& asked, cocoa::NSData body,
     const auto http = response.as<cocoa::NSHTTPURLResponse>();
     if (!http) return {.response = {}, .error = platform::UrlError{errorText(error)}};
     platform::DataResult result{.response = platform::HttpResponse{}, .error = {}};
-    // The shared session has followed it, and has no delegate that could forbid that.
+    // The shared session followed a redirect; it has no delegate that could forbid that.
     if (cocoa::text(http.URL().absoluteString()) != asked) {
         result.response->statusCode = redirectStatus;
         return result;
@@ -39,8 +39,8 @@ platform::DataResult resultOf(const std::string& asked, cocoa::NSData body,
     return result;
 }
 
-/// The address with its scheme in small letters; empty when it is no WebSocket's: with another
-/// scheme the system would raise an exception.
+/// The address with its scheme in lower case; empty unless it is a WebSocket's, since the system
+/// raises an exception for other schemes.
 std::string webSocketAddress(std::string url) {
     const auto scheme = std::min(url.find("://"), url.size());
     for (std::size_t i = 0; i < scheme; ++i) {

@@ -7,12 +7,12 @@
 
 namespace stagehopper::macos_port {
 
-/// An NSURLSessionWebSocketTask. Any thread. After the cancellation pending and later completions
-/// get their error from the system.
+/// An NSURLSessionWebSocketTask. Any thread. After cancellation the system completes pending and
+/// later calls with an error.
 class MacWebSocketTask final : public platform::WebSocketTask {
 public:
     explicit MacWebSocketTask(cocoa::NSURLSessionWebSocketTask task);
-    /// Cancels it, if nobody has: the system would keep the connection.
+    /// Cancels the task unless it was canceled: otherwise the system would keep the connection.
     ~MacWebSocketTask() override;
     MacWebSocketTask(const MacWebSocketTask&) = delete;
     MacWebSocketTask& operator=(const MacWebSocketTask&) = delete;

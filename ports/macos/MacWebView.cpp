@@ -12,8 +12,8 @@ namespace stagehopper::macos_port {
 
 namespace {
 
-/// The overlay never becomes the key window and the panel may be covered by a show: WebKit would
-/// let the timers of both stand still.
+/// The overlay never becomes the key window, and a slide show may cover the panel: WebKit would
+/// stop the timers of both.
 void keepRunningWhenCovered(cocoa::WKPreferences preferences) {
     if (preferences.respondsToSelector(cocoa::selector<"setInactiveSchedulingPolicy:">())) {
         preferences.setInactiveSchedulingPolicy(cocoa::WKInactiveSchedulingPolicyNone);
@@ -44,7 +44,7 @@ cocoa::Owned<cocoa::WKWebView> MacWebView::makeView(
     addUserScript(webkit_ports::frameMarkScript, false);
     for (const auto& script : configuration.userScripts) addUserScript(script.source, true);
     native->setUserContentController(content_.get());
-    // What another program once left under the backend's address does not come back.
+    // Data that another program stored under the backend's address must not come back.
     native->setWebsiteDataStore(cocoa::WKWebsiteDataStore::nonPersistentDataStore());
     keepRunningWhenCovered(native->preferences());
     auto view = cocoa::WKWebView::make(toCGRect(frame), native.get());

@@ -12,18 +12,18 @@ MacWindow::MacWindow(AppControllerObject& appController, const platform::WindowO
     : appController_(appController),
       window_(cocoa::NSWindow::make(toCGRect(options.contentRect), toStyleMask(options.styleMask),
                                     false)) {
-    // Otherwise closing would release what is ours to release.
+    // Otherwise closing would release the reference that we own.
     window_->setReleasedWhenClosed(false);
     window_->setRestorable(false);
     appController_.addWindow(window_.get(), *this);
 }
 
 MacWindow::~MacWindow() {
-    // Tells the delegate, through the one of AppKit's.
+    // Notifies the delegate through AppKit's delegate.
     if (open_) window_->close();
     window_->setDelegate(nullptr);
     appController_.removeWindow(*this);
-    // The page outlives its window when somebody else holds it.
+    // The page outlives its window if another owner holds it.
     window_->setContentView(nullptr);
 }
 

@@ -9,8 +9,8 @@ namespace stagehopper::macos_port {
 
 class MacWebView;
 
-/// An NSWindow. Main thread only. After it was closed every call does nothing; that somebody else
-/// has closed it, it knows from the moment on when it has a delegate.
+/// An NSWindow. Main thread only. After it closes, every call does nothing. It notices a close by
+/// the user or the system only once it has a delegate.
 class MacWindow final : public ReportedWindow {
 public:
     /// `appController` becomes its delegate and outlives it.
@@ -20,7 +20,7 @@ public:
     MacWindow& operator=(const MacWindow&) = delete;
 
     void setTitle(std::string_view title) override;
-    /// Of the whole window, as AppKit means it: the title bar counts.
+    /// Of the whole window, as in AppKit: the title bar is included.
     void setMinimumSize(platform::Size size) override;
     void setContentView(const std::shared_ptr<platform::WebView>& view) override;
     void center() override;

@@ -4,8 +4,8 @@
 
 namespace stagehopper::macos_port {
 
-/// Delayed work for the main queue. Main thread only. The queue has no way to take work back: it
-/// holds the task weakly and finds nothing when the item has been cancelled or dropped.
+/// Delayed work for the main queue. Main thread only. Work cannot be removed from the queue: the
+/// queued function holds the task weakly, and does nothing if the item was canceled or dropped.
 class MacWorkItem final : public platform::WorkItem {
 public:
     MacWorkItem(platform::Duration delay, platform::Task task);

@@ -7,8 +7,8 @@
 
 namespace stagehopper::macos_port {
 
-/// A completion that runs at its first call and not at another: the system has been seen to call
-/// some twice, even on two threads at once. Copies share that one call.
+/// A completion that runs on its first call only: the system has been seen to call some twice, even
+/// on two threads at once. All copies share the one call.
 template <class... Arguments>
 class Once {
 public:

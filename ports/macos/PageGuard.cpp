@@ -33,7 +33,7 @@ void PageGuard::load(cocoa::WKWebView view, const std::filesystem::path& page,
 }
 
 void PageGuard::load(cocoa::WKWebView view) {
-    // Not "reload": before a page has come that far there is nothing to load again.
+    // Not "reload": a page that has not finished its first load cannot be reloaded.
     view.loadFileURL(cocoa::NSURL::fileURLWithPath(cocoa::string(page_.native()), false),
                      cocoa::NSURL::fileURLWithPath(cocoa::string(readAccess_.native()), true));
 }
@@ -59,7 +59,7 @@ bool PageGuard::allows(cocoa::WKNavigationAction action) {
     if (!frame.isMainFrame()) return true;
     const auto address = cocoa::text(action.request().url().absoluteString());
     const auto page = address.substr(0, address.find('#'));
-    // The first one is our own load.
+    // The first navigation is our own load.
     if (address_.empty()) address_ = page;
     return page == address_;
 }

@@ -19,27 +19,27 @@ namespace stagehopper::macos_port {
 
 /// Keeps a view on its one page. Main thread only.
 ///
-/// The main frame goes nowhere else: what the user drops on the view, a link, or a script would
-/// else replace the page, and the new one would have its rights. No window is opened. When the
-/// process that shows the page ends, the page is loaded again, as often as `ReloadLimit` allows;
-/// the system log is told.
+/// The main frame never leaves the page: otherwise a file dropped on the view, a link or a script
+/// could replace it with a page that has its rights. No window is opened. When the process that
+/// shows the page ends, the page is reloaded, as often as `ReloadLimit` allows, with a message in
+/// the system log.
 class PageGuard {
 public:
-    /// Nothing is guarded any more once the answer is gone.
+    /// The guard ends once the returned object is gone.
     static std::shared_ptr<PageGuard> create();
     PageGuard(const PageGuard&) = delete;
     PageGuard& operator=(const PageGuard&) = delete;
 
     /// For a web view's navigation delegate, which is not retained.
     [[nodiscard]] cocoa::NSObject object() const { return object_.get(); }
-    /// Loads the page that is guarded. The view goes with the guard, not before it.
+    /// Loads the guarded page. The view lives as long as the guard.
     void load(cocoa::WKWebView view, const std::filesystem::path& page,
               const std::filesystem::path& readAccess);
 
 private:
     PageGuard() = default;
 
-    // What the system sends.
+    // Messages from the system.
     void webContentProcessDidTerminate(cocoa::WKWebView view);
     void decidePolicy(cocoa::WKWebView view, cocoa::WKNavigationAction action,
                       cocoa::BlockPointer decisionHandler);
@@ -50,7 +50,7 @@ private:
     cocoa::Owned<cocoa::NSObject> object_;
     std::filesystem::path page_;
     std::filesystem::path readAccess_;
-    /// As WebKit writes it; empty until the page is first loaded.
+    /// In WebKit's spelling; empty until the first load.
     std::string address_;
     webkit_ports::ReloadLimit reloadLimit_;
     std::unique_ptr<MacWorkItem> reload_;

@@ -29,7 +29,7 @@ cocoa::dispatch_queue_t mainQueue() {
 }
 
 cocoa::dispatch_time_t timeAfter(platform::Duration delay) {
-    // Longer ones do not fit into the system's nanoseconds.
+    // Longer delays do not fit into the system's nanoseconds.
     constexpr platform::Duration longest = std::chrono::years(100);
     const auto bounded = std::clamp(delay, platform::Duration::zero(), longest);
     const auto nanoseconds = std::chrono::ceil<std::chrono::nanoseconds>(bounded).count();

@@ -8,7 +8,7 @@ namespace stagehopper::macos_port {
 /// The queue whose tasks the main run loop runs.
 [[nodiscard]] cocoa::dispatch_queue_t mainQueue();
 
-/// The moment `delay` from now; now for one that is past. The clock stands while the machine
+/// The time `delay` from now; a negative delay counts as zero. The clock stops while the machine
 /// sleeps.
 [[nodiscard]] cocoa::dispatch_time_t timeAfter(platform::Duration delay);
 

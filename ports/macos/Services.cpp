@@ -28,7 +28,7 @@ platform::Platform Services::platform(platform::FileSystem& fileSystem) {
         .urlSession = urlSession_,
         .userInterface = userInterface_,
         .workspace = workspace_,
-        // All that exist here are known everywhere.
+        // Every slide application of this system is known to all ports.
         .slideApplications = {},
     };
 }

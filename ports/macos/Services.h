@@ -22,8 +22,8 @@ namespace stagehopper::macos_port {
 
 class AppControllerObject;
 
-/// Every object of this port, once. Made on the main thread, with a pool around it; outlives the
-/// controller.
+/// One of every object of this port. Created on the main thread inside an autorelease pool;
+/// outlives the controller.
 class Services {
 public:
     Services();
@@ -31,9 +31,9 @@ public:
     Services(const Services&) = delete;
     Services& operator=(const Services&) = delete;
 
-    /// What the controller asks for.
+    /// The services that the controller uses.
     [[nodiscard]] platform::Platform platform() { return platform(fileSystem_); }
-    /// The same, on other files.
+    /// The same services with another file system.
     [[nodiscard]] platform::Platform platform(platform::FileSystem& fileSystem);
     [[nodiscard]] MacApplication& application() { return application_; }
 

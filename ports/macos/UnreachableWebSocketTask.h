@@ -8,7 +8,7 @@ namespace stagehopper::macos_port {
 
 class FailureQueue;
 
-/// A connection to an address that the system's session does not take: every completion gets an
+/// A connection to an address that the system's session refuses: every call completes with an
 /// error. Any thread.
 class UnreachableWebSocketTask final : public platform::WebSocketTask {
 public:

@@ -16,7 +16,7 @@ constexpr bool isBetween(unsigned char byte, unsigned low, unsigned high) {
     return byte >= low && byte <= high;
 }
 
-/// How many bytes the character at the beginning takes; 0 when none stands there. The rows of
+/// The length in bytes of the character at the start; 0 if there is no well-formed one. The rows of
 /// "Well-Formed UTF-8 Byte Sequences" in the Unicode Standard: no overlong forms, no surrogates,
 /// nothing above U+10FFFF.
 constexpr std::size_t characterLength(std::string_view bytes) {

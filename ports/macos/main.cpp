@@ -7,7 +7,7 @@
 // The entry point of the macOS program: the only place where the application meets this port.
 
 int main() {
-    // A reader of our output that went away must not take the program with it.
+    // A closed pipe at our output must not end the program.
     std::signal(SIGPIPE, SIG_IGN);
 
     const stagehopper::cocoa::AutoreleasePool pool;

@@ -4,8 +4,8 @@
 
 namespace stagehopper::cocoa {
 
-/// Objects that are autoreleased while it stands live as long as it does. One thread; pools end in
-/// the opposite order of their making.
+/// Keeps objects that are autoreleased during its lifetime until its end. One thread; pools end in
+/// the reverse order of their creation.
 class AutoreleasePool {
 public:
     AutoreleasePool() : pool_(objc_autoreleasePoolPush()) {}

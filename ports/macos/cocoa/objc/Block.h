@@ -18,12 +18,12 @@ namespace stagehopper::cocoa {
 template <class Signature>
 class Block;
 
-/// An Objective-C block made of a C++ callable, laid out as clang's page "Block-ABI-Apple" has it.
-/// Whoever gets it copies or retains it for as long as needed, and may call it on any thread, more
-/// than once; the callable goes with the last reference.
+/// An Objective-C block made from a C++ callable, with the layout of clang's page
+/// "Block-ABI-Apple". Its receiver copies or retains it as long as needed, and may call it on any
+/// thread, more than once; the callable is destroyed with the last reference.
 ///
-/// The callable gets handles that live during the call. It has a pool around it. An exception that
-/// leaves it ends the program: nothing unwinds into the system's frames.
+/// The callable gets handles that live during the call, and runs in an autorelease pool. An
+/// exception that leaves it ends the program: nothing unwinds into the system's frames.
 template <class... Arguments>
 class Block<void(Arguments...)> {
 public:
@@ -54,7 +54,7 @@ private:
         void (*copy)(void* copied, const void* original);
         void (*dispose)(const void* block);
         const char* signature;
-        /// Where the captured objects are; we capture none.
+        /// The position of captured objects; we capture none.
         const void* layout;
     };
     struct Literal {
@@ -83,7 +83,7 @@ private:
     void* pointer_;
 };
 
-/// Calls a block that the system has handed to us.
+/// Calls a block that the system passed to us.
 template <class... Arguments>
 void callBlock(BlockPointer block, Arguments... arguments) {
     struct Beginning {

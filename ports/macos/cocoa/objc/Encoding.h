@@ -10,7 +10,7 @@
 #include "ports/macos/cocoa/objc/Runtime.h"
 
 // The runtime's names for C types ("Type Encodings" in Apple's Objective-C Runtime Programming
-// Guide), put together by the compiler.
+// Guide), composed at compile time.
 
 namespace stagehopper::cocoa {
 
@@ -19,11 +19,11 @@ struct BlockPointer {
     void* pointer = nullptr;
 };
 
-/// What a type is when it crosses into the runtime: a handle is the pointer that it holds.
+/// The type that crosses into the runtime: for a handle, the pointer that it holds.
 template <class T>
 using Abi = std::conditional_t<std::derived_from<T, Object>, id, T>;
 
-/// No primary: an argument of a type that cannot be encoded does not compile.
+/// The primary template is invalid: an argument whose type has no encoding does not compile.
 template <class T>
 inline constexpr std::string_view encoding = T::hasNoEncoding;
 template <>

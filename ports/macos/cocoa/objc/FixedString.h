@@ -11,7 +11,7 @@ template <std::size_t size>
 struct FixedString {
     char characters[size]{};
 
-    // Implicit: a literal is written where a FixedString is asked for.
+    // Implicit: callers write a literal where a FixedString is expected.
     constexpr FixedString(const char (&literal)[size]) { std::copy_n(literal, size, characters); }
     [[nodiscard]] constexpr const char* c_str() const { return characters; }
     [[nodiscard]] constexpr std::string_view view() const { return {characters, size - 1}; }

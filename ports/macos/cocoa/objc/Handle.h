@@ -9,8 +9,8 @@ namespace stagehopper::cocoa {
 
 namespace detail {
 
-/// A class that the program cannot do without: one that is missing ends it with its name, instead
-/// of a window that silently never comes.
+/// A class that the program needs. If it is missing, the program ends with its name instead of a
+/// window that silently never appears.
 inline Class requiredClass(const char* name) {
     if (Class found = objc_getClass(name)) return found;
     std::fprintf(stderr, "Stagehopper: this system has no class %s\n", name);
@@ -19,7 +19,7 @@ inline Class requiredClass(const char* name) {
 
 }  // namespace detail
 
-/// The class object of a handle type, which has its name as `className`.
+/// The class object of a handle type, by its member `className`.
 template <class T>
 [[nodiscard]] Class classOf() {
     static const Class found = detail::requiredClass(T::className.c_str());
@@ -45,7 +45,7 @@ protected:
     }
     template <FixedString name, class Signature, class... Arguments>
     static auto sendToClass(Arguments... arguments) {
-        // A class is an object, too.
+        // A class is an object.
         return Message<Self, MessageKind::classLevel, name, Signature>::send(
             reinterpret_cast<id>(classOf<Self>()), arguments...);
     }

@@ -22,8 +22,7 @@ template <FixedString name>
 }  // namespace stagehopper::cocoa
 
 #if defined(STAGEHOPPER_MESSAGE_DISPATCH)
-// Tests put another runtime in the place of Apple's. Their header defines `dispatchMessage` as
-// below.
+// Tests replace Apple's runtime. Their header defines `dispatchMessage` with the signature below.
 #include STAGEHOPPER_MESSAGE_DISPATCH
 #else
 
@@ -38,7 +37,7 @@ void objc_msgSend_stret(void);
 namespace stagehopper::cocoa {
 
 #if defined(__x86_64__)
-/// On this architecture large structures come back through memory that the caller provides.
+/// On this architecture large structures are returned through memory of the caller.
 template <class Result>
 constexpr bool returnsThroughMemory() {
     if constexpr (std::is_class_v<Result>) return sizeof(Result) > 16;
@@ -46,13 +45,13 @@ constexpr bool returnsThroughMemory() {
 }
 #endif
 
-/// Sends a message that the handle `Receiver` declares. A message to nil answers zero, also where
+/// Sends a message that the handle `Receiver` declares. A message to nil returns zero, even where
 /// the runtime would leave a structure undefined.
 template <class Receiver, MessageKind kind, FixedString name, class Result, class... Arguments>
 Result dispatchMessage(id receiver, Arguments... arguments) {
     static_assert((std::is_trivially_copyable_v<Arguments> && ...));
     if (receiver == nullptr) return Result();
-    // The runtime wants the exact type of the method at the call.
+    // The call must have the exact type of the method.
     using Method = Result (*)(id, SEL, Arguments...);
 #if defined(__x86_64__)
     if constexpr (returnsThroughMemory<Result>()) {

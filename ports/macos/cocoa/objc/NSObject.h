@@ -6,7 +6,7 @@ namespace stagehopper::cocoa {
 
 class NSString;
 
-/// NSObject. Any thread for what stands here.
+/// NSObject. Any thread for the members here.
 class NSObject : public Handle<NSObject, Object> {
 public:
     static constexpr FixedString className{"NSObject"};
@@ -14,7 +14,7 @@ public:
 
     [[nodiscard]] NSObject retain() const { return send<"retain", NSObject()>(); }
     void release() const { send<"release", void()>(); }
-    /// Given away to the current pool.
+    /// Hands the reference to the current pool.
     [[nodiscard]] NSObject autorelease() const { return send<"autorelease", NSObject()>(); }
 
     [[nodiscard]] bool isKindOfClass(Class other) const {
@@ -26,7 +26,7 @@ public:
     /// Key-value coding; an unknown key raises an exception.
     void setValueForKey(NSObject value, NSString key) const;
 
-    /// This object as a `T` when it is one, else nil.
+    /// This object as a `T`; nil if it is of another class.
     template <class T>
     [[nodiscard]] T as() const {
         return isKindOfClass(classOf<T>()) ? T(pointer()) : T();

@@ -4,9 +4,9 @@
 
 namespace stagehopper::cocoa {
 
-/// A borrowed Objective-C object: a pointer with a type. Whoever keeps one keeps an `Owned` beside
-/// it. Two are equal when they are the same object. The classes derived from it say which messages
-/// may be sent; a message to nil does nothing and answers zero.
+/// A borrowed Objective-C object: a pointer with a type. To keep the object, keep an `Owned` of it.
+/// Two handles are equal if they refer to the same object. Derived classes declare the messages; a
+/// message to nil does nothing and returns zero.
 class Object {
 public:
     constexpr Object() = default;

@@ -21,14 +21,14 @@ using Class = ::objc_class*;
 using SEL = ::objc_selector*;
 using Ivar = ::objc_ivar*;
 using Protocol = ::objc_object;
-/// Any method's address; cast to its exact type before it is called.
+/// The address of any method; cast it to its exact type before a call.
 using IMP = void (*)();
 
 using NSInteger = long;
 using NSUInteger = unsigned long;
 
 #if defined(STAGEHOPPER_OBJC_BOOL)
-// A runtime other than Apple's says what its own is.
+// A runtime other than Apple's defines its own.
 using BOOL = STAGEHOPPER_OBJC_BOOL;
 #elif defined(__APPLE__) && defined(__x86_64__)
 using BOOL = signed char;
@@ -70,7 +70,7 @@ Class object_getClass(id object);
 Ivar class_getInstanceVariable(Class ofClass, const char* name);
 IMP class_getMethodImplementation(Class ofClass, SEL name);
 std::ptrdiff_t ivar_getOffset(Ivar variable);
-/// Not in a public header, but what every compiler emits for `@autoreleasepool`.
+/// Not in a public header, but every compiler emits it for `@autoreleasepool`.
 void* objc_autoreleasePoolPush(void);
 void objc_autoreleasePoolPop(void* pool);
 }

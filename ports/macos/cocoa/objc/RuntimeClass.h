@@ -14,8 +14,8 @@ namespace stagehopper::cocoa {
 
 namespace detail {
 
-/// One under a name that something else in the process has already would have none of our methods:
-/// it ends the program with that name instead.
+/// Ends the program with the name if another part of the process already uses it: that class would
+/// lack our methods.
 inline Class newClass(const char* name) {
     if (Class made = objc_allocateClassPair(classOf<NSObject>(), name, 0)) return made;
     std::fprintf(stderr, "Stagehopper: a class %s is there already\n", name);
@@ -24,11 +24,12 @@ inline Class newClass(const char* name) {
 
 }  // namespace detail
 
-/// A class that we register with the runtime; its methods call a C++ object of type `Target`, which
-/// each instance holds weakly: once the target is gone they do nothing and answer zero.
+/// A class that we register with the runtime. Its methods call a C++ object of type `Target`, which
+/// each instance holds weakly: once the target is gone, they do nothing and return zero.
 ///
-/// Made once for each class name, and never unmade. Main thread. Methods run on the thread that
-/// sends the message, with a pool around them; an exception that leaves one ends the program.
+/// Created once for each class name, and never destroyed. Main thread. Methods run in an
+/// autorelease pool on the thread that sends the message; an exception that leaves one ends the
+/// program.
 template <class Target>
 class RuntimeClass {
 public:
@@ -39,8 +40,8 @@ public:
                         methodEncoding<void>);
     }
 
-    /// Conformance by name; a protocol that the runtime has no record of is left out, since the
-    /// system asks for methods.
+    /// Adds a protocol by name. Skips a protocol that the runtime does not know: the system asks
+    /// for methods, not for protocols.
     RuntimeClass& conformsTo(const char* protocol) {
         if (auto* found = objc_getProtocol(protocol)) class_addProtocol(class_, found);
         return *this;
@@ -76,7 +77,8 @@ private:
     static constexpr const char* targetVariable = "target";
 
     static std::weak_ptr<Target>*& targetOf(id object, Class itsClass) {
-        // Asked for each time: the offset belongs to the class, and several may share a target.
+        // Looked up each time: the offset belongs to the class, and several classes may share a
+        // target type.
         const auto offset = ivar_getOffset(class_getInstanceVariable(itsClass, targetVariable));
         return *reinterpret_cast<std::weak_ptr<Target>**>(reinterpret_cast<char*>(object) + offset);
     }

@@ -18,7 +18,7 @@ public:
     static constexpr FixedString className{"NSApplication"};
     using Handle::Handle;
 
-    /// The first call makes it and connects it to the window server.
+    /// The first call creates the application object and connects it to the window server.
     static NSApplication sharedApplication() {
         return sendToClass<"sharedApplication", NSApplication()>();
     }

@@ -12,8 +12,8 @@ public:
     static constexpr FixedString className{"NSMenuItem"};
     using Handle::Handle;
 
-    /// `action` may be null. Without a target it goes to the first responder. The modifier of the
-    /// key equivalent is Command unless another is set.
+    /// `action` may be null. Without a target the action goes to the first responder. The modifier
+    /// of the key equivalent is Command unless another is set.
     static Owned<NSMenuItem> make(NSString title, SEL action, NSString keyEquivalent) {
         return Owned<NSMenuItem>::adopt(
             allocate().initWithTitleActionKeyEquivalent(title, action, keyEquivalent));

@@ -10,12 +10,12 @@ public:
     static constexpr FixedString className{"NSScreen"};
     using Handle::Handle;
 
-    /// The one with the key window; nil when there is none.
+    /// The screen with the key window; nil without one.
     static NSScreen mainScreen() { return sendToClass<"mainScreen", NSScreen()>(); }
-    /// The one with the menu bar first.
+    /// The screen with the menu bar comes first.
     static NSArray screens() { return sendToClass<"screens", NSArray()>(); }
 
-    /// With the menu bar and the Dock.
+    /// Includes the menu bar and the Dock.
     [[nodiscard]] CGRect frame() const { return send<"frame", CGRect()>(); }
 };
 

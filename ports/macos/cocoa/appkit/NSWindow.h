@@ -37,12 +37,12 @@ public:
     void setReleasedWhenClosed(bool released) const {
         send<"setReleasedWhenClosed:", void(BOOL)>(toBOOL(released));
     }
-    /// Whether the system opens it again at the next start.
+    /// Whether the system reopens it at the next start.
     void setRestorable(bool restorable) const {
         send<"setRestorable:", void(BOOL)>(toBOOL(restorable));
     }
     void setTitle(NSString title) const { send<"setTitle:", void(NSString)>(title); }
-    /// Of the frame: the title bar counts.
+    /// Of the frame, including the title bar.
     void setMinSize(CGSize size) const { send<"setMinSize:", void(CGSize)>(size); }
     void setContentView(NSView view) const { send<"setContentView:", void(NSView)>(view); }
     void center() const { send<"center", void()>(); }
@@ -53,7 +53,7 @@ public:
     }
     void orderFrontRegardless() const { send<"orderFrontRegardless", void()>(); }
     void orderOut(NSObject sender) const { send<"orderOut:", void(NSObject)>(sender); }
-    /// Unasked: the delegate hears that it closes, and cannot refuse.
+    /// Does not ask the delegate, which is only notified.
     void close() const { send<"close", void()>(); }
 
     void setBackgroundColor(NSColor color) const {

@@ -6,7 +6,7 @@
 
 namespace stagehopper::cocoa {
 
-/// NSWorkspace. Any thread may ask; what it knows follows the main run loop.
+/// NSWorkspace. Any thread may ask; its data is updated by the main run loop.
 class NSWorkspace : public Handle<NSWorkspace, NSObject> {
 public:
     static constexpr FixedString className{"NSWorkspace"};
@@ -14,11 +14,11 @@ public:
 
     static NSWorkspace sharedWorkspace() { return sendToClass<"sharedWorkspace", NSWorkspace()>(); }
 
-    /// Of NSRunningApplication.
+    /// Elements: NSRunningApplication.
     [[nodiscard]] NSArray runningApplications() const {
         return send<"runningApplications", NSArray()>();
     }
-    /// Nil when no program gets the key presses.
+    /// The program that gets the key presses; nil if there is none.
     [[nodiscard]] NSRunningApplication frontmostApplication() const {
         return send<"frontmostApplication", NSRunningApplication()>();
     }

@@ -4,7 +4,7 @@
 
 #include "ports/macos/cocoa/objc/Object.h"
 
-// Core Foundation, as <CoreFoundation/*.h> declare it. Any thread for what stands here.
+// Core Foundation, as declared by <CoreFoundation/*.h>. Any thread for the declarations here.
 
 extern "C" {
 struct __CFArray;
@@ -25,7 +25,8 @@ using CFStringRef = const ::__CFString*;
 using CFIndex = long;
 using CFNumberType = CFIndex;
 using CFTypeID = unsigned long;
-/// Of Core Foundation and of the accessibility functions; not the `bool` of newer ones.
+/// The truth type of Core Foundation and of the accessibility functions; newer functions use
+/// `bool`.
 using Boolean = unsigned char;
 
 inline constexpr CFNumberType kCFNumberSInt64Type = 4;
@@ -41,35 +42,35 @@ CFTypeID CFStringGetTypeID(void);
 CFIndex CFArrayGetCount(CFArrayRef array);
 CFTypeRef CFArrayGetValueAtIndex(CFArrayRef array, CFIndex index);
 Boolean CFBooleanGetValue(CFBooleanRef boolean);
-/// False when the number does not fit into that type as it is.
+/// False if the number has no exact value of that type.
 Boolean CFNumberGetValue(CFNumberRef number, CFNumberType type, void* value);
 }
 
-/// An object of Foundation under the name that it has in Core Foundation: NSString is CFString,
-/// NSDictionary CFDictionary ("toll-free bridged").
+/// A Foundation object as its Core Foundation type: NSString is CFString, NSDictionary is
+/// CFDictionary ("toll-free bridged").
 template <class Reference>
 [[nodiscard]] Reference bridged(Object object) {
     return static_cast<Reference>(static_cast<CFTypeRef>(object.pointer()));
 }
 
-/// The other way; the caller says of which class it is.
+/// The opposite conversion; the caller chooses the class.
 [[nodiscard]] inline id foundationObject(CFTypeRef object) {
     return static_cast<id>(const_cast<void*>(object));
 }
 
-/// One reference to an object of Core Foundation or of those who follow its rules, released at the
-/// end. Any thread, as far as the object allows it.
+/// One reference to an object of Core Foundation, or of a library that follows its rules, released
+/// by the destructor. Any thread, as far as the object allows it.
 template <class Reference>
 class CFOwned {
 public:
     CFOwned() = default;
-    /// Takes over the reference that a function with Create or Copy in its name has given.
+    /// Takes over the reference that a function with Create or Copy in its name returned.
     [[nodiscard]] static CFOwned adopt(Reference object) {
         CFOwned owned;
         owned.object_ = object;
         return owned;
     }
-    /// Keeps an object that belongs to somebody else.
+    /// Adds a reference to an object that has other owners.
     [[nodiscard]] static CFOwned share(Reference borrowed) {
         if (borrowed != nullptr) CFRetain(borrowed);
         return adopt(borrowed);
@@ -84,7 +85,7 @@ public:
         if (object_ != nullptr) CFRelease(object_);
     }
 
-    /// Lends it.
+    /// Lends the object: the reference stays here.
     [[nodiscard]] Reference get() const { return object_; }
     explicit operator bool() const { return object_ != nullptr; }
 

@@ -27,7 +27,7 @@ public:
     }
 };
 
-/// The elements, taken for what the system says they are.
+/// The elements, cast to the class that the system documents.
 template <class T>
 [[nodiscard]] std::vector<T> elements(NSArray array) {
     std::vector<T> taken;

@@ -16,7 +16,7 @@ public:
     static constexpr FixedString className{"NSDateFormatter"};
     using Handle::Handle;
 
-    /// As the user's locale writes it, in the local time zone.
+    /// In the format of the user's locale and in the local time zone.
     static NSString localizedStringFromDate(NSDate date, NSDateFormatterStyle dateStyle,
                                             NSDateFormatterStyle timeStyle) {
         return sendToClass<"localizedStringFromDate:dateStyle:timeStyle:",

@@ -14,8 +14,8 @@ public:
     static NSFileHandle fileHandleWithNullDevice() {
         return sendToClass<"fileHandleWithNullDevice", NSFileHandle()>();
     }
-    /// Blocks until the other side has closed it; nil when reading fails. (The older message
-    /// without an error raises an exception instead.)
+    /// Blocks until the other side closes it; nil if reading fails. (The older message without an
+    /// error raises an exception instead.)
     [[nodiscard]] NSData readDataToEndOfFileAndReturnError(NSError& error) const {
         id reported = nullptr;
         const auto data = send<"readDataToEndOfFileAndReturnError:", NSData(id*)>(&reported);

@@ -4,7 +4,7 @@
 
 namespace stagehopper::cocoa {
 
-/// NSFileManager. Any thread for the default one.
+/// NSFileManager. Any thread for the default manager.
 class NSFileManager : public Handle<NSFileManager, NSObject> {
 public:
     static constexpr FixedString className{"NSFileManager"};

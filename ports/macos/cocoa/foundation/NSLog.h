@@ -3,6 +3,6 @@
 #include "ports/macos/cocoa/foundation/NSString.h"
 
 extern "C" {
-/// Variadic, as it must be declared: on arm64 such arguments go another way than named ones.
+/// Must be declared variadic: arm64 passes variadic arguments differently from named ones.
 void NSLog(stagehopper::cocoa::id format, ...);
 }

@@ -10,7 +10,7 @@ public:
     static constexpr FixedString className{"NSNotification"};
     using Handle::Handle;
 
-    /// Whom it is about; nil when it is about nobody.
+    /// The object that the notification is about; nil if there is none.
     [[nodiscard]] NSObject object() const { return send<"object", NSObject()>(); }
 };
 

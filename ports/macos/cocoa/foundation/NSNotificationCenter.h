@@ -14,7 +14,7 @@ public:
         return sendToClass<"defaultCenter", NSNotificationCenter()>();
     }
 
-    /// `observer` is not retained. A nil object stands for every object.
+    /// `observer` is not retained. A nil object matches every object.
     void addObserver(NSObject observer, SEL selector, NSString name, NSObject object) const {
         send<"addObserver:selector:name:object:", void(NSObject, SEL, NSString, NSObject)>(
             observer, selector, name, object);

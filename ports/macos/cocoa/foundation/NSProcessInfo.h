@@ -19,16 +19,16 @@ public:
 
     static NSProcessInfo processInfo() { return sendToClass<"processInfo", NSProcessInfo()>(); }
 
-    /// Of NSStrings.
+    /// Elements: NSString.
     [[nodiscard]] NSArray arguments() const { return send<"arguments", NSArray()>(); }
-    /// Of NSStrings.
+    /// Elements: NSString.
     [[nodiscard]] NSDictionary environment() const { return send<"environment", NSDictionary()>(); }
     [[nodiscard]] int processIdentifier() const { return send<"processIdentifier", int()>(); }
-    /// Seconds; stands still while the machine sleeps, and is never set back.
+    /// Seconds; stops while the machine sleeps, and never goes backwards.
     [[nodiscard]] double systemUptime() const { return send<"systemUptime", double()>(); }
 
-    /// Keeps the system from slowing this process down until the activity, which the caller keeps,
-    /// is ended.
+    /// Keeps the system from slowing this process down until `endActivity`. The caller keeps the
+    /// returned activity.
     [[nodiscard]] NSObject beginActivityWithOptions(NSActivityOptions options,
                                                     NSString reason) const {
         return send<"beginActivityWithOptions:reason:", NSObject(NSUInteger, NSString)>(options,

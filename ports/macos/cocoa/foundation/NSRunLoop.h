@@ -4,13 +4,13 @@
 #include "ports/macos/cocoa/foundation/NSTimer.h"
 
 extern "C" {
-/// An NSString: all modes in which a program waits for its user, tracked menus among them.
+/// An NSString: every mode in which a program waits for its user, including open menus.
 extern const stagehopper::cocoa::id NSRunLoopCommonModes;
 }
 
 namespace stagehopper::cocoa {
 
-/// NSRunLoop. The thread that it belongs to.
+/// NSRunLoop. Only on its own thread.
 class NSRunLoop : public Handle<NSRunLoop, NSObject> {
 public:
     static constexpr FixedString className{"NSRunLoop"};

@@ -27,13 +27,13 @@ public:
     static constexpr FixedString className{"NSString"};
     using Handle::Handle;
 
-    /// Nil when the bytes are not well-formed. Unlike a C string it may hold zeros.
+    /// Nil when the bytes are not well-formed. Unlike a C string it may contain zeros.
     static Owned<NSString> make(std::string_view bytes) {
         return Owned<NSString>::adopt(
             allocate().initWithBytes(bytes.data(), bytes.size(), NSUTF8StringEncoding));
     }
 
-    /// Null when it holds an unpaired surrogate, which UTF-8 has no bytes for.
+    /// Null if the string has an unpaired surrogate, which UTF-8 cannot represent.
     [[nodiscard]] const char* UTF8String() const { return send<"UTF8String", const char*()>(); }
     [[nodiscard]] NSUInteger lengthOfBytesUsingEncoding(NSUInteger encoding) const {
         return send<"lengthOfBytesUsingEncoding:", NSUInteger(NSUInteger)>(encoding);
@@ -61,7 +61,7 @@ private:
     if (const auto size = string.lengthOfBytesUsingEncoding(NSUTF8StringEncoding); size > 0) {
         if (const char* bytes = string.UTF8String()) return {bytes, size};
     }
-    // It is empty, or has no UTF-8.
+    // The string is empty, or UTF-8 cannot represent it.
     std::u16string units(string.length(), u'\0');
     for (NSUInteger index = 0; index < units.size(); ++index) {
         units[index] = string.characterAtIndex(index);
@@ -69,8 +69,8 @@ private:
     return utf8Of(units);
 }
 
-/// For arguments: `window.setTitle(string(title))`. Lives as long as the current pool. Of bytes
-/// that are not well-formed UTF-8 it keeps the ASCII, so that a message is never lost as a whole.
+/// For arguments: `window.setTitle(string(title))`. Lives as long as the current pool. If the bytes
+/// are not well-formed UTF-8, only the ASCII survives, so that a message is never lost entirely.
 [[nodiscard]] inline NSString string(std::string_view bytes) {
     auto made = NSString::make(bytes);
     if (!made) {

@@ -8,8 +8,7 @@
 
 namespace stagehopper::cocoa {
 
-/// NSTask. Any thread. Messages about a running process raise an exception in a task that was never
-/// launched.
+/// NSTask. Any thread. Messages about the process raise an exception before a successful launch.
 class NSTask : public Handle<NSTask, NSObject> {
 public:
     static constexpr FixedString className{"NSTask"};
@@ -27,7 +26,8 @@ public:
     void setCurrentDirectoryURL(NSURL directory) const {
         send<"setCurrentDirectoryURL:", void(NSURL)>(directory);
     }
-    /// An NSPipe or an NSFileHandle, here and below. Of a pipe the task closes our writing end.
+    /// `input`, `output` and `error` are an NSPipe or an NSFileHandle. The task closes our writing
+    /// end of a pipe.
     void setStandardInput(NSObject input) const {
         send<"setStandardInput:", void(NSObject)>(input);
     }
@@ -37,11 +37,11 @@ public:
     void setStandardError(NSObject error) const {
         send<"setStandardError:", void(NSObject)>(error);
     }
-    /// Called on a thread of the system's when the process has exited.
+    /// Called on a system thread after the process exits.
     void setTerminationHandler(const Block<void(NSTask)>& handler) const {
         send<"setTerminationHandler:", void(BlockPointer)>(handler.get());
     }
-    /// When it fails, `error` says why.
+    /// On failure, `error` has the reason.
     [[nodiscard]] bool launchAndReturnError(NSError& error) const {
         id reported = nullptr;
         const auto launched = send<"launchAndReturnError:", BOOL(id*)>(&reported);
@@ -49,10 +49,10 @@ public:
         return fromBOOL(launched);
     }
     [[nodiscard]] bool isRunning() const { return fromBOOL(send<"isRunning", BOOL()>()); }
-    /// SIGTERM; nothing when it has exited.
+    /// Sends SIGTERM; does nothing after the exit.
     void terminate() const { send<"terminate", void()>(); }
     // Not waitUntilExit: on the main thread it runs the loop inside the caller, on others it may
-    // miss the exit and wait for ever. The termination handler comes in any case.
+    // miss the exit and wait forever. The termination handler is always called.
     /// Raises an exception while the process runs.
     [[nodiscard]] int terminationStatus() const { return send<"terminationStatus", int()>(); }
 

@@ -5,13 +5,13 @@
 
 namespace stagehopper::cocoa {
 
-/// NSTimer. The thread of the run loop that it is added to.
+/// NSTimer. Only on the thread of its run loop.
 class NSTimer : public Handle<NSTimer, NSObject> {
 public:
     static constexpr FixedString className{"NSTimer"};
     using Handle::Handle;
 
-    /// Runs once a run loop has it. `interval` is seconds.
+    /// Starts when it is added to a run loop. `interval` is in seconds.
     static NSTimer timerWithTimeInterval(double interval, bool repeats,
                                          const Block<void(NSTimer)>& block) {
         return sendToClass<"timerWithTimeInterval:repeats:block:",

@@ -10,7 +10,8 @@ public:
     static constexpr FixedString className{"NSURL"};
     using Handle::Handle;
 
-    /// Nil when the text is no URL. From macOS 14 on it escapes what older systems refuse.
+    /// Nil if the text is an invalid URL. macOS 14 and later escape characters that older systems
+    /// refuse.
     static NSURL URLWithString(NSString text) {
         return sendToClass<"URLWithString:", NSURL(NSString)>(text);
     }

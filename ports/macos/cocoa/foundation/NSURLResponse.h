@@ -10,7 +10,7 @@ public:
     static constexpr FixedString className{"NSURLResponse"};
     using Handle::Handle;
 
-    /// Whose answer it is: after a redirect, of another URL than was asked for.
+    /// The URL of this response; after a redirect it differs from the requested one.
     [[nodiscard]] NSURL URL() const { return send<"URL", NSURL()>(); }
 };
 

@@ -12,10 +12,10 @@ public:
     static constexpr FixedString className{"NSURLSession"};
     using Handle::Handle;
 
-    /// Body and response, or what went wrong.
+    /// Gets the body and the response, or the error.
     using DataReceiver = Block<void(NSData, NSURLResponse, NSError)>;
 
-    /// The process's own, with a queue of its own for completions.
+    /// The session of the process, with its own queue for completions.
     static NSURLSession sharedSession() { return sendToClass<"sharedSession", NSURLSession()>(); }
 
     [[nodiscard]] NSURLSessionDataTask dataTaskWithURL(NSURL url,

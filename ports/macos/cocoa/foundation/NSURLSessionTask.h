@@ -10,7 +10,7 @@ public:
     static constexpr FixedString className{"NSURLSessionTask"};
     using Handle::Handle;
 
-    /// A new task does nothing until then.
+    /// Starts the task.
     void resume() const { send<"resume", void()>(); }
 };
 

@@ -18,9 +18,9 @@ public:
 
     /// An NSURLSessionWebSocketMessageType; later systems may have more.
     [[nodiscard]] NSInteger type() const { return send<"type", NSInteger()>(); }
-    /// Nil unless its type says so.
+    /// Nil for a message of the other type.
     [[nodiscard]] NSData data() const { return send<"data", NSData()>(); }
-    /// Nil unless its type says so.
+    /// Nil for a message of the other type.
     [[nodiscard]] NSString string() const { return send<"string", NSString()>(); }
 };
 

@@ -13,9 +13,9 @@ public:
     static constexpr FixedString className{"NSURLSessionWebSocketTask"};
     using Handle::Handle;
 
-    /// The next message; nil, and the reason, when there is none.
+    /// Gets the next message, or nil and the error.
     using Receiver = Block<void(NSURLSessionWebSocketMessage, NSError)>;
-    /// Nil when the pong has come.
+    /// Gets nil for a pong, else the error.
     using PongReceiver = Block<void(NSError)>;
 
     void receiveMessageWithCompletionHandler(const Receiver& completion) const {
@@ -25,7 +25,7 @@ public:
     void sendPingWithPongReceiveHandler(const PongReceiver& handler) const {
         send<"sendPingWithPongReceiveHandler:", void(BlockPointer)>(handler.get());
     }
-    /// `closeCode` is an NSURLSessionWebSocketCloseCode, which has the protocol's numbers.
+    /// `closeCode` is an NSURLSessionWebSocketCloseCode, with the numbers of the protocol.
     void cancelWithCloseCode(NSInteger closeCode, NSData reason) const {
         send<"cancelWithCloseCode:reason:", void(NSInteger, NSData)>(closeCode, reason);
     }

@@ -10,7 +10,7 @@ public:
     static constexpr FixedString className{"NSUUID"};
     using Handle::Handle;
 
-    /// A fresh random one.
+    /// A new random UUID.
     static NSUUID UUID() { return sendToClass<"UUID", NSUUID()>(); }
     /// Upper case, with hyphens.
     [[nodiscard]] NSString UUIDString() const { return send<"UUIDString", NSString()>(); }

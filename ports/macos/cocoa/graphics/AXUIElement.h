@@ -32,8 +32,8 @@ AXUIElementRef AXUIElementCreateSystemWide(void);
 AXError AXUIElementCopyAttributeValue(AXUIElementRef element, CFStringRef attribute,
                                       CFTypeRef* value);
 AXError AXUIElementPerformAction(AXUIElementRef element, CFStringRef action);
-/// How long a call waits for the other program. Of the system-wide element: for the whole process;
-/// of another one: for that reference alone. 0 takes the limit back.
+/// How long a call waits for the other program. For the system-wide element: in the whole process;
+/// for another element: for that reference only. 0 restores the default.
 AXError AXUIElementSetMessagingTimeout(AXUIElementRef element, float seconds);
 }
 

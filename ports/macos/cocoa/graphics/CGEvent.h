@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-// Events of the window server, as <CoreGraphics/CGEvent.h> declares them. They are released by
-// Core Foundation's rules.
+// Events of the window server, as <CoreGraphics/CGEvent.h> declares them. Core Foundation's rules
+// apply to their release.
 
 extern "C" {
 struct __CGEvent;
@@ -20,7 +20,7 @@ enum CGEventTapLocation : std::uint32_t {
     kCGHIDEventTap = 0,
 };
 
-/// Bits; an event may carry others, too.
+/// Bits; an event may have further ones.
 enum CGEventFlags : std::uint64_t {
     kCGEventFlagMaskAlphaShift = 0x10000,
     kCGEventFlagMaskShift = 0x20000,
@@ -30,8 +30,8 @@ enum CGEventFlags : std::uint64_t {
 };
 
 extern "C" {
-/// Null when it cannot be made. Without a source the event begins with the modifiers that are held
-/// down now; an arrow key has flags of its own beside them.
+/// Null on failure. Without a source the event starts with the modifiers that are held down now; an
+/// arrow key also has flags of its own.
 CGEventRef CGEventCreateKeyboardEvent(CGEventSourceRef source, CGKeyCode key, bool keyDown);
 CGEventFlags CGEventGetFlags(CGEventRef event);
 void CGEventSetFlags(CGEventRef event, CGEventFlags flags);

@@ -8,7 +8,7 @@ namespace stagehopper::cocoa {
 using CGWindowLevel = std::int32_t;
 
 extern "C" {
-/// Of the window that covers everything when a program takes a display for itself. Any thread.
+/// The level of the window that covers everything when a program captures a display. Any thread.
 CGWindowLevel CGShieldingWindowLevel();
 }
 

@@ -11,12 +11,12 @@ public:
     static constexpr FixedString className{"WKScriptMessage"};
     using Handle::Handle;
 
-    /// What the page posted: an NSString for a string, else an NSNumber, NSDate, NSArray,
-    /// NSDictionary or NSNull.
+    /// The posted value: an NSString for a string, else an NSNumber, NSDate, NSArray, NSDictionary
+    /// or NSNull.
     [[nodiscard]] NSObject body() const { return send<"body", NSObject()>(); }
-    /// Of the frame that has posted it.
+    /// The frame that posted it.
     [[nodiscard]] WKFrameInfo frameInfo() const { return send<"frameInfo", WKFrameInfo()>(); }
-    /// Of the handler that it was posted to.
+    /// The name of the handler that it was posted to.
     [[nodiscard]] NSString name() const { return send<"name", NSString()>(); }
 };
 

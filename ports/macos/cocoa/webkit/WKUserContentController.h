@@ -14,7 +14,7 @@ public:
         return Owned<WKUserContentController>::adopt(allocate().init());
     }
 
-    /// `handler` is retained. A name that is taken already raises an exception.
+    /// `handler` is retained. A name in use raises an exception.
     void addScriptMessageHandler(NSObject handler, NSString name) const {
         send<"addScriptMessageHandler:name:", void(NSObject, NSString)>(handler, name);
     }

@@ -20,12 +20,12 @@ public:
     void setNavigationDelegate(NSObject delegate) const {
         send<"setNavigationDelegate:", void(NSObject)>(delegate);
     }
-    /// Answers the navigation, an object without use to us.
+    /// Ignores the returned navigation object.
     void loadFileURL(NSURL file, NSURL readAccess) const {
         static_cast<void>(
             send<"loadFileURL:allowingReadAccessToURL:", NSObject(NSURL, NSURL)>(file, readAccess));
     }
-    /// Nobody hears of the result.
+    /// Ignores the result of the script.
     void evaluateJavaScript(NSString script) const {
         send<"evaluateJavaScript:completionHandler:", void(NSString, BlockPointer)>(script,
                                                                                     BlockPointer());

@@ -6,7 +6,7 @@
 
 namespace stagehopper::cocoa {
 
-/// WKWebViewConfiguration. Main thread only. A web view copies it when it is made.
+/// WKWebViewConfiguration. Main thread only. A web view copies it at its creation.
 class WKWebViewConfiguration : public Handle<WKWebViewConfiguration, NSObject> {
 public:
     static constexpr FixedString className{"WKWebViewConfiguration"};

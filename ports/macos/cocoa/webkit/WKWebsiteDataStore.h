@@ -10,7 +10,7 @@ public:
     static constexpr FixedString className{"WKWebsiteDataStore"};
     using Handle::Handle;
 
-    /// In memory, a new one each time.
+    /// A new store in memory at each call.
     static WKWebsiteDataStore nonPersistentDataStore() {
         return sendToClass<"nonPersistentDataStore", WKWebsiteDataStore()>();
     }

@@ -29,7 +29,7 @@ cocoa::id sharedApplication() {
     return sharedInstance("NSApplication");
 }
 
-/// As systems from macOS 14 on do, about a program that does not say how its windows are archived.
+/// As macOS 14 and later do for a program that does not define how its windows are archived.
 void Application::warnOfInsecureState() {
     const std::string question = "applicationSupportsSecureRestorableState:";
     if (responds(delegate(), question) &&

@@ -13,25 +13,25 @@ class Windows;
 
 /// The running program as the system and its user see it. Main thread only.
 ///
-/// On the real system `terminate:` ends the process from inside, so `run` never returns. Here it
-/// returns then, and what comes after a `terminate:` in the same callback is still done.
+/// On the real system `terminate:` ends the process from inside, so `run` never returns. Here `run`
+/// returns, and code after a `terminate:` in the same callback still runs.
 class Application {
 public:
     Application(const Windows& windows, std::vector<std::string>& systemLog)
         : windows_(windows), systemLog_(systemLog) {}
 
-    /// What `run` does first: the delegate hears that launching has finished. For tests that let
-    /// time go by themselves.
+    /// The first step of `run`: notifies the delegate that launching has finished. For tests that
+    /// advance time themselves.
     void finishLaunching();
-    /// The user chooses an item of the main menu, as soon as the main thread takes it. Throws when
+    /// The user chooses an item of the main menu; handled when the main thread is free. Throws if
     /// there is no such item.
     void userPresses(std::string_view title);
-    /// Shut-down or log-out of the user: as `terminate:`, as soon as the main thread takes it.
+    /// The user shuts down or logs out: like `terminate:`, handled when the main thread is free.
     void systemQuits();
 
     [[nodiscard]] bool launched() const { return launched_; }
     [[nodiscard]] bool terminated() const { return terminated_; }
-    /// Of a program without a bundle as long as it does not say: prohibited, 2.
+    /// The default for a program without a bundle is prohibited, 2.
     [[nodiscard]] long activationPolicy() const { return activationPolicy_; }
     /// False: there is no shared application object.
     bool exists = true;
@@ -39,14 +39,14 @@ public:
     int activations = 0;
     /// Actions of menu items that went to the first responder and not to the application: "copy:".
     std::vector<std::string> actions;
-    /// Messages that this version of the system does not have yet.
+    /// Messages that are absent from this version of the system.
     std::set<std::string> missing;
 
     // --- for NSApplication and NSWindow -------------------------------------------------------
     void run();
     void terminate();
     void setActivationPolicy(long policy) { activationPolicy_ = policy; }
-    /// Asks the delegate, a little later, whether that was it.
+    /// Asks the delegate, a little later, whether to quit.
     void windowWasClosed();
 
 private:

@@ -100,7 +100,7 @@ std::string performMenuItem(cocoa::id item) {
         sendToPort(target, action->name, item);
         return {};
     }
-    // The application stands last in the chain.
+    // The application is last in the chain.
     const auto application = classes::named("NSApplication");
     if (classes::factFor(application, macos_facts::Kind::instance, action->name) == nullptr) {
         return action->name;

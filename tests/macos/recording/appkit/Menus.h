@@ -14,7 +14,7 @@ namespace stagehopper::recording {
 /// separator, the menu's title for an item with a submenu.
 [[nodiscard]] std::vector<std::string> menuLines(cocoa::id menu);
 
-/// In the menu or below it; nil when there is none.
+/// Searches the menu and its submenus; nil if it is absent.
 [[nodiscard]] cocoa::id findMenuItem(cocoa::id menu, std::string_view title);
 
 /// Chooses an item: its action goes to its target, else along the responders. Returns the name of

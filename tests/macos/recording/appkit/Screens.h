@@ -12,10 +12,10 @@ namespace stagehopper::recording {
 class Screens {
 public:
     [[nodiscard]] const std::vector<cocoa::CGRect>& frames() const { return frames_; }
-    /// Which has the key window; absent when the system names none.
+    /// The index of the screen with the key window; absent if the system reports none.
     std::optional<std::size_t> main = 0;
 
-    /// They are these now; observers hear of it as soon as the main thread takes it.
+    /// Replaces the screens; observers are notified when the main thread is free.
     void change(std::vector<cocoa::CGRect> frames);
 
 private:

@@ -45,7 +45,7 @@ Value setFrame(Call& call) {
     return {};
 }
 
-/// In the middle of the first screen; the real one goes a little higher.
+/// Centers on the first screen; the real system places it a little higher.
 Value center(Call& call) {
     const auto& screens = World::current().screens;
     if (screens.frames().empty()) return {};
@@ -78,7 +78,7 @@ Value orderOut(Call& call) {
     return {};
 }
 
-/// The delegate hears of it first; the window is still whole then.
+/// Notifies the delegate first, while the window is still intact.
 Value close(Call& call) {
     const auto window = call.receiver();
     const bool wasVisible = property(window, "visible").as<bool>();

@@ -9,7 +9,7 @@
 
 namespace stagehopper::recording {
 
-/// A window as the user, and a test, sees it.
+/// The visible state of a window, for tests.
 struct WindowLook {
     std::string className;
     std::string title;
@@ -29,7 +29,7 @@ struct WindowLook {
     bool ignoresMouseEvents = false;
     bool releasedWhenClosed = true;
     bool restorable = true;
-    /// 0: AppKit moves it in and out as it likes.
+    /// 0: AppKit chooses the animations.
     long animationBehavior = 0;
     cocoa::id contentView = nullptr;
 };
@@ -37,9 +37,9 @@ struct WindowLook {
 /// The program's windows and panels. Main thread only.
 class Windows {
 public:
-    /// Those that still exist, in the order of their making.
+    /// The windows that still exist, in the order of creation.
     [[nodiscard]] std::vector<cocoa::id> all() const;
-    /// The newest of that very class; throws when there is none.
+    /// The newest of exactly that class; throws if there is none.
     [[nodiscard]] cocoa::id newest(std::string_view className) const;
     [[nodiscard]] static WindowLook look(cocoa::id window);
     [[nodiscard]] WindowLook look(std::string_view className) const {
@@ -47,7 +47,7 @@ public:
     }
     [[nodiscard]] std::size_t visible() const;
 
-    /// The user clicks the close button, as soon as the main thread takes it.
+    /// The user clicks the close button; handled when the main thread is free.
     static void userCloses(cocoa::id window);
 
     /// For NSWindow.

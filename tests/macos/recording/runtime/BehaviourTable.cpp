@@ -64,7 +64,7 @@ const Behaviour* find(cocoa::Class ofClass, MessageKind kind, const std::string&
         if (found != table().behaviours.end()) return &found->second;
     }
     if (kind == MessageKind::instance) return nullptr;
-    // A class object is an instance of the root class, too.
+    // A class object is also an instance of the root class.
     const auto found = table().behaviours.find({"NSObject", MessageKind::instance, selector});
     return found == table().behaviours.end() ? nullptr : &found->second;
 }

@@ -5,10 +5,10 @@
 #include "tests/macos/recording/runtime/Behaviours.h"
 #include "tests/macos/recording/runtime/Classes.h"
 
-/// Looking up what was defined; see Behaviours.h.
+/// Looks up defined behaviours; see Behaviours.h.
 namespace stagehopper::recording::behaviours {
 
-/// The class's own or inherited; null when there is none.
+/// The class's own behaviour, or the inherited one; null if there is none.
 [[nodiscard]] const Behaviour* find(cocoa::Class ofClass, MessageKind kind,
                                     const std::string& selector);
 [[nodiscard]] bool isQuiet(cocoa::Class ofClass);

@@ -13,17 +13,18 @@
 #include "tests/macos/recording/runtime/Retained.h"
 #include "tests/macos/recording/runtime/Value.h"
 
-// How the stand-ins for the system's classes are told what to do.
+// Defines what the stand-ins for the system's classes do.
 
 namespace stagehopper::recording {
 
 using cocoa::MessageKind;
 
-/// What an object carries, one of each type; made when first asked for, gone with the object.
+/// The state that an object carries, one value of each type: created at the first use, destroyed
+/// with the object.
 template <class T>
 [[nodiscard]] T& stateOf(cocoa::id object);
 
-/// A message while it is being answered.
+/// A message during its handling.
 class Call {
 public:
     Call(cocoa::id receiver, MessageKind kind, std::string_view selector,
@@ -34,8 +35,8 @@ public:
     [[nodiscard]] cocoa::id receiver() const { return receiver_; }
     [[nodiscard]] MessageKind kind() const { return kind_; }
     [[nodiscard]] std::string_view selector() const { return selector_; }
-    /// The class that was sent a class message (which may be a subclass of the one that defines
-    /// the behaviour), or the receiver's class.
+    /// For a class message, the receiving class, which may be a subclass of the one with the
+    /// behaviour; else the receiver's class.
     [[nodiscard]] std::string className() const;
 
     template <class T>
@@ -48,9 +49,9 @@ public:
     }
     [[nodiscard]] const Value& value(std::size_t index) const { return arguments_[index]; }
 
-    /// A new object of that class, kept until the message has been answered. As an answer it is
-    /// autoreleased, or retained for the sender when the message's name says so (alloc, new, copy,
-    /// init): behaviours return plain pointers and need not count.
+    /// A new object of that class, kept until the message is handled. If it is returned, it is
+    /// autoreleased, or retained for the sender in the families alloc, new, copy and init:
+    /// behaviours return plain pointers and need not count references.
     cocoa::id make(std::string_view className);
     [[nodiscard]] bool hasMade(cocoa::id object) const;
 
@@ -64,16 +65,16 @@ private:
 
 using Behaviour = std::function<Value(Call&)>;
 
-/// Says what a class, and whatever inherits from it, answers to a message. Once for each message
-/// and for the whole program: from a function that runs before the first test. The message has to
-/// stand in the table of facts.
+/// Defines how a class and its subclasses handle a message. Once for each message and for the whole
+/// program, from a function that runs before the first test. The message must be in the table of
+/// facts.
 ///
-/// Without a behaviour a message with a setter's name (`setTitle:`) stores its argument, where
-/// the getter's name (`title`) finds it; objects are kept, blocks copied, delegates and targets
-/// held weakly. Every other message answers zero, and one that should have answered an object is
-/// noted as a problem.
+/// Without a behaviour a message with a setter's name (`setTitle:`) stores its argument, where the
+/// getter's name (`title`) finds it; objects are kept, blocks copied, delegates and targets held
+/// weakly. Every other message returns zero; one that should return an object is noted as a
+/// problem.
 ///
-/// An initializer answers its receiver, or something else, or nil.
+/// An initializer returns its receiver, another object, or nil.
 void define(std::string_view className, MessageKind kind, std::string_view selector,
             Behaviour behaviour);
 
@@ -83,29 +84,28 @@ void keepOutOfJournal(std::string_view className);
 /// How objects of a class appear in the journal instead of `<NSURL 1>`.
 void describeAs(std::string_view className, std::function<std::string(cocoa::id)> description);
 
-/// A new object, as the system makes one on its own.
+/// A new object that the system owns.
 [[nodiscard]] Retained makeObject(std::string_view className);
 
-/// One that outlives every test: the system's exported constants.
+/// An object that outlives every test, such as the system's exported constants.
 [[nodiscard]] cocoa::id makeConstant(std::string_view className);
 
 /// "nil" for nil, the name for a class object.
 [[nodiscard]] std::string classNameOf(cocoa::id object);
 [[nodiscard]] bool isKindOf(cocoa::id object, std::string_view className);
-/// Whether it is a class that was registered by the port.
+/// Whether its class was registered by the port.
 [[nodiscard]] bool isOurs(cocoa::id object);
 [[nodiscard]] bool isBlock(cocoa::id object);
 
 /// The class as an object that messages can be sent to; for `stateOf`: shared instances.
 [[nodiscard]] cocoa::id classObject(std::string_view className);
 
-/// What a setter without a behaviour has stored, or what `setProperty` has; empty when never set.
+/// The value stored by a setter without a behaviour, or by `setProperty`; empty if never set.
 [[nodiscard]] Value property(cocoa::id object, std::string_view name);
 void setProperty(cocoa::id object, std::string_view name, Value value);
 
-/// Lets an object answer a message, inside another behaviour or from a test, as the system does
-/// between its own objects: not in the journal, not checked, the answer lives as long as the
-/// current pool.
+/// Sends a message as the system does between its own objects, from a behaviour or a test: without
+/// checks and without a journal entry. The result lives as long as the current pool.
 Value answer(cocoa::id receiver, std::string_view selector, std::vector<Value> arguments = {});
 
 namespace detail {

@@ -29,7 +29,7 @@ struct Descriptor {
     void (*copy)(void* copied, const void* original);
     void (*dispose)(const void* block);
     const char* signature;
-    /// Always there; says where the captured objects are, for who looks for leaks.
+    /// Always present; gives the position of captured objects to leak detectors.
     const void* layout;
 };
 
@@ -87,7 +87,7 @@ std::string_view signatureOf(const void* block) {
     const auto& layout = layoutOf(block);
     if ((layout.flags & hasSignature) == 0) return {};
     if ((layout.flags & hasCopyAndDispose) != 0) return layout.descriptor->signature;
-    // Without the two functions the signature stands in their place.
+    // Without the two functions the signature is in their place.
     const char* signature = nullptr;
     std::memcpy(&signature,
                 reinterpret_cast<const char*>(layout.descriptor) + offsetof(Descriptor, copy),

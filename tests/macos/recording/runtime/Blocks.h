@@ -7,19 +7,19 @@
 #include "ports/macos/cocoa/objc/Runtime.h"
 #include "tests/macos/recording/runtime/Heap.h"
 
-/// Blocks as they lie in memory, by clang's description of them. Only those that were copied to the
-/// heap are counted. Whoever has its turn.
+/// Blocks in memory, with clang's documented layout. Counts only blocks that were copied to the
+/// heap. Only the running work may call this.
 namespace stagehopper::recording::blocks {
 
-/// Whether a live one is there.
+/// Whether this is a live block.
 [[nodiscard]] bool isLive(const void* block);
-/// Whether one was there, and has been freed.
+/// Whether a freed block was here.
 [[nodiscard]] bool wasFreed(const void* block);
-/// Of a live one: "v@?@@".
+/// Of a live block: "v@?@@".
 [[nodiscard]] std::string_view signatureOf(const void* block);
 [[nodiscard]] void* invokeFunctionOf(const void* block);
 
-/// Copies one from the stack; one more reference to one of the heap.
+/// Copies a block from the stack, or adds a reference to one on the heap.
 void* copy(const void* block, Holder holder);
 void release(const void* block, Holder holder);
 

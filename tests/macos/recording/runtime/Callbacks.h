@@ -10,18 +10,18 @@
 #include "tests/macos/recording/runtime/Retained.h"
 #include "tests/macos/recording/runtime/Value.h"
 
-// How the stand-ins call the port, as the system does.
+// Lets the stand-ins call the port as the system does.
 
 namespace stagehopper::recording {
 
-/// Whether an object, usually of one of the port's classes, has that method. No for nil.
+/// Whether an object, usually of one of the port's classes, has that method. False for nil.
 [[nodiscard]] bool responds(cocoa::id object, std::string_view selector);
 
 namespace detail {
-/// Null, and a problem, when the object's method has other types or when it has none.
+/// Null, and a problem, if the object has no such method or one with other types.
 [[nodiscard]] cocoa::IMP implementationFor(cocoa::id object, std::string_view selector,
                                            std::string_view types);
-/// Null, and a problem, when it is no live block or takes something else.
+/// Null, and a problem, if the block is not live or takes other types.
 [[nodiscard]] void* invokeFunctionOf(cocoa::id block, std::string_view types);
 void journalCallback(cocoa::id object, std::string_view selector, std::span<const Value> arguments);
 
@@ -35,8 +35,8 @@ template <Crosses T>
 }
 }  // namespace detail
 
-/// Sends a message to an object of the port's, with a pool around it. Optional methods that it does
-/// not have are left out and answer zero; so does nil. The receiver lives until it returns.
+/// Sends a message to an object of the port, inside an autorelease pool. Skips an optional method
+/// that is absent, and nil: the result is zero. The receiver lives until the method returns.
 template <class Result = void, Crosses... Arguments>
 Result sendToPort(cocoa::id receiver, std::string_view selector, Arguments... arguments) {
     if (!responds(receiver, selector)) return Result();

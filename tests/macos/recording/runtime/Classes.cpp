@@ -80,7 +80,7 @@ bool isForMainThread(cocoa::Class ofClass) {
 void forgetStates() {
     for (auto& [name, each] : table()) {
         each->objects = 0;
-        // What goes may ask for classes while it goes.
+        // Destroyed state may look up classes.
         const auto gone = std::exchange(each->state, {});
     }
 }

@@ -14,7 +14,7 @@
 
 namespace stagehopper::recording {
 
-/// What objects and classes carry for the behaviours.
+/// State that behaviours keep with objects and classes.
 using State = std::unordered_map<std::type_index, std::shared_ptr<void>>;
 
 struct Method {
@@ -47,29 +47,30 @@ struct objc_class {
     std::map<std::string, stagehopper::recording::Method, std::less<>> methods{};
     std::map<std::string, objc_ivar, std::less<>> variables{};
     std::vector<std::string> protocols{};
-    /// How many objects of it the current test has seen.
+    /// How many objects of it the current test has created.
     unsigned objects = 0;
     stagehopper::recording::State state{};
 };
 
 namespace stagehopper::recording::classes {
 
-// Classes stay for the whole program, since the port asks for each only once. Whoever has its turn.
+// Classes stay for the whole program, since the port looks each up only once. Only the running work
+// may call this.
 
 cocoa::Class add(std::unique_ptr<objc_class> made);
-/// Null when neither the facts nor the port know it.
+/// Null if neither the facts nor the port define it.
 [[nodiscard]] cocoa::Class named(std::string_view name);
-/// Null when it is no class.
+/// Null unless `object` is a class.
 [[nodiscard]] cocoa::Class asClass(cocoa::id object);
 [[nodiscard]] bool inherits(cocoa::Class from, std::string_view name);
-/// Of one of the port's classes; null when there is none or the system's class has it.
+/// A method of one of the port's classes; null if it is absent or belongs to the system's class.
 [[nodiscard]] const Method* methodOf(cocoa::Class ofClass, std::string_view selector);
-/// What the table knows of a message to this class or its instances; null when nothing.
+/// The fact about a message to this class or its instances; null if there is none.
 [[nodiscard]] const macos_facts::MethodFact* factFor(cocoa::Class ofClass, macos_facts::Kind kind,
                                                      std::string_view selector);
 /// Whether only the main thread may use its objects.
 [[nodiscard]] bool isForMainThread(cocoa::Class ofClass);
-/// The classes themselves stay.
+/// Keeps the classes themselves.
 void forgetStates();
 
 }  // namespace stagehopper::recording::classes

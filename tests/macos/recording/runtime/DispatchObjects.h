@@ -3,10 +3,10 @@
 #include <string>
 #include <vector>
 
-/// What the port has made of Grand Central Dispatch. Whoever has its turn.
+/// The port's objects of Grand Central Dispatch. Only the running work may call this.
 namespace stagehopper::recording::dispatch {
 
-/// One line for each queue and semaphore that was not released yet.
+/// One line for each unreleased queue and semaphore.
 [[nodiscard]] std::vector<std::string> held();
 void clear();
 

@@ -21,7 +21,7 @@ struct Heap {
 };
 
 Heap& all() {
-    // Never unmade: whatever ends with the program may still ask.
+    // Never destroyed: code that runs at exit may still use it.
     static auto* const heap = new Heap;
     return *heap;
 }
@@ -47,7 +47,7 @@ void end(cocoa::id object, Object& record) {
 
 cocoa::id make(cocoa::Class ofClass) {
     auto& heap = all();
-    // The class stands first in every object; zeros follow.
+    // Every object begins with its class; zeros follow.
     void* memory = std::calloc(1, ofClass->instanceSize);
     *static_cast<cocoa::Class*>(memory) = ofClass;
     auto* object = static_cast<cocoa::id>(memory);
@@ -105,7 +105,7 @@ void free(cocoa::id object) {
     auto& heap = all();
     const auto found = heap.objects.find(object);
     if (found == heap.objects.end()) return;
-    // Its state may hold the last references to other objects, and ask for this one.
+    // Its state may hold the last references to other objects, and look this one up.
     const auto record = std::move(found->second);
     heap.objects.erase(found);
     heap.freed[object] = nameOf(*record);

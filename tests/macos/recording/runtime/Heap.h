@@ -10,17 +10,17 @@
 
 namespace stagehopper::recording {
 
-/// Who holds a reference. The port's are counted apart, so that what it forgets is found also when
-/// the system holds the object, and what it gives back too often, too.
+/// The owner of a reference. The port's references are counted separately: this finds leaks and
+/// excess releases of the port even while the system holds the object.
 enum class Holder { port, system };
 
 struct Object {
     cocoa::Class itsClass = nullptr;
-    /// Of its class, in this test.
+    /// Counts the objects of its class in this test.
     unsigned serial = 0;
-    /// Never given twice.
+    /// Never reused.
     std::uint64_t number = 0;
-    /// Held by both together.
+    /// Of both holders together.
     long references = 0;
     long heldByPort = 0;
     /// Between alloc and init.
@@ -31,23 +31,23 @@ struct Object {
     State state{};
 };
 
-/// All objects but classes and blocks. Memory is really given back, so that a sanitizer sees who
-/// still uses it; the name of what was there stays. Whoever has its turn.
+/// All objects except classes and blocks. Memory is really freed, so that a sanitizer finds later
+/// uses; the names of freed objects stay. Only the running work may call this.
 namespace heap {
 
-/// With one reference, the system's.
+/// Creates an object with one reference of the system.
 cocoa::id make(cocoa::Class ofClass);
-/// Null when it has gone or never was.
+/// Null if the object is gone or never existed.
 [[nodiscard]] Object* find(cocoa::id object);
-/// "<NSWindow 1>" of what was freed; empty when nothing ever was there.
+/// "<NSWindow 1>" for a freed object; empty if there never was one.
 [[nodiscard]] std::string nameOfFreed(cocoa::id object);
 [[nodiscard]] std::string nameOf(const Object& object);
 
 void retain(cocoa::id object, Holder holder);
 void release(cocoa::id object, Holder holder);
-/// The reference changes hands.
+/// Passes a reference to the other holder.
 void handOver(cocoa::id object, Holder from, Holder to);
-/// What the root class's `dealloc` does.
+/// The root class's `dealloc`.
 void free(cocoa::id object);
 
 /// Objects to which the port still holds references: "<NSWindow 1> (2 references)".

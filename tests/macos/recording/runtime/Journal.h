@@ -28,7 +28,7 @@ struct JournalEntry {
     [[nodiscard]] std::string line() const;
 };
 
-/// What went between the port and the system, in order. One for the program; emptied by each test.
+/// The calls between the port and the system, in order. One for the program; each test clears it.
 class Journal {
 public:
     void add(JournalEntry entry) { entries_.push_back(std::move(entry)); }
@@ -39,7 +39,7 @@ public:
     [[nodiscard]] std::vector<std::string> linesSince(std::size_t mark) const;
     /// A point in the journal, for `linesSince`.
     [[nodiscard]] std::size_t mark() const { return entries_.size(); }
-    /// Those for objects of that class, or calls of the C function of that name.
+    /// The lines about objects of that class, or the calls of that C function.
     [[nodiscard]] std::vector<std::string> of(std::string_view name) const;
     [[nodiscard]] std::vector<JournalEntry> where(
         const std::function<bool(const JournalEntry&)>& condition) const;
@@ -51,11 +51,11 @@ private:
 
 [[nodiscard]] Journal& journal();
 
-/// A C function of the system that has something to say: `recordFunction("CGEventPostToPid", {…})`.
+/// Records a call of a C function of the system: `recordFunction("CGEventPostToPid", {…})`.
 void recordFunction(std::string_view name, std::vector<std::string> arguments = {});
 
-/// Fails the test, with the whole journal, unless these lines appear in this order; others may
-/// stand between them. Each is a whole line, or the end of one: without receiver, `setLevel:25]`.
+/// Fails the test, with the whole journal, unless these lines appear in this order; other lines may
+/// be between them. Each is a whole line, or the end of one: without receiver, `setLevel:25]`.
 void expectInOrder(const std::vector<std::string>& lines);
 
 }  // namespace stagehopper::recording

@@ -15,7 +15,7 @@ namespace {
 
 using macos_facts::Kind;
 
-/// An initializer takes over the reference that alloc gave, and gives one to what it answers.
+/// An initializer consumes the reference from alloc and returns a reference to its result.
 void handInitializedOver(cocoa::id receiver, cocoa::id answer) {
     if (auto* object = heap::find(answer)) object->raw = false;
     if (answer == receiver) return;
@@ -34,7 +34,7 @@ bool isMemoryMessage(std::string_view selector) {
 }
 
 Value countReference(std::string_view referenceMessage, cocoa::id receiver) {
-    // The references of a class are nobody's concern.
+    // References to classes are not counted.
     const auto* object = heap::find(receiver);
     if (object == nullptr) return receiver;
     if (referenceMessage == "retain") {

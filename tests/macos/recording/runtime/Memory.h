@@ -6,26 +6,27 @@
 #include "tests/macos/recording/runtime/Retained.h"
 #include "tests/macos/recording/runtime/Value.h"
 
-/// Who owns what that crosses between the port and the system. Whoever has its turn.
+/// The ownership of objects that cross between the port and the system. Only the running work may
+/// call this.
 namespace stagehopper::recording::memory {
 
 /// retain, release, autorelease.
 [[nodiscard]] bool isReferenceMessage(std::string_view selector);
-/// Those and alloc: any thread may send them, and the journal leaves them out.
+/// Also alloc. Any thread may send these, and the journal omits them.
 [[nodiscard]] bool isMemoryMessage(std::string_view selector);
 
 Value countReference(std::string_view referenceMessage, cocoa::id receiver);
 /// A block takes no other messages.
 Value performOnBlock(std::string_view message, cocoa::id block);
 
-/// Gives the sender of a message its reference to the answer, if the message's name says so, or
-/// adds the answer to the current pool. One that was made for this message needs a pool; one that
-/// exists anyhow, a shared instance, need not be autoreleased.
+/// Passes the result of a message to its sender: as a reference if the message's family returns
+/// one, else through the current pool. An object created for this message needs a pool; a shared
+/// instance does not.
 void handAnswerOver(const macos_facts::MethodFact& fact, cocoa::id receiver, cocoa::id answer,
                     bool isNew);
 
-/// Into the current pool. When there is none it is kept until the test ends, and is a problem if
-/// the real object would need one.
+/// Adds to the current pool. Without a pool the object is kept until the test ends, which is a
+/// problem if `needsPool`.
 void autorelease(Retained reference, bool needsPool);
 
 }  // namespace stagehopper::recording::memory

@@ -7,7 +7,8 @@
 
 namespace stagehopper::recording {
 
-/// How many messages were sent, and which, in all tests together. Whoever has its turn.
+/// Counts the messages of all tests together, and which were sent. Only the running work may call
+/// this.
 class MessageTally {
 public:
     void add(const macos_facts::MethodFact& fact) {

@@ -53,7 +53,7 @@ void objc_autoreleasePoolPop(void* pool) {
         recording::noteProblem("a pool was ended that is not the innermost one of its thread");
         return;
     }
-    // What ends may autorelease something else: the pool stands until it stays empty.
+    // Destroyed objects may autorelease others: the pool is drained until it stays empty.
     while (!pools.back()->empty()) const auto gone = std::exchange(*pools.back(), {});
     pools.pop_back();
 }

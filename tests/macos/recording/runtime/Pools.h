@@ -5,11 +5,11 @@
 /// The autorelease pools of each thread. Any queue.
 namespace stagehopper::recording::pools {
 
-/// Whether the current queue's work has one around it.
+/// Whether the current work runs inside a pool.
 [[nodiscard]] bool exists();
-/// Retained until the innermost pool ends; without any, until the test ends.
+/// Keeps the reference until the innermost pool ends; without a pool, until the test ends.
 void add(Retained reference);
-/// What was added without a pool.
+/// Drops references that were added without a pool.
 void clear();
 
 }  // namespace stagehopper::recording::pools

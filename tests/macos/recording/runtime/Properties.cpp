@@ -11,7 +11,7 @@ namespace stagehopper::recording {
 
 namespace {
 
-/// What AppKit and WebKit declare weak.
+/// The properties that AppKit and WebKit declare weak.
 constexpr std::array<std::string_view, 3> weakNames{"delegate", "target", "navigationDelegate"};
 
 struct Property {
@@ -46,7 +46,7 @@ void setProperty(cocoa::id object, std::string_view name, Value value) {
     } else {
         made.kept = Retained(value.object());
     }
-    // The old one may be the last reference to something that looks at this object while it goes.
+    // The old value may hold the last reference to an object whose destruction reads this one.
     auto& slot = stateOf<Properties>(object).byName[std::string(name)];
     std::swap(slot, made);
 }

@@ -5,7 +5,7 @@
 
 namespace stagehopper::recording {
 
-/// "title" for "setTitle:"; empty when it is no setter's name.
+/// "title" for "setTitle:"; empty for other names.
 [[nodiscard]] std::string propertyOfSetter(std::string_view selector);
 
 }  // namespace stagehopper::recording

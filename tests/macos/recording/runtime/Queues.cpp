@@ -48,11 +48,11 @@ namespace {
 void fire(Token token, double seconds, double due) {
     const auto found = repeating().find(token);
     if (found == repeating().end()) return;
-    // It may cancel itself, and must outlive that.
+    // The work may cancel itself, and must outlive that.
     const auto work = found->second;
     work();
     if (!repeating().contains(token)) return;
-    // Times that have passed meanwhile are left out.
+    // Skips times that have passed.
     do {
         due += seconds;
     } while (due <= now());

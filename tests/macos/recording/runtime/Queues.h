@@ -6,9 +6,9 @@
 
 #include "tests/macos/recording/runtime/QueueToken.h"
 
-/// The queues of a program in virtual time. One piece of work runs at a time, on a thread of its
-/// own so that it can block as on the real system: while it waits, whatever is not blocked goes on,
-/// and the clock moves only when nothing else can be done. Called by whoever has its turn.
+/// The queues of a program in virtual time. One piece of work runs at a time, on its own thread so
+/// that it can block as on the real system. While it waits, unblocked work continues; the clock
+/// moves only when all work is blocked. Only the running work may call this.
 namespace stagehopper::recording::queues {
 
 /// "main", "global user-initiated", "global default", "session", "task", or "world": what happens
@@ -18,35 +18,35 @@ namespace stagehopper::recording::queues {
 /// Since the start of the test.
 [[nodiscard]] double now();
 
-/// Work for a queue. "session" and "task" do one thing after the other; "global …" everything at
-/// once; "main" when the main thread runs its loop. A pool stands around each piece but for
-/// "global …", where the system promises none.
+/// Queues work. "session" and "task" are serial; "global …" is concurrent; "main" runs while the
+/// main thread runs its loop. Each piece runs inside a pool, except on "global …", where the system
+/// does not promise one.
 Token async(std::string queue, std::function<void()> work);
 Token after(double seconds, std::string queue, std::function<void()> work);
-/// Something outside the program: a server answers, a user clicks, a process ends.
+/// An event outside the program: a server answers, a user clicks, a process ends.
 inline Token inTheWorld(double seconds, std::function<void()> event) {
     return after(seconds, "world", std::move(event));
 }
-/// Work that has not begun will not.
+/// Work that has not begun does not run.
 void cancel(Token token);
-/// On the main run loop, until cancelled. The first time after one interval. It may cancel itself.
-/// Times at which the main thread is busy are left out.
+/// Runs on the main run loop until canceled, first after one interval. The work may cancel itself.
+/// Times at which the main thread is busy are skipped.
 Token repeat(double seconds, std::function<void()> work);
 
-/// Everything that is due, in order; the clock stands still. For tests and for the run loop.
+/// Runs all work that is due, in order, without moving the clock. For tests and for the run loop.
 void runUntilIdle();
-/// As time goes by.
+/// Runs work while the clock moves by `seconds`.
 void advance(double seconds);
-/// The main run loop: until the condition holds, moving the clock. False, and a problem, when
-/// nothing is left that could bring it about within the time limit.
+/// Runs the main loop and moves the clock until the condition holds. False, and a problem, if no
+/// work within the time limit makes it hold.
 bool runUntil(const std::function<bool()>& condition, double limit = 600);
 
-/// Blocks the caller, as a system call does; from "main" the run loop stands still meanwhile. False
-/// when the condition does not hold in time; a wait without a limit that can never end is a problem
-/// and ends.
+/// Blocks the caller as a system call does; on "main" the run loop does not run during the wait.
+/// False if the condition does not hold in time. A wait without a limit that can never end is a
+/// problem, and ends.
 bool waitUntil(const std::function<bool()>& condition, double limit);
 
-/// The clock stands at zero again; what has not begun never will, and what waits waits no longer.
+/// Sets the clock to zero, drops work that has not begun, and ends all waits.
 void reset();
 
 }  // namespace stagehopper::recording::queues

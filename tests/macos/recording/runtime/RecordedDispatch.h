@@ -1,6 +1,6 @@
 #pragma once
 
-// Included by MessageDispatch.h in the place of what sends messages on the real system.
+// Included by MessageDispatch.h instead of the code that sends messages on the real system.
 
 #include <array>
 
@@ -11,8 +11,8 @@
 
 namespace stagehopper::cocoa {
 
-/// The message has to stand in the table of facts, for the class of the handle, with exactly these
-/// types: otherwise this does not compile.
+/// Compiles only if the table of facts has the message for the handle's class, with exactly these
+/// types.
 template <class Receiver, MessageKind kind, FixedString name, class Result, class... Arguments>
 Result dispatchMessage(id receiver, Arguments... arguments) {
     constexpr auto factKind = kind == MessageKind::classLevel ? macos_facts::Kind::classLevel

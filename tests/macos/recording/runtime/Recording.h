@@ -8,12 +8,12 @@
 /// The recording as a whole. Main thread.
 namespace stagehopper::recording {
 
-/// What the port would never release any more: objects, blocks, queues and semaphores that it still
-/// holds references to. To be asked once everything of the port's has gone.
+/// Leaks of the port: objects, blocks, queues and semaphores that it still holds references to.
+/// Call this after everything of the port is destroyed.
 [[nodiscard]] std::vector<std::string> leaked();
 
-/// Everything but classes, behaviours and constants is as before the first test. Work that waits is
-/// ended; work that has not begun never will.
+/// Restores the state before the first test, except for classes, behaviours and constants. Ends
+/// waiting work, and drops work that has not begun.
 void reset();
 
 }  // namespace stagehopper::recording

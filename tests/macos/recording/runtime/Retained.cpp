@@ -29,7 +29,7 @@ Weak::Weak(cocoa::id object) : object_(object) {
 
 cocoa::id Weak::get() const {
     const auto* record = heap::find(object_);
-    // One that is being freed is gone already for whoever looks at it weakly.
+    // Weak references to an object are nil during its destruction.
     return record != nullptr && record->number == number_ && !record->beingFreed ? object_
                                                                                  : nullptr;
 }

@@ -8,8 +8,8 @@
 
 namespace stagehopper::recording {
 
-/// A reference that the system's side of things holds to an object or a block: a strong property,
-/// the views of a window, the elements of an array. Does not count as the port's. Any queue.
+/// A reference held by the system's side to an object or a block: a strong property, the views of a
+/// window, the elements of an array. Not counted as the port's. Any queue.
 class Retained {
 public:
     Retained() = default;
@@ -25,7 +25,7 @@ public:
     }
     ~Retained();
 
-    /// Takes over a reference that has been counted already.
+    /// Takes over a reference that is already counted.
     [[nodiscard]] static Retained adopt(cocoa::id object) {
         Retained kept;
         kept.object_ = object;
@@ -40,17 +40,17 @@ private:
     cocoa::id object_ = nullptr;
 };
 
-/// A property that becomes nil when its object goes: delegates, targets. Any queue.
+/// A reference that becomes nil when its object is destroyed: delegates, targets. Any queue.
 class Weak {
 public:
     Weak() = default;
     explicit Weak(cocoa::id object);
-    /// Nil when it has gone.
+    /// Nil after its object is destroyed.
     [[nodiscard]] cocoa::id get() const;
 
 private:
     cocoa::id object_ = nullptr;
-    /// Addresses come back; this does not.
+    /// Addresses are reused; this number is not.
     std::uint64_t number_ = 0;
 };
 

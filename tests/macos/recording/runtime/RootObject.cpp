@@ -54,7 +54,7 @@ void defineRootObject() {
     define("NSObject", MessageKind::classLevel, "new", &makeNew);
     define("NSObject", MessageKind::instance, "init", &receiver);
     define("NSObject", MessageKind::instance, "self", &receiver);
-    // Right for what cannot change; a class that can says otherwise.
+    // Correct for immutable classes; mutable ones define their own.
     define("NSObject", MessageKind::instance, "copy", &receiver);
     define("NSObject", MessageKind::instance, "isKindOfClass:", &isKind);
     define("NSObject", MessageKind::instance, "respondsToSelector:", &respondsToSelector);

@@ -2,7 +2,7 @@
 
 namespace stagehopper::recording {
 
-/// What every object answers. Once; the first look-up does it.
+/// Defines the messages of every object. Once, at the first look-up.
 void defineRootObject();
 
 }  // namespace stagehopper::recording

@@ -9,8 +9,8 @@
 
 namespace stagehopper::recording {
 
-/// A test of the stand-in itself: begins with an empty runtime, and ends with one in which nothing
-/// is wrong. Tests of what goes wrong take the problems out.
+/// A test of the stand-in itself. Starts with an empty runtime, and fails if a problem or a leak is
+/// left. Tests of problems take the problems out.
 class RuntimeTest : public testing::Test {
 public:
     RuntimeTest() { reset(); }
@@ -25,7 +25,7 @@ protected:
     }
 };
 
-/// An object of the root class, made as the port makes its objects.
+/// An object of the root class, created as the port creates objects.
 class Thing : public cocoa::Handle<Thing, cocoa::NSObject> {
 public:
     static constexpr cocoa::FixedString className{"NSObject"};

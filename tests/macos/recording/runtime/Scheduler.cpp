@@ -11,7 +11,7 @@ namespace stagehopper::recording {
 
 namespace {
 
-/// More than this at one point of virtual time, and the program goes round in a circle.
+/// More steps than this at one point of virtual time mean an endless loop.
 constexpr unsigned long tooManySteps = 200'000;
 
 bool isGlobal(const std::string& queue) {
@@ -43,7 +43,7 @@ void Scheduler::cancel(queues::Token token) {
 bool Scheduler::isRunnable(const std::string& queue, bool mainMayRun) const {
     if (queue == "main") return mainMayRun;
     if (queue == "world" || isGlobal(queue)) return true;
-    // One thing after the other.
+    // A serial queue.
     return std::ranges::none_of(blocked_,
                                 [&queue](const auto& each) { return each->queue() == queue; });
 }
@@ -65,7 +65,7 @@ bool Scheduler::resumeOne(bool timedOut) {
         return timedOut ? each->deadline() <= now_ : each->canGoOn();
     });
     if (found == blocked_.end()) return false;
-    // Not among the blocked while it runs: it may wait again, and others be looked at meanwhile.
+    // Not in the list of blocked work while it runs: it may wait again, which looks at the list.
     std::list<std::unique_ptr<Worker>> running;
     running.splice(running.end(), blocked_, found);
     running.front()->resume();
@@ -151,7 +151,7 @@ void Scheduler::reset() {
         while (!each->isFinished()) each->resume();
     }
     blocked_.clear();
-    // As at the end of a process, nobody cleans up what was still to be done: its captures stay.
+    // As at the end of a process, pending work is not destroyed: its captures stay.
     static std::vector<std::function<void()>> neverRun;
     for (auto& [time, item] : items_) neverRun.push_back(std::move(item.work));
     items_.clear();
@@ -161,7 +161,7 @@ void Scheduler::reset() {
 }
 
 Scheduler& scheduler() {
-    // Never unmade: see neverRun.
+    // Never destroyed: see neverRun.
     static auto* const only = new Scheduler;
     return *only;
 }

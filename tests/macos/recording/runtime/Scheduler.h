@@ -13,8 +13,8 @@
 
 namespace stagehopper::recording {
 
-/// Chooses who has the turn, and moves the clock when nobody can go on; see Queues.h. Its loop runs
-/// on the test's thread, which is the main one.
+/// Chooses the work that runs next, and moves the clock when all work is blocked; see Queues.h. Its
+/// loop runs on the test's thread, the main thread.
 class Scheduler {
 public:
     [[nodiscard]] double now() const { return now_; }
@@ -23,11 +23,11 @@ public:
     queues::Token add(double delay, std::string queue, std::function<void()> work);
     void cancel(queues::Token token);
 
-    /// Goes on until nothing is left to do up to that time, or the condition holds.
+    /// Runs until no work is left up to that time, or the condition holds.
     void runUntil(double time, const std::function<bool()>& condition, bool mainMayRun);
     bool waitUntil(const std::function<bool()>& condition, double limit);
 
-    /// Waits end at once, work that has not begun never does; the clock stands at zero.
+    /// Ends waits at once, drops work that has not begun, and sets the clock to zero.
     void reset();
 
 private:
@@ -36,7 +36,7 @@ private:
         std::string queue;
         std::function<void()> work;
     };
-    /// By time; equal times in the order of their making.
+    /// By time, then in the order of creation.
     using Items = std::multimap<double, Item>;
 
     bool step(double time, bool mainMayRun);

@@ -15,12 +15,12 @@ struct DeclaredMessage {
     std::string_view selector;
     /// Of the method: "v@:q".
     std::string_view types;
-    /// Of the answer: "v".
+    /// Of the result: "v".
     std::string_view result;
 };
 
-/// What objc_msgSend is to the real system: checks, records, counts references and lets the class's
-/// behaviour answer. Whoever has its turn.
+/// Takes the place of objc_msgSend: checks and records the message, counts references and calls the
+/// class's behaviour. Only the running work may call this.
 Value sendMessage(const DeclaredMessage& message, cocoa::id receiver,
                   std::span<const Value> arguments);
 

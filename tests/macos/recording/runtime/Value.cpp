@@ -34,7 +34,7 @@ std::string pointed(const void* pointer) {
 
 bool Value::agreesWith(std::string_view otherEncoding) const {
     if (encoding_ == "v") return true;
-    // A block is an object, too.
+    // A block is also an object.
     if (isObject() && (otherEncoding == "@" || otherEncoding == "@?")) return true;
     return macos_facts::agrees(encoding_, otherEncoding);
 }

@@ -14,19 +14,19 @@
 
 namespace stagehopper::recording {
 
-/// A type that can be an argument or an answer of a message; handles count as what they hold.
+/// A type that can be an argument or a result of a message; a handle counts as its pointer.
 template <class T>
 concept Crosses =
     std::derived_from<T, cocoa::Object> || std::is_arithmetic_v<T> || std::is_pointer_v<T> ||
     std::same_as<T, cocoa::BlockPointer> || std::same_as<T, cocoa::CGPoint> ||
     std::same_as<T, cocoa::CGSize> || std::same_as<T, cocoa::CGRect>;
 
-/// One argument or answer of a message, together with its encoding. Empty, it is "void", and zero
-/// or nil of any type. Borrows what it points to.
+/// One argument or result of a message with its encoding. An empty value is "void", and converts to
+/// zero or nil of any type. Borrows the object that it points to.
 class Value {
 public:
     Value() = default;
-    /// Implicit: `return 5UL;` is an answer.
+    /// Implicit, so that a behaviour can `return 5UL;`.
     template <Crosses T>
     Value(T value) : encoding_(cocoa::encoding<cocoa::Abi<T>>) {
         if constexpr (std::derived_from<T, cocoa::Object>) {
@@ -36,7 +36,7 @@ public:
         }
     }
 
-    /// The type has to be the value's own but for constness: `isA<T>()`.
+    /// The type must be the value's own except for constness: `isA<T>()`.
     template <Crosses T>
     [[nodiscard]] T as() const {
         if constexpr (std::derived_from<T, cocoa::Object>) {
@@ -53,7 +53,7 @@ public:
     [[nodiscard]] bool agreesWith(std::string_view otherEncoding) const;
 
     [[nodiscard]] std::string_view encoding() const { return encoding_; }
-    /// Nil, or a block as an object, or an object.
+    /// The object, or the block as an object; nil for other types.
     [[nodiscard]] cocoa::id object() const;
     [[nodiscard]] bool isObject() const { return encoding_ == "@" || encoding_ == "@?"; }
 

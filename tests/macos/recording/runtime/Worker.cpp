@@ -25,7 +25,7 @@ struct Worker::Thread {
 };
 
 std::vector<Worker::Thread*>& Worker::idle() {
-    // Never unmade, nor are the threads: they wait until the process ends.
+    // Never destroyed, nor are the threads: they wait until the process ends.
     static auto* const all = new std::vector<Thread*>;
     return *all;
 }

@@ -6,13 +6,13 @@
 
 namespace stagehopper::recording {
 
-/// One piece of work of a queue that is not the main one, on another thread so that it may block,
-/// and yet never at the same time as anything else: it runs while `resume` is being called, until
-/// it has finished or waits.
+/// One piece of work of a queue other than the main one. It has its own thread so that it can
+/// block, but never runs concurrently with anything else: it runs during a call of `resume`, until
+/// it finishes or waits.
 class Worker {
 public:
     Worker(std::string queue, std::function<void()> work);
-    /// It has to be finished.
+    /// Requires that the work has finished.
     ~Worker();
     Worker(const Worker&) = delete;
     Worker& operator=(const Worker&) = delete;
@@ -20,17 +20,17 @@ public:
     void resume();
     [[nodiscard]] bool isFinished() const { return finished_; }
     [[nodiscard]] const std::string& queue() const { return queue_; }
-    /// What it waits for, while it does; and until when.
+    /// The condition that it waits for, and the deadline.
     [[nodiscard]] bool canGoOn() const { return !condition_ || (*condition_)(); }
     [[nodiscard]] double deadline() const { return deadline_; }
 
-    /// Null outside of such work.
+    /// Null outside such work.
     static Worker* current() { return current_; }
     /// Called by the work itself.
     void giveWay(const std::function<bool()>& condition, double deadline);
 
 private:
-    /// Kept for the next piece of work: making one takes longer than most of the work.
+    /// Kept for the next piece of work: creating a thread takes longer than most work.
     struct Thread;
     static std::vector<Thread*>& idle();
     static Thread& takeThread();

@@ -98,7 +98,7 @@ TEST_F(MacBackend, AProbeIsGivenUpAfterAThirdOfASecond) {
     world.servers.serve(3001);
     launch();
     EXPECT_THAT(timeOf("backend auto-start requested"), DoubleNear(0.35, 1e-6));
-    // The system's own limit is reached when nobody waits any more.
+    // The system's own limit passes after the wait has ended.
     dropController();
     advance(120);
     EXPECT_THAT(starts(), IsEmpty());

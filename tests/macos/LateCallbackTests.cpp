@@ -1,4 +1,4 @@
-// What the system still tells after the C++ side has gone: nothing may happen.
+// Messages from the system after the C++ side is gone must do nothing.
 
 #include <gmock/gmock.h>
 

@@ -1,4 +1,4 @@
-// What the system is told while the program starts, and what it is not.
+// The messages to the system while the program starts, and those that must be absent.
 
 #include <gmock/gmock.h>
 

@@ -31,7 +31,7 @@ protected:
         world.tasks.programs[interfaceTool] = {.output = output,
                                                .exitsAfter = platform::Duration{0}};
     }
-    /// What becomes of the dialog that asks for the password.
+    /// The result of the dialog that asks for the password.
     void prompt(const recording::ProgramFile& outcome) {
         world.tasks.programs[scriptRunner] = outcome;
     }
@@ -164,7 +164,7 @@ TEST_F(MacNetwork, WaitingForABackendKeepsNoRequestsAlive) {
     advance(8);
     EXPECT_GT(world.servers.requests.size(), 1000U);
     EXPECT_LT(recording::heap::living("NSURLSessionDataTask"), 5U);
-    // The wait ends before its program goes.
+    // The wait ends before its program is destroyed.
     pagePosts("CMD:stopBundledBackend");
     advance(1);
 }

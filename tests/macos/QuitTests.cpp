@@ -96,7 +96,7 @@ TEST_F(MacQuit, NothingHappensWhileTheBackendTakesItsTimeToEnd) {
     EXPECT_TRUE(world.application.terminated());
     EXPECT_EQ(startsInTheWait, 1U);
     EXPECT_EQ(stepsInTheWait, 0U);
-    // A page that still speaks afterwards speaks to nobody.
+    // A message of the page after that has no receiver.
     advance(10);
     EXPECT_THAT(world.tasks.launched(backend), SizeIs(1));
     EXPECT_THAT(diagnostics("native_ws_connecting"), IsEmpty());

@@ -1,4 +1,4 @@
-// Steps of the slides: what is asked of the other program, and what it gets.
+// Steps of the slides: the questions to the other program, and the keys and presses that it gets.
 
 #include <gmock/gmock.h>
 

@@ -11,7 +11,7 @@
 #include "tests/macos/facts/DeclaredFacts.h"
 #include "tests/macos/facts/NewerMessages.h"
 
-// Asks the runtime of this Mac about every fact of the table, and says where it knows better. Exit
+// Compares every fact of the table with the runtime of this Mac, and prints the differences. Exit
 // status 0: nothing contradicts, and every message that the port sends is there. What the table has
 // beyond these is only listed when it is absent.
 

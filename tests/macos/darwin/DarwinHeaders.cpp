@@ -43,7 +43,7 @@ static_assert(stagehopper::cocoa::QOS_CLASS_DEFAULT == QOS_CLASS_DEFAULT);
 static_assert(stagehopper::cocoa::QOS_CLASS_USER_INITIATED == QOS_CLASS_USER_INITIATED);
 
 #if defined(WRONG_FUNCTION)
-// What this file is for: none of these three may compile.
+// None of these three may compile.
 extern "C" int dispatch_semaphore_wait(dispatch_semaphore_t, dispatch_time_t);
 #elif defined(WRONG_ARGUMENT)
 namespace elsewhere {

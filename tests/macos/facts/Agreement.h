@@ -8,7 +8,7 @@ namespace stagehopper::macos_facts {
 
 namespace detail {
 
-/// Qualifiers (const, in, inout, out, bycopy, byref, oneway) tell the reader, not the call.
+/// Qualifiers (const, in, inout, out, bycopy, byref, oneway) do not change the call.
 [[nodiscard]] constexpr bool isQualifier(char letter) {
     return std::string_view("rnNoORV").find(letter) != std::string_view::npos;
 }

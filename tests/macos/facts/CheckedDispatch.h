@@ -7,8 +7,8 @@
 #include "tests/macos/facts/Agreement.h"
 #include "tests/macos/facts/Facts.h"
 
-// In the place of the dispatch to the runtime: whoever includes a header that declares a message
-// makes the compiler compare it with the table. Nothing is ever sent.
+// Replaces the dispatch to the runtime: including a header that declares a message makes the
+// compiler compare it with the table. No message is ever sent.
 
 namespace stagehopper::macos_facts {
 

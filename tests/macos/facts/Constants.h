@@ -43,7 +43,7 @@ inline constexpr TextFact texts[] = {
     {"kAXMainAttribute", "AXMain"},
     {"kAXMainWindowAttribute", "AXMainWindow"},
     {"kAXMenuBarAttribute", "AXMenuBar"},
-    // Menu items of some programs have an attribute of this name, too; there is no constant for it.
+    // Menu items of some programs also have an attribute of this name; it has no constant.
     {"kAXMenuRole", "AXMenu"},
     {"kAXMinimizedAttribute", "AXMinimized"},
     {"kAXParentAttribute", "AXParent"},

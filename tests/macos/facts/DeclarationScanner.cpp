@@ -61,7 +61,7 @@ private:
         return std::all_of(spellings.begin(), spellings.end(),
                            [&](std::string_view each) { return is(each, ahead++); });
     }
-    /// Goes behind the next token of that spelling.
+    /// Skips past the next token of that spelling.
     void skipPast(std::string_view spelling) {
         while (here_ < tokens_.size() && !is(spelling)) ++here_;
         ++here_;
@@ -112,7 +112,7 @@ private:
                std::string_view("={;([").find(token().spelling) == std::string_view::npos) {
             name = &tokens_[here_++];
         }
-        // With a bracket it is a function; behind a `>` stands a specialization's value.
+        // A parenthesis means a function; a `>` precedes the value of a specialization.
         if (name != nullptr && !is("(") && isVendorName(name->spelling)) {
             report("CONSTANT", name->spelling);
         }

@@ -14,11 +14,10 @@ namespace stagehopper::macos_facts {
 ///     ACCESSIBILITY_NAME("AXTitle")
 ///     CALLBACK("NSWindowDelegate", "windowWillClose:", WindowObject, windowWillClose)
 ///
-/// A BLOCK says which block the function around a message takes; a CALLBACK which member function
-/// answers a message that the system sends to a class of ours, and what that class conforms to.
-/// Reads the text, not the language: it knows just the forms in which our files are written.
-/// What it takes for a constant has a vendor's name: a capital first, or after a `k`. Pure; any
-/// thread.
+/// A BLOCK names the block that the function around a message takes. A CALLBACK names the member
+/// function that handles a message of the system to a class of ours, and the class's protocols.
+/// Reads the text, not the language: it knows just the forms in which our files are written. What
+/// it takes for a constant has a vendor's name: a capital first, or after a `k`. Pure; any thread.
 [[nodiscard]] std::string scanDeclarations(std::string_view source);
 
 }  // namespace stagehopper::macos_facts

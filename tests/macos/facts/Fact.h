@@ -32,7 +32,7 @@ struct MethodFact {
     std::string_view selector;
     std::string_view encoding;
     Returns returns = Returns::plain;
-    /// The encoding of the block that the message takes; empty when it takes none.
+    /// The encoding of the block that the message takes; empty without a block.
     std::string_view block = {};
 };
 

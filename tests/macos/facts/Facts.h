@@ -33,7 +33,7 @@ inline constexpr std::span<const FunctionFact> functionTables[] = {
 
 namespace detail {
 
-/// The first fact of a sorted table that `isBefore` does not hold for; null when there is none.
+/// The first fact of a sorted table for which `isBefore` is false; null if there is none.
 template <class Fact, class IsBefore>
 [[nodiscard]] constexpr const Fact* lowerBound(std::span<const Fact> table, IsBefore isBefore) {
     std::size_t begin = 0;
@@ -60,7 +60,7 @@ template <class Fact>
                                     std::string_view selector) {
     if (const int order = fact.className.compare(className); order != 0) return order;
     if (const int order = fact.selector.compare(selector); order != 0) return order;
-    // Of one name, the class's message stands first.
+    // For equal names, the class message comes first.
     return static_cast<int>(kind) - static_cast<int>(fact.kind);
 }
 
@@ -70,7 +70,7 @@ template <class Fact>
     return detail::byName(std::span<const ClassFact>(classes), name);
 }
 
-/// The fact that this very class declares; null when it inherits the message or has none.
+/// The fact that the class itself declares; null if it inherits or lacks the message.
 [[nodiscard]] constexpr const MethodFact* ownFact(std::string_view className, Kind kind,
                                                   std::string_view selector) {
     for (const auto table : methodTables) {

@@ -30,8 +30,8 @@ inline constexpr FunctionFact coreFoundationFunctions[] = {
 };
 
 // Accessibility and events. Source: objc2's generated bindings of Apple's headers, commit
-// fff28a8e2889d32c2a832672a94eeff42cd6c6d2 (names and type encodings only).
-// Apple's documentation says which pointers are to constants.
+// fff28a8e2889d32c2a832672a94eeff42cd6c6d2 (names and type encodings only). Apple's documentation
+// defines which pointers are const.
 inline constexpr FunctionFact applicationServicesFunctions[] = {
     {"AXIsProcessTrusted", "C()", Library::applicationServices},
     {"AXIsProcessTrustedWithOptions", "C(^{__CFDictionary=})", Library::applicationServices},

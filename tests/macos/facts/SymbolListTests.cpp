@@ -12,7 +12,7 @@
 #include "tests/macos/facts/Facts.h"
 
 // The lists from which the linker knows the system's libraries (cmake/macos-symbols) are written by
-// hand, too: a name in them that no library has would be found on somebody's Mac only.
+// hand: a name that no library has would only be found on a Mac.
 
 namespace stagehopper::macos_facts {
 namespace {

@@ -31,7 +31,7 @@ static_assert(!agrees("v@:", "v@:@"));
 static_assert(!agrees("v@:q", "v@:Q"));
 static_assert(!agrees("v@:qr", "v@:qQ"));
 
-/// The end of the encoding that starts there; npos when there is none.
+/// The end of the encoding that starts there; npos if it is invalid.
 std::size_t endOfType(std::string_view text, std::size_t position) {
     while (position < text.size() && detail::isQualifier(text[position])) ++position;
     if (position >= text.size()) return std::string_view::npos;
@@ -56,7 +56,7 @@ std::size_t endOfType(std::string_view text, std::size_t position) {
     }
 }
 
-/// How many types the text consists of; -1 when it is none.
+/// The number of types in the text; -1 if it is invalid.
 int countTypes(std::string_view text) {
     int count = 0;
     for (std::size_t position = 0; position < text.size(); ++count) {

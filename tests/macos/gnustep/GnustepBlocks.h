@@ -4,7 +4,7 @@
 
 namespace stagehopper::cocoa::gnustep {
 
-/// Calls a block that takes objects and answers nothing.
+/// Calls a block that takes objects and returns nothing.
 template <class... Objects>
 void callBlock(void* block, Objects... objects) {
     struct Layout {

@@ -6,8 +6,8 @@
 #include "ports/macos/cocoa/objc/FixedString.h"
 #include "ports/macos/cocoa/objc/Runtime.h"
 
-// Messages through GCC's Objective-C runtime, on which GNUstep stands. Included by
-// cocoa/MessageDispatch.h, which says what a message is.
+// Messages through GCC's Objective-C runtime, which GNUstep uses. Included by
+// cocoa/MessageDispatch.h, which defines what a message is.
 
 namespace stagehopper::cocoa {
 
@@ -20,14 +20,14 @@ struct Declaration {
     const char* name;
 };
 
-/// The method with which the receiver answers, or null when its class has none; that is noted on
-/// the standard output, once for each declaration. Any thread.
+/// The receiver's method; null if its class has none, which is printed on standard output once for
+/// each declaration. Any thread.
 [[nodiscard]] IMP methodOf(id receiver, SEL name, const Declaration& declaration);
 
 }  // namespace gnustep
 
-/// Sends a message that the handle `Receiver` declares. One to nil, and one that GNUstep does not
-/// have, answers zero.
+/// Sends a message that the handle `Receiver` declares. A message to nil, or one that GNUstep
+/// lacks, returns zero.
 template <class Receiver, MessageKind kind, FixedString name, class Result, class... Arguments>
 Result dispatchMessage(id receiver, Arguments... arguments) {
     static_assert((std::is_trivially_copyable_v<Arguments> && ...));

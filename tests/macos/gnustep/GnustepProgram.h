@@ -12,18 +12,18 @@ namespace stagehopper::desktop {
 /// The macOS port's program running on GNUstep, on a virtual desktop that outlives it. One thread.
 class GnustepProgram {
 public:
-    /// Starts it with this page and with a shell script in the place of its backend, and waits for
-    /// its panel; throws DesktopError.
+    /// Starts it with this page and with a shell script as its backend, and waits for its panel;
+    /// throws DesktopError.
     GnustepProgram(const VirtualDesktop& desktop, const std::string& page,
                    const std::string& backendScript);
 
     [[nodiscard]] ChildProgram& program() { return *program_; }
     [[nodiscard]] Window panel() const { return panel_; }
-    /// Of its pages and its backend.
+    /// The folder of its pages and its backend.
     [[nodiscard]] std::filesystem::path resources() const { return folder_ / "Resources"; }
     /// Waits for a line that contains `text`.
     [[nodiscard]] bool says(const std::string& text) const;
-    /// What it said that GNUstep does not have.
+    /// The messages that it reported as absent from GNUstep.
     [[nodiscard]] std::vector<std::string> missing() const;
 
 private:

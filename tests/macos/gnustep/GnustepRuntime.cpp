@@ -69,7 +69,7 @@ void* objc_autoreleasePoolPush(void) {
     return NSAutoreleasePool::make().pointer();
 }
 void objc_autoreleasePoolPop(void* pool) {
-    // Takes with it the pools inside it that nobody has popped.
+    // Also ends the pools inside it that were not popped.
     NSAutoreleasePool(static_cast<id>(pool)).release();
 }
 

@@ -27,7 +27,7 @@ using testing::HasSubstr;
 
 constexpr std::chrono::seconds limit{15};
 
-/// Says that it runs, and ends when it is asked to, which it says, too.
+/// Reports that it runs, ends on request, and reports its end.
 constexpr const char* patientBackend =
     "trap 'echo asked to end >> calls; exit 0' TERM\n"
     "echo \"$@ PORT=$PORT PORT_EXTRA=$PORT_EXTRA in $PWD\" >> calls\n"
@@ -85,7 +85,7 @@ protected:
             << "the backend wrote:\n"
             << calls() << output();
     }
-    /// After everything that is to be done before the end.
+    /// After all work that precedes the end.
     void expectAGoodEnd() {
         ASSERT_EQ(program_->program().waitForExit(limit), 0) << output();
         EXPECT_THAT(calls(), HasSubstr("asked to end")) << output();

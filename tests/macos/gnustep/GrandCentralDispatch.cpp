@@ -72,7 +72,7 @@ struct SerialQueue : dispatch_queue_s {
     void add(std::function<void()> work) override { work_->add(std::move(work)); }
 
 private:
-    /// Goes on when nobody has the queue any more.
+    /// Continues after the last reference to the queue is gone.
     std::shared_ptr<SerialWork> work_ = std::make_shared<SerialWork>();
 };
 

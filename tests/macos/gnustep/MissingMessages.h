@@ -2,8 +2,8 @@
 
 namespace stagehopper::cocoa::gnustep {
 
-/// Gives GNUstep's classes the messages that the port cannot do without and that GNUstep has under
-/// an older name only; says each on the standard output. Once, before they are sent.
+/// Adds the messages to GNUstep's classes that the port needs and that GNUstep has under an older
+/// name only; prints each on standard output. Once, before they are sent.
 void supplyMissingMessages();
 
 }  // namespace stagehopper::cocoa::gnustep

@@ -25,7 +25,7 @@ bool hasMenuBar(const VirtualDesktop& desktop) {
     });
 }
 
-/// All that the X server shows, for menus are on no list of the window manager's.
+/// Everything that the X server shows: menus are absent from the window manager's lists.
 std::vector<Area> visibleWindows(const XDisplay& display) {
     std::vector<Area> areas;
     display.accepts([&] {

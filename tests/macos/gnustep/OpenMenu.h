@@ -4,8 +4,8 @@
 
 namespace stagehopper::desktop {
 
-/// Whether a window of GNUstep's, or a menu, is drawn there: it is in front, and empty or no longer
-/// chosen in its lower left corner.
+/// Whether a window or a menu of GNUstep is drawn there: it is in front, and its lower left corner
+/// is empty or no longer highlighted.
 [[nodiscard]] bool isDrawn(const VirtualDesktop& desktop, const Area& area);
 
 /// The first menu of GNUstep's menu bar, opened with the pointer. One thread.
@@ -14,7 +14,7 @@ public:
     /// Opens it for the program of this window and waits until it is drawn; throws DesktopError.
     OpenMenu(const VirtualDesktop& desktop, Window window);
 
-    /// As a hand does it that gets there before it presses; throws DesktopError.
+    /// Moves the pointer there first, then presses; throws DesktopError.
     void clickLastItem() const;
 
 private:

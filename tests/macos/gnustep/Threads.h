@@ -4,10 +4,10 @@
 
 namespace stagehopper::cocoa::gnustep {
 
-/// Runs it once on the main thread, from its run loop, after what came before. Any thread.
+/// Runs the task once on the main thread, from its run loop, in the order of the calls. Any thread.
 void runOnMainThread(std::function<void()> work);
 
-/// Runs it once, on a thread of its own that Foundation knows. Nobody waits for its end.
+/// Runs the task once on a new thread that Foundation knows. Does not wait for its end.
 void runOnNewThread(std::function<void()> work);
 
 }  // namespace stagehopper::cocoa::gnustep

@@ -2,8 +2,8 @@
 
 namespace stagehopper::cocoa::gnustep {
 
-/// Puts GNUstep's older interface for HTTP behind the name of the newer one, which it has not. Only
-/// loading the data of an address is supplied. Once, before it is asked for.
+/// Provides the newer HTTP interface, which GNUstep lacks, through GNUstep's older one. Supports
+/// only loading the data of an address. Once, before the first use.
 void supplyUrlSession();
 
 }  // namespace stagehopper::cocoa::gnustep

@@ -81,7 +81,7 @@ void post(const Handlers& handlers, std::string_view name, NSObject body) {
     Receive::send(held.get().pointer(), nullptr, PostedMessage::make(message).get());
 }
 
-/// Does later what the line says, if it is one of the two that are understood.
+/// Runs the line later if it is one of the two known kinds.
 void runLine(const std::shared_ptr<Handlers>& handlers, std::string_view line) {
     constexpr std::string_view postText = "post ";
     constexpr std::string_view postNumber = "postNumber ";

@@ -2,10 +2,10 @@
 
 namespace stagehopper::cocoa::gnustep {
 
-/// Puts a plain view in the place of WebKit's, which GNUstep has not. It shows nothing. Of pages
-/// and scripts it understands the lines "post HANDLER TEXT" and "postNumber HANDLER", which do what
-/// a script does that posts to that message handler. Says so on the standard output. Once, before
-/// WebKit's classes are asked for. Main thread.
+/// Replaces WebKit's view, which GNUstep lacks, by a plain view that shows nothing. In pages and
+/// scripts it understands the lines "post HANDLER TEXT" and "postNumber HANDLER", which post to
+/// that message handler as a script does. Prints this on standard output. Once, before the first
+/// use of WebKit's classes. Main thread.
 void supplyWebView();
 
 }  // namespace stagehopper::cocoa::gnustep

@@ -8,14 +8,14 @@
 
 namespace stagehopper::recording {
 
-/// Of accessibility elements, which have no class that anybody could send messages to.
+/// The class of accessibility elements, which take no messages.
 inline constexpr const char* elementClass = "AXUIElement";
-/// Of events.
+/// The class of events.
 inline constexpr const char* eventClass = "CGEvent";
 
 [[nodiscard]] cocoa::id objectOf(cocoa::CFTypeRef object);
 
-/// The answer of a function with Create or Copy in its name: the caller has to release it.
+/// The result of a function with Create or Copy in its name: the caller must release it.
 [[nodiscard]] cocoa::CFTypeRef giveToPort(const Retained& object);
 
 }  // namespace stagehopper::recording

@@ -6,8 +6,8 @@
 #include "tests/macos/recording/foundation/FoundationStates.h"
 #include "tests/macos/recording/runtime/Behaviours.h"
 
-// The texts that the system's libraries export. Their contents are nobody's business but the
-// system's, so they are their own names.
+// The texts that the system's libraries export. Only the system reads their contents, so each text
+// is its own name.
 
 namespace {
 

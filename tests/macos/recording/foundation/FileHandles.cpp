@@ -17,7 +17,7 @@ namespace {
 
 /// What both ends of a pipe share.
 struct Stream {
-    /// Null as long as nobody was started with the pipe.
+    /// Null until a task is started with the pipe.
     std::shared_ptr<LaunchedTask> writer;
     bool read = false;
 };
@@ -77,7 +77,7 @@ void defineFileHandles() {
     define("NSFileHandle", MessageKind::classLevel, "fileHandleWithNullDevice",
            [](Call&) -> Value { return nullDevice(); });
     define("NSFileHandle", MessageKind::instance, "readDataToEndOfFile", readDataToEndOfFile);
-    // Without an error object nobody is told that reading failed; here it never does.
+    // Without an error object a failed read goes unreported; here reads never fail.
     define("NSFileHandle", MessageKind::instance,
            "readDataToEndOfFileAndReturnError:", readDataToEndOfFile);
 }

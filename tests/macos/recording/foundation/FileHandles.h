@@ -9,10 +9,10 @@ namespace stagehopper::recording {
 
 struct LaunchedTask;
 
-/// "pipe", "null device", or "inherited" for nil: what a task was given as one of its streams.
+/// What a task got as one of its streams: "pipe", "null device", or "inherited" for nil.
 [[nodiscard]] std::string describeStream(cocoa::id stream);
 
-/// From now on that task writes into the pipe; nothing happens when `stream` is no pipe.
+/// Makes the task the writer of the pipe; does nothing unless `stream` is a pipe.
 void setWriter(cocoa::id stream, std::shared_ptr<LaunchedTask> task);
 
 }  // namespace stagehopper::recording

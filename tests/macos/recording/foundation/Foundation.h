@@ -9,8 +9,7 @@
 #include "ports/macos/cocoa/objc/Runtime.h"
 #include "tests/macos/recording/runtime/Behaviours.h"
 
-// The values of Foundation as the stand-ins see them: what is in an object, and objects that the
-// system makes. Any queue.
+// Reads and creates values of Foundation for the stand-ins. Any queue.
 
 namespace stagehopper::recording {
 
@@ -18,19 +17,19 @@ namespace stagehopper::recording {
 [[nodiscard]] std::string textOf(cocoa::id string);
 [[nodiscard]] std::string bytesOf(cocoa::id data);
 [[nodiscard]] std::string addressOf(cocoa::id url);
-/// Of a file URL; empty for others.
+/// The path of a file URL; empty for others.
 [[nodiscard]] std::string pathOf(cocoa::id url);
 [[nodiscard]] std::vector<cocoa::id> elementsOf(cocoa::id array);
 [[nodiscard]] std::vector<std::string> textsOf(cocoa::id array);
 /// A dictionary of strings.
 [[nodiscard]] std::map<std::string, std::string> textTableOf(cocoa::id dictionary);
-/// The value under a text; nil when there is none.
+/// The value for a text key; nil if absent.
 [[nodiscard]] cocoa::id valueUnder(cocoa::id dictionary, std::string_view key);
 [[nodiscard]] bool truthOf(cocoa::id number);
 
 // --- new ones -----------------------------------------------------------------------------------
 [[nodiscard]] Retained makeString(std::string text);
-/// One with an unpaired surrogate among these units of UTF-16, which has no UTF-8.
+/// A string with an unpaired surrogate among these UTF-16 units, which UTF-8 cannot represent.
 [[nodiscard]] Retained makeStringWithoutUtf8(std::u16string units);
 [[nodiscard]] Retained makeData(std::string bytes);
 [[nodiscard]] Retained makeUrl(std::string address);
@@ -47,7 +46,7 @@ namespace stagehopper::recording {
 [[nodiscard]] cocoa::id makeArray(Call& call, const std::vector<Retained>& elements);
 [[nodiscard]] cocoa::id makeTexts(Call& call, const std::vector<std::string>& texts);
 
-/// The object lives as long as the current pool, as one does that is given back through a pointer.
+/// Hands the object to the current pool, as for an object that is returned through a pointer.
 cocoa::id leaveToPool(const Retained& object);
 
 }  // namespace stagehopper::recording

@@ -10,12 +10,12 @@
 
 namespace stagehopper::recording {
 
-// What the stand-ins of Foundation's values carry. Plain data, any queue.
+// The state of the stand-ins for Foundation's values. Plain data, any queue.
 
 struct StringState {
-    /// Of a text that is not convertible: with a question mark for each unit.
+    /// For a text that is not convertible: a question mark for each unit.
     std::string utf8;
-    /// Only of a text that has no UTF-8, because one of its surrogates is alone.
+    /// Only for a text with an unpaired surrogate, which UTF-8 cannot represent.
     std::optional<std::u16string> notConvertible = std::nullopt;
 };
 struct DataState {

@@ -74,7 +74,7 @@ Retained makeNotification(std::string_view name, cocoa::id object) {
 void postNotification(std::string_view name, cocoa::id object) {
     const auto notification = makeNotification(name, object);
     const auto center = sharedInstance("NSNotificationCenter");
-    // A copy: observers may come and go meanwhile.
+    // A copy: observers may be added or removed during the loop.
     const auto observations = stateOf<CenterState>(center).observations;
     for (const auto& each : observations) {
         const bool named = each.name.empty() || each.name == name;

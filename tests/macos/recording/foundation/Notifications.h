@@ -7,11 +7,11 @@
 
 namespace stagehopper::recording {
 
-/// For a delegate, which gets it as the argument of a message of its own.
+/// For a delegate, as the argument of a delegate message.
 [[nodiscard]] Retained makeNotification(std::string_view name, cocoa::id object);
 
-/// The system posts a notification to the default centre, now and on the current queue: each
-/// observer of that name, and of that object or of all, gets its message.
+/// Posts a notification of the system to the default center, at once and on the current queue: each
+/// observer of that name, and of that object or of all objects, gets its message.
 void postNotification(std::string_view name, cocoa::id object = nullptr);
 
 }  // namespace stagehopper::recording

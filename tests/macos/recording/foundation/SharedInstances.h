@@ -6,14 +6,14 @@
 
 namespace stagehopper::recording {
 
-/// The one instance of a class, as `sharedWorkspace` answers it; made when first asked for. `which`
-/// tells several of one class apart. Any queue.
+/// The shared instance of a class, as returned by `sharedWorkspace`; created at the first use.
+/// `which` distinguishes several instances of one class. Any queue.
 [[nodiscard]] cocoa::id sharedInstance(std::string_view className, std::string_view which = "");
 
-/// Defines a class message, without arguments, that answers the shared instance.
+/// Defines a class message without arguments that returns the shared instance.
 void defineShared(std::string_view className, std::string_view selector);
 
-/// At the end of a test: the next one finds fresh ones.
+/// At the end of a test: the next one gets new instances.
 void forgetSharedInstances();
 
 }  // namespace stagehopper::recording

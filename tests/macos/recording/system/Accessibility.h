@@ -10,21 +10,21 @@
 
 namespace stagehopper::recording {
 
-/// The right to look into other programs and to send them keys. Main thread only.
+/// The permission to read other programs and to send them keys. Main thread only.
 struct Accessibility {
     bool trusted = true;
     /// How often the system's dialog was shown.
     int prompts = 0;
-    /// The system's own limit, which holds until the program sets another.
+    /// The system's own limit, until the program sets another.
     static constexpr double systemsTimeLimit = 6;
     /// Seconds until a call to a program that does not answer gives up; elements may have a limit
     /// of their own.
     double timeLimit = systemsTimeLimit;
     /// Programs that do not answer.
     std::set<platform::Pid> hanging;
-    /// By the item's title: how many seconds its program works on a press before it answers.
+    /// By the item's title: how many seconds its program works on a press before it replies.
     std::map<std::string, double, std::less<>> pressTakes;
-    /// By the attribute's name: what every element answers in its place.
+    /// By the attribute's name: a value that every element returns instead.
     std::map<std::string, Retained, std::less<>> instead;
     /// How many attributes were asked for.
     int reads = 0;

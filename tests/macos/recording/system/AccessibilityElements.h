@@ -10,7 +10,7 @@
 
 namespace stagehopper::recording {
 
-/// What an element of another program's interface stands for. It outlives what it stands for.
+/// An element of another program's interface. The element outlives the object that it refers to.
 struct ElementState {
     struct SystemWide {};
     struct Program {};
@@ -20,14 +20,14 @@ struct ElementState {
 
     platform::Pid process = 0;
     std::variant<SystemWide, Program, Window, simulated::MenuNode> what;
-    /// Of calls through this reference alone.
+    /// The limit for calls through this reference only.
     std::optional<double> timeLimit = std::nullopt;
 };
 
 [[nodiscard]] Retained makeElement(ElementState state);
 
-/// The value of an attribute, by the system's name for it ("AXTitle"); empty when the element has
-/// none, or its program does not tell.
+/// The value of an attribute, by the system's name ("AXTitle"); empty if the element lacks it, or
+/// its program does not provide it.
 [[nodiscard]] Retained attributeOf(const ElementState& element, std::string_view attribute);
 
 }  // namespace stagehopper::recording

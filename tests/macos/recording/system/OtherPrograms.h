@@ -12,9 +12,9 @@
 
 namespace stagehopper::recording {
 
-/// What runs beside the program: other programs with their windows, menus and the keys that they
-/// got, who is in front, and what was opened. Programs are described as for the simulated desktop.
-/// Main thread only.
+/// The other programs: their windows and menus, the keys that they got, which one is in front, and
+/// the addresses that were opened. Programs are described as for the simulated desktop. Main thread
+/// only.
 class OtherPrograms {
 public:
     simulated::RunningProgram& start(simulated::Program program);
@@ -28,13 +28,13 @@ public:
         return programs_;
     }
 
-    /// Who has the keyboard.
+    /// The program with the keyboard focus.
     std::optional<platform::Pid> front;
-    /// By the process: which of its windows has the focus in it, where it is not the first one.
+    /// By the process: the index of its focused window, if it is not the first.
     std::map<platform::Pid, std::size_t> focusedWindow;
     /// Addresses that the program asked the system to open.
     std::vector<std::string> opened;
-    /// Whether anything is responsible for such an address.
+    /// Whether a program handles such an address.
     bool opensAddresses = true;
 
 private:

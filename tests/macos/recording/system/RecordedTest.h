@@ -9,8 +9,8 @@
 
 namespace stagehopper::recording {
 
-/// A test in a world of its own. When it has gone with all that it held, nothing may have been
-/// noted as a problem, and the program may hold no object, block, queue or semaphore any more.
+/// A test with its own world. At its end there must be no problem, and the program must have
+/// released every object, block, queue and semaphore.
 class RecordedTest : public testing::Test {
 public:
     RecordedTest() = default;
@@ -21,7 +21,8 @@ public:
 protected:
     void TearDown() final;
 
-    /// Drops what the test made of the program and what its own members would drop too late.
+    /// Destroys the parts of the program that the test created, and members that would be destroyed
+    /// too late.
     virtual void dropProgram() {}
 
     World world;

@@ -8,7 +8,7 @@ namespace stagehopper::recording {
 
 namespace {
 
-/// What stands behind "scheme://".
+/// The part after "scheme://".
 std::string afterScheme(const std::string& address) {
     const auto scheme = address.find("://");
     return scheme == std::string::npos ? std::string() : address.substr(scheme + 3);

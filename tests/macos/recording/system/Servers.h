@@ -13,9 +13,9 @@ namespace stagehopper::recording {
 struct ServerAnswer {
     int status = 200;
     std::string body{};
-    /// False: what comes back is no HTTP answer at all.
+    /// False: the reply is not HTTP.
     bool http = true;
-    /// Where a redirect leads; the system goes there by itself.
+    /// The target of a redirect; the system follows it.
     std::string location{};
     /// Only the head comes; then the connection is lost.
     bool breaksOff = false;
@@ -37,26 +37,26 @@ struct Server {
 /// The loopback interface: which ports have a server, and what was asked. Main thread only.
 class Servers {
 public:
-    /// What the system tells for a port without a server, and for a connection whose server went.
+    /// The system's error for a port without a server, and for a connection whose server is gone.
     static constexpr const char* refused = "Could not connect to the server.";
     static constexpr const char* lost = "The network connection was lost.";
     static constexpr const char* timedOut = "The request timed out.";
     static constexpr const char* cancelled = "cancelled";
-    /// Seconds until the system gives a request up.
+    /// Seconds until the system gives up a request.
     static constexpr double requestLimit = 60;
 
-    /// Puts a server on a port, or gives the one that is there.
+    /// Adds a server on a port, or returns the existing one.
     Server& serve(int port) { return servers_[port]; }
-    /// The server and its connections are gone.
+    /// Removes the server and its connections.
     void stopServing(int port);
-    /// The last socket opened on that port; throws when there was none.
+    /// The last socket opened on that port; throws if there was none.
     [[nodiscard]] SocketConnection& lastConnection(int port) const;
     /// At the end of a test.
     void forget();
     /// On all ports together.
     [[nodiscard]] std::size_t openSockets() const;
 
-    /// The server that an address leads to; null when there is none.
+    /// The server at an address; null if there is none.
     [[nodiscard]] Server* serverOf(const std::string& address);
     /// The path of an address, without its query.
     [[nodiscard]] static std::string pathOf(const std::string& address);

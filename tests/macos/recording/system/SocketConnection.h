@@ -10,19 +10,19 @@
 
 namespace stagehopper::recording {
 
-/// What comes out of a WebSocket: a message, or why there will be none.
+/// The result of a receive: a message, or the reason for the failure.
 struct Incoming {
     enum class Kind { text, binary, failure };
     Kind kind = Kind::text;
     std::string bytes;
 };
 
-/// One WebSocket connection: what the server does with it, what the client asked of it. Everything
-/// that the client is told comes on the queue "session". Main thread only.
+/// One WebSocket connection: the server's actions and the client's requests. The client's handlers
+/// run on the queue "session". Main thread only.
 class SocketConnection {
 public:
     using Receiver = std::function<void(const Incoming&)>;
-    /// Called without a text for a pong, else with the reason why none came.
+    /// Called without a text for a pong, else with the error.
     using PongHandler = std::function<void(const std::optional<std::string>&)>;
 
     explicit SocketConnection(std::string address) : address_(std::move(address)) {}
@@ -30,18 +30,18 @@ public:
     // --- the server and the network -----------------------------------------------------------
     void sends(std::string text);
     void sendsBytes(std::string bytes);
-    /// It ends; whoever waits, or asks later, is told why.
+    /// Breaks the connection; pending and later receives fail with the reason.
     void breaks(const std::string& why);
-    /// How often the client hears of each ping that a break has made fail.
+    /// How often the pong handler of a failed ping is called after a break.
     int tellsFailedPings = 1;
-    /// At the end of a test: nobody is told anything any more.
+    /// At the end of a test: drops all handlers.
     void forget();
 
     // --- what a test looks at -----------------------------------------------------------------
     [[nodiscard]] const std::string& address() const { return address_; }
     [[nodiscard]] bool open() const { return open_; }
     [[nodiscard]] int pings() const { return pings_; }
-    /// Absent as long as the client did not close it.
+    /// Absent until the client closes it.
     [[nodiscard]] std::optional<long> closeCode() const { return closeCode_; }
     /// Whether the client waits for a message.
     [[nodiscard]] bool awaited() const { return !receivers_.empty(); }
@@ -49,9 +49,9 @@ public:
     // --- the client ---------------------------------------------------------------------------
     /// Kept as long as the connection lasts.
     void keepClient(std::shared_ptr<void> client) { client_ = std::move(client); }
-    /// The server has taken it; it calls each pong handler `pongs` times.
+    /// Accepts the connection; each pong handler is called `pongs` times.
     void connected(int pongs);
-    /// The next message, or the failure, goes to `receiver`, once.
+    /// Passes the next message, or the failure, to `receiver` once.
     void receive(Receiver receiver);
     void ping(PongHandler handler);
     void close(long code);

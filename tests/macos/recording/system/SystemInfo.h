@@ -10,20 +10,20 @@
 
 namespace stagehopper::recording {
 
-/// Something that the program asked the system not to disturb it in.
+/// An activity during which the system must not slow the program down.
 struct Activity {
     unsigned long options = 0;
     std::string reason;
-    /// Nil when the program has dropped it, which ends it, too.
+    /// Nil after the program drops it, which also ends it.
     Weak token;
 };
 
-/// What the system tells the program about itself; a test changes it before the program asks.
-/// Main thread only.
+/// The system's data about the program; a test changes it before the program reads it. Main thread
+/// only.
 struct SystemInfo {
     std::int32_t processIdentifier = 4711;
     std::vector<std::string> arguments{"/Applications/Stagehopper.app/Contents/MacOS/Stagehopper"};
-    /// The program's own variables; a child gets them, too, when it is given none.
+    /// The program's own variables; a child inherits them unless it is given others.
     std::map<std::string, std::string> environment{{"HOME", "/Users/presenter"},
                                                    {"PATH", "/usr/bin:/bin:/usr/sbin:/sbin"}};
     std::string currentDirectory = "/";
@@ -34,13 +34,13 @@ struct SystemInfo {
     /// Of the wall clock, in seconds since 1970, when virtual time is zero:
     /// 2026-03-14 09:26:53 UTC, which is also the local time.
     double startOfTime = 1'773'480'413;
-    /// How long the machine had been up when virtual time began.
+    /// The uptime of the machine at the start of virtual time.
     double secondsUp = 5000;
-    /// Whose lower-case I has no dot.
+    /// In Turkish the lower-case I has no dot.
     bool userIsTurkish = false;
     /// Begun and not ended.
     std::vector<Activity> activities{};
-    /// How many UUIDs were made so far: each is made of its number.
+    /// The number of UUIDs so far: each is derived from its number.
     std::uint32_t uuids = 0;
 };
 

@@ -12,15 +12,15 @@
 
 namespace stagehopper::recording {
 
-/// How a program behaves when it is started.
+/// The behaviour of a started program.
 using ProgramFile = simulated::ProgramFile;
 
-/// One start of a program: what it was given, and what became of it.
+/// One start of a program: its parameters and its state.
 struct LaunchedTask {
     std::int32_t processIdentifier = 0;
     std::string executable;
     std::vector<std::string> arguments;
-    /// What it was given, or what it inherited.
+    /// Given or inherited.
     std::map<std::string, std::string> environment;
     std::string directory;
     /// "pipe", "null device" or "inherited".
@@ -34,19 +34,19 @@ struct LaunchedTask {
     /// Ended by a signal, not by itself.
     bool signalled = false;
     ProgramFile program;
-    /// Called once, on the queue "task", when it has ended.
+    /// Called once, on the queue "task", after it ends.
     std::function<void()> onExit;
 };
 
 /// The programs on the disk and every start of one. Main thread only.
 class Tasks {
 public:
-    /// What stands under a path; a start of anything else is refused.
+    /// The programs by path; a start of another path is refused.
     std::map<std::string, ProgramFile> programs;
     /// Seconds until a launch returns: a program that ends sooner overtakes it.
     double launchTakes = 0;
 
-    /// Every start that worked, in order.
+    /// Every successful start, in order.
     [[nodiscard]] const std::vector<std::shared_ptr<LaunchedTask>>& launched() const {
         return launched_;
     }
@@ -57,13 +57,13 @@ public:
     /// How many run.
     [[nodiscard]] std::size_t running() const;
 
-    /// The program ends by itself as soon as time goes on.
+    /// Ends the program by itself as soon as the clock moves.
     void exits(LaunchedTask& task, std::int32_t status);
 
-    /// At the end of a test: no termination handler is called any more.
+    /// At the end of a test: drops all termination handlers.
     void forget();
 
-    /// For NSTask: why that program cannot be started; empty when it can.
+    /// For NSTask: the reason for refusing that program; empty if it can start.
     [[nodiscard]] std::string refusal(const std::string& executable) const;
     /// For NSTask: the program starts.
     std::shared_ptr<LaunchedTask> start(LaunchedTask started);

@@ -14,7 +14,7 @@ namespace {
 
 World* standing = nullptr;
 
-/// Objects of Core Foundation's kind: they are counted like all others, but nobody can send them
+/// Objects of Core Foundation: references are counted as for other objects, but they take no
 /// messages.
 void registerOpaqueClass(const char* name) {
     const auto made = cocoa::objc_allocateClassPair(cocoa::objc_getClass("NSObject"), name, 0);

@@ -15,8 +15,8 @@
 
 namespace stagehopper::recording {
 
-/// The Mac around the program, in memory and in virtual time: what a test sets up, lets happen and
-/// looks at. One at a time; each begins with everything as new. Main thread only.
+/// The Mac around the program, in memory and in virtual time. A test sets it up, triggers its
+/// events and inspects it. One at a time; each starts with a new state. Main thread only.
 class World {
 public:
     World();
@@ -24,10 +24,10 @@ public:
     World(const World&) = delete;
     World& operator=(const World&) = delete;
 
-    /// The one that stands; throws when there is none.
+    /// The current world; throws if there is none.
     [[nodiscard]] static World& current();
 
-    /// What `CGShieldingWindowLevel` answers, as on a real Mac.
+    /// The result of `CGShieldingWindowLevel`, as on a real Mac.
     static constexpr int shieldingLevel = 2'147'483'628;
 
     /// Messages in the system's log, oldest first.
@@ -42,10 +42,10 @@ public:
     OtherPrograms programs;
     Accessibility accessibility;
     Keyboard keyboard;
-    /// Timers that a run loop has.
+    /// The number of timers in a run loop.
     int runningTimers = 0;
-    /// Ends everything that the world keeps, so that what is left is the program's own: tasks that
-    /// run, connections, shared instances. Nothing is told to the program. Once, at the end.
+    /// Destroys everything that the world keeps, so that only the program's own objects are left:
+    /// running tasks, connections, shared instances. Does not notify the program. Once, at the end.
     void end();
 };
 

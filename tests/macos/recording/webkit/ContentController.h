@@ -15,14 +15,14 @@ struct InjectedScript {
     bool mainFrameOnly = false;
 };
 
-/// What a WKUserContentController carries.
+/// The state of a WKUserContentController.
 struct ContentControllerState {
     std::map<std::string, Retained> handlers;
-    /// Of WKUserScript.
+    /// Elements: WKUserScript.
     std::vector<Retained> scripts;
 };
 
-/// Of a web view, by the configuration that it was made with; nil for any other object.
+/// The content controller of a web view's configuration; nil for any other object.
 [[nodiscard]] cocoa::id contentControllerOf(cocoa::id view);
 
 }  // namespace stagehopper::recording

@@ -16,43 +16,43 @@ class WebPage {
 public:
     explicit WebPage(cocoa::id view) : view_(view) {}
 
-    /// The page posts a string to a named handler, as soon as the main thread takes it.
+    /// The page posts a string to a named handler; delivered when the main thread is free.
     void posts(std::string_view handler, std::string_view text) const;
     /// Any other value.
     void posts(std::string_view handler, Retained body) const;
-    /// As a page does that stands in a frame of this one; the handlers are there, too.
+    /// As a page in a frame of this one; handlers exist in frames as well.
     void postsFromFrame(std::string_view handler, std::string_view text) const;
-    /// The user drops a file or a link on the view, as soon as the main thread takes it: the main
+    /// The user drops a file or a link on the view; handled when the main thread is free. The main
     /// frame goes there unless the program refuses.
     void userDrops(std::string_view address);
     /// The same for a frame in the page, and for a new window.
     [[nodiscard]] bool frameMayGoTo(std::string_view address) const;
     [[nodiscard]] bool mayOpenWindow(std::string_view address) const;
-    /// The process that shows the page dies, as soon as the main thread hears of it.
+    /// The process that shows the page dies; reported when the main thread is free.
     void processDies();
 
-    /// Nil when it has gone.
+    /// Nil after it is destroyed.
     [[nodiscard]] cocoa::id view() const { return view_.get(); }
     [[nodiscard]] cocoa::CGRect frame() const;
     [[nodiscard]] bool drawsBackground() const;
     /// Names of the handlers that the page can post to.
     [[nodiscard]] std::vector<std::string> handlers() const;
-    /// What is run before the page at each load.
+    /// The scripts that run before the page at each load.
     [[nodiscard]] std::vector<InjectedScript> injectedScripts() const;
 
-    /// What was loaded last, or dropped; and what it may read.
+    /// The file loaded or dropped last, and the folder that it may read.
     std::string file;
     std::string readAccess;
     int loads = 0;
-    /// Loads were stopped, or none was begun.
+    /// Whether loads were stopped, or none was begun.
     bool stopped = true;
-    /// False from its death to the next load.
+    /// False from the death of its process to the next load.
     bool alive = true;
-    /// Scripts that the program ran in it, oldest first; what is run before a page is loaded or in
-    /// a dead page does nothing.
+    /// Scripts that the program ran in the page, oldest first; without scripts that ran before a
+    /// load or in a dead page, which do nothing.
     std::vector<std::string> evaluated;
 
-    /// For WKWebView: the program is asked about the load that it has begun.
+    /// For WKWebView: asks the program about the load that it has begun.
     void loadBegins(const std::string& address) const;
 
 private:
@@ -61,15 +61,15 @@ private:
     Weak view_;
 };
 
-/// All pages that were made, also those that have gone. Main thread only.
+/// All pages ever created, including destroyed ones. Main thread only.
 class WebPages {
 public:
     [[nodiscard]] const std::vector<std::shared_ptr<WebPage>>& all() const { return pages_; }
     /// Throws when there is none.
     [[nodiscard]] WebPage& newest() const { return *pages_.at(pages_.size() - 1); }
-    /// In the order of their making; throws when there is none.
+    /// In the order of creation; throws if there is none.
     [[nodiscard]] WebPage& at(std::size_t index) const { return *pages_.at(index); }
-    /// The page in that view; throws when it is none of ours.
+    /// The page in that view; throws for an unknown view.
     [[nodiscard]] WebPage& in(cocoa::id view) const;
 
     /// For WKWebView.

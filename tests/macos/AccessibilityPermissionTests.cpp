@@ -40,7 +40,7 @@ TEST_F(MacPermission, ThePromptIsRaisedOncePerRun) {
     EXPECT_THAT(lines("AXIsProcessTrustedWithOptions"), SizeIs(1));
 }
 
-TEST_F(MacPermission, ThePanelShowsTheHintAndNobodyWaitsForIt) {
+TEST_F(MacPermission, ThePanelShowsTheHintWithoutWaiting) {
     userSwitchesSlideControlOn();
     EXPECT_THAT(panelPage().evaluated, ElementsAre(std::string(accessibilityHintScript)));
     EXPECT_THAT(lines("evaluateJavaScript:"),

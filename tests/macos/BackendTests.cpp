@@ -53,7 +53,7 @@ TEST_F(MacBackend, IsConfiguredThenStarted) {
     EXPECT_EQ(queueOf(receiver + "launch"), "main");
 }
 
-TEST_F(MacBackend, GetsItsPortsItsFolderAndItsParent) {
+TEST_F(MacBackend, GetsItsPortsFolderAndParentProcess) {
     installServingBackend(3000);
     world.systemInfo.environment["PORT"] = "8080";
     launch();
@@ -73,7 +73,7 @@ TEST_F(MacBackend, ReadsAndWritesNothing) {
     EXPECT_EQ(task().error, "null device");
 }
 
-TEST_F(MacBackend, OneThatAnswersIsUsedAndNoneIsStarted) {
+TEST_F(MacBackend, ARunningBackendIsUsedAndNoneIsStarted) {
     installServingBackend(3001);
     world.servers.serve(3000);
     launch();
@@ -81,7 +81,7 @@ TEST_F(MacBackend, OneThatAnswersIsUsedAndNoneIsStarted) {
     EXPECT_THAT(lines("StagehopperBackend"), IsEmpty());
 }
 
-TEST_F(MacBackend, TheAnswerOfAProbeArrivesOnTheSessionsQueueWhileTheMainThreadWaits) {
+TEST_F(MacBackend, TheReplyToAProbeArrivesOnTheSessionsQueueWhileTheMainThreadWaits) {
     world.servers.serve(3000).answersAfter = 0.2;
     launch();
     EXPECT_EQ(queueOf("statusCode]"), "session");
@@ -93,7 +93,7 @@ TEST_F(MacBackend, TheAnswerOfAProbeArrivesOnTheSessionsQueueWhileTheMainThreadW
                             "http://127.0.0.1:3000/v1/meetings/active"));
 }
 
-TEST_F(MacBackend, AProbeIsGivenUpAfterAThirdOfASecond) {
+TEST_F(MacBackend, AProbeTimesOutAfterAThirdOfASecond) {
     world.servers.serve(3000).answersAfter.reset();
     world.servers.serve(3001);
     launch();
@@ -104,21 +104,21 @@ TEST_F(MacBackend, AProbeIsGivenUpAfterAThirdOfASecond) {
     EXPECT_THAT(starts(), IsEmpty());
 }
 
-TEST_F(MacBackend, AnAnswerThatIsNoHttpIsNoBackend) {
+TEST_F(MacBackend, ANonHttpReplyIsNotABackend) {
     world.servers.serve(3000).answers["/health"] = {.http = false};
     installServingBackend(3001);
     launch();
     EXPECT_THAT(starts(), SizeIs(1));
 }
 
-TEST_F(MacBackend, AnAnswerWithAnErrorIsNoBackend) {
+TEST_F(MacBackend, AnHttpErrorIsNotABackend) {
     world.servers.serve(3000).answers["/health"] = {.status = 503};
     installServingBackend(3001);
     launch();
     EXPECT_THAT(starts(), SizeIs(1));
 }
 
-TEST_F(MacBackend, ARedirectIsNoBackendWhereverItLeads) {
+TEST_F(MacBackend, ARedirectIsNotABackendWhateverItsTarget) {
     auto& server = world.servers.serve(3000);
     server.answers["/health"] = {.status = 302, .location = "http://127.0.0.1:3000/elsewhere"};
     server.answers["/elsewhere"] = {.status = 200};
@@ -127,14 +127,14 @@ TEST_F(MacBackend, ARedirectIsNoBackendWhereverItLeads) {
     EXPECT_THAT(starts(), SizeIs(1));
 }
 
-TEST_F(MacBackend, AStatusCountsThoughItsBodyBreaksOff) {
+TEST_F(MacBackend, AStatusCountsEvenIfItsBodyBreaksOff) {
     world.servers.serve(3000).answers["/health"] = {.status = 200, .breaksOff = true};
     installServingBackend(3001);
     launch();
     EXPECT_THAT(starts(), IsEmpty());
 }
 
-TEST_F(MacBackend, ItsEndIsHeardOnTheTasksThreadAndTakenToTheMainQueue) {
+TEST_F(MacBackend, ItsExitIsReportedOnTheTasksThreadAndHandledOnTheMainQueue) {
     installServingBackend(3000);
     launch();
     forget();
@@ -159,14 +159,14 @@ TEST_F(MacBackend, IsStartedThreeTimesASecondApart) {
               "Stagehopper: bundled backend exited; max launch attempts reached");
 }
 
-TEST_F(MacBackend, WhatTheSystemSaysOfAFailedStartIsInTheLog) {
+TEST_F(MacBackend, TheSystemsReasonForAFailedStartIsInTheLog) {
     installBackend({.launchError = "The file “StagehopperBackend-arm64” is damaged."});
     launch();
     EXPECT_THAT(systemLines(), ElementsAre("Stagehopper: failed to start bundled backend: The file "
                                            "“StagehopperBackend-arm64” is damaged."));
 }
 
-TEST_F(MacBackend, ATaskThatNeverStartedIsAskedNothing) {
+TEST_F(MacBackend, ATaskThatNeverStartedGetsNoQuestions) {
     installBackend({.launchError = "no"});
     launch();
     const auto receiver = "[" + taskName() + " ";
@@ -198,7 +198,7 @@ TEST_F(MacBackend, TheUsersStopIsCarriedOutInTheBackground) {
     EXPECT_THAT(starts(), SizeIs(1));
 }
 
-TEST_F(MacBackend, OneThatHasEndedIsNotAskedToEndAgain) {
+TEST_F(MacBackend, ABackendThatHasEndedIsNotTerminatedAgain) {
     installServingBackend(3000);
     launch();
     const auto receiver = "[" + taskName() + " ";
@@ -223,7 +223,7 @@ TEST_F(MacBackend, QuittingEndsItAndWaitsOnTheMainThread) {
     EXPECT_THAT(systemLines(), IsEmpty());
 }
 
-TEST_F(MacBackend, ItsEndAfterTheControllersDoesNothing) {
+TEST_F(MacBackend, ItsExitAfterTheControllersEndDoesNothing) {
     installServingBackend(3000);
     launch();
     dropController();

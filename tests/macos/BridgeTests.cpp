@@ -50,7 +50,7 @@ TEST_F(MacBridge, AnEmptyTextDoesNothing) {
     EXPECT_THAT(world.systemLog, IsEmpty());
 }
 
-TEST_F(MacBridge, ANumberATruthAndAListDoNothing) {
+TEST_F(MacBridge, ANumberABooleanAndAListDoNothing) {
     pagePostsOther(recording::makeNumber(17));
     pagePostsOther(recording::makeTruth(true));
     pagePostsOther(recording::makeArray({recording::makeString("CMD:showOverlay")}));
@@ -59,13 +59,13 @@ TEST_F(MacBridge, ANumberATruthAndAListDoNothing) {
     EXPECT_THAT(lines("NSPanel"), IsEmpty());
 }
 
-TEST_F(MacBridge, AnUnknownHandlerIsNotOurs) {
+TEST_F(MacBridge, AMessageToAnUnknownHandlerIsIgnored) {
     panelPage().posts("other", "DBG:hello");
     runUntilIdle();
     EXPECT_THAT(world.systemLog, IsEmpty());
 }
 
-TEST_F(MacBridge, WhatAFrameOfThePagePostsIsIgnored) {
+TEST_F(MacBridge, MessagesFromAFrameInThePageAreIgnored) {
     panelPage().postsFromFrame("bridge", "CMD:showOverlay");
     panelPage().postsFromFrame("bridge", "DBG:from a frame");
     runUntilIdle();
@@ -73,7 +73,7 @@ TEST_F(MacBridge, WhatAFrameOfThePagePostsIsIgnored) {
     EXPECT_THAT(lines("NSPanel"), IsEmpty());
 }
 
-TEST_F(MacBridge, WhatIsDroppedOnThePageDoesNotReplaceIt) {
+TEST_F(MacBridge, AFileDroppedOnThePageDoesNotReplaceIt) {
     const auto page = panelPage().file;
     for (const auto* address :
          {"file:///Users/me/slides.html", "https://example.org/", "http://127.0.0.1:3000/phone"}) {
@@ -83,7 +83,7 @@ TEST_F(MacBridge, WhatIsDroppedOnThePageDoesNotReplaceIt) {
     }
 }
 
-TEST_F(MacBridge, ThePageMayGoToItselfAgain) {
+TEST_F(MacBridge, ThePageMayNavigateToItself) {
     const auto page = panelPage().file;
     panelPage().userDrops("file://" + page + "#top");
     runUntilIdle();
@@ -127,7 +127,7 @@ TEST_F(MacBridge, APageThatDiesOnceAMinuteIsAlwaysLoadedAgain) {
     EXPECT_TRUE(panelPage().alive);
 }
 
-TEST_F(MacBridge, TheOverlaysPageIsLoadedAgainToo) {
+TEST_F(MacBridge, TheOverlaysPageIsAlsoLoadedAgain) {
     pagePosts("CMD:showOverlay");
     world.pages.at(1).processDies();
     advance(0.6);
@@ -135,7 +135,7 @@ TEST_F(MacBridge, TheOverlaysPageIsLoadedAgainToo) {
     EXPECT_EQ(panelPage().loads, 1);
 }
 
-TEST_F(MacBridge, WhatThePageSaysAfterTheControllersEndIsNotHeard) {
+TEST_F(MacBridge, MessagesOfThePageAfterTheControllersEndAreIgnored) {
     panelPage().posts("bridge", "DBG:too late");
     dropController();
     runUntilIdle();

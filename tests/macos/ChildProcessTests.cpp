@@ -32,14 +32,14 @@ void askEverything(platform::ChildProcess& process) {
     EXPECT_EQ(process.terminationStatus(), 0);
 }
 
-TEST_F(MacProcess, OneThatWasNeverLaunchedIsAskedNothing) {
+TEST_F(MacProcess, AProcessThatWasNeverLaunchedGetsNoQuestions) {
     macos_port::MacChildProcess process({.executable = tool, .capturesOutput = true});
     forget();
     askEverything(process);
     EXPECT_THAT(lines(), IsEmpty());
 }
 
-TEST_F(MacProcess, OneThatCouldNotBeLaunchedIsAskedNothing) {
+TEST_F(MacProcess, AProcessWhoseLaunchFailedGetsNoQuestions) {
     macos_port::MacChildProcess process({.executable = tool, .capturesOutput = true});
     const auto outcome = process.launch({});
     EXPECT_FALSE(outcome);
@@ -67,7 +67,7 @@ TEST_F(MacProcess, HasNoStatusWhileItRuns) {
     EXPECT_EQ(process.terminationStatus(), 7);
 }
 
-TEST_F(MacProcess, ManyMayWaitForOneEndAlsoAfterIt) {
+TEST_F(MacProcess, SeveralMayWaitForOneExitEvenAfterIt) {
     world.tasks.programs[tool] = {.exitsAfter = platform::Duration{1}};
     macos_port::MacChildProcess process({.executable = tool});
     ASSERT_TRUE(process.launch({}));
@@ -85,7 +85,7 @@ TEST_F(MacProcess, ManyMayWaitForOneEndAlsoAfterIt) {
     process.waitUntilExit();
 }
 
-TEST_F(MacProcess, ItsHandleMayGoWhileItsEndIsAwaited) {
+TEST_F(MacProcess, ItsHandleMayBeDroppedDuringAWaitForItsExit) {
     world.tasks.programs[tool] = {.exitsAfter = platform::Duration{1}};
     auto process = std::make_unique<macos_port::MacChildProcess>(
         platform::ChildProcessOptions{.executable = tool});
@@ -101,7 +101,7 @@ TEST_F(MacProcess, ItsHandleMayGoWhileItsEndIsAwaited) {
     EXPECT_TRUE(passed);
 }
 
-TEST_F(MacProcess, ItsEndIsToldAlsoWhenNobodyHoldsItAnyMore) {
+TEST_F(MacProcess, ItsExitIsReportedEvenIfItsHandleIsGone) {
     world.tasks.programs[tool] = {.exitsAfter = platform::Duration{1}, .exitStatus = 7};
     std::vector<std::int32_t> statuses;
     {

@@ -59,7 +59,7 @@ TEST_F(MacQueues, DelayedWorkMayDropItselfWhileItRuns) {
     EXPECT_EQ(*calls, 1);
 }
 
-TEST_F(MacQueues, CancelledAndDroppedWorkIsNotDone) {
+TEST_F(MacQueues, CanceledAndDroppedWorkDoesNotRun) {
     int calls = 0;
     const auto cancelled = dispatch.afterMain(platform::Duration{1}, [&calls] { ++calls; });
     auto dropped = dispatch.afterMain(platform::Duration{1}, [&calls] { ++calls; });
@@ -71,7 +71,7 @@ TEST_F(MacQueues, CancelledAndDroppedWorkIsNotDone) {
                 ElementsAre("dispatch_after_f(1 s, main)", "dispatch_after_f(1 s, main)"));
 }
 
-TEST_F(MacQueues, AWaitTellsWhetherTheSignalCameInTime) {
+TEST_F(MacQueues, AWaitReturnsWhetherTheSignalCameInTime) {
     const auto semaphore = dispatch.makeSemaphore();
     const auto before = recording::queues::now();
     EXPECT_FALSE(semaphore->wait(platform::Duration{0.35}));

@@ -95,7 +95,7 @@ TEST_F(MacLateCallback, TimersEndWithTheController) {
     EXPECT_THAT(lines(), IsEmpty());
 }
 
-TEST_F(MacLateCallback, ScreensThatChangeAfterTheEndAreNoMatter) {
+TEST_F(MacLateCallback, AScreenChangeAfterTheEndDoesNothing) {
     pagePosts("CMD:showOverlay");
     drop();
     forget();
@@ -114,7 +114,7 @@ TEST_F(MacLateCallback, DelayedWorkAfterTheEndDoesNothing) {
     EXPECT_THAT(lines("evaluateJavaScript:"), IsEmpty());
 }
 
-TEST_F(MacLateCallback, AnAnswerThatComesAfterTheEndIsDropped) {
+TEST_F(MacLateCallback, AReplyAfterTheEndIsDropped) {
     serveMeeting(3000, "AB12");
     world.servers.serve(3000).answersAfter = 0.3;
     forget();

@@ -32,7 +32,7 @@ TEST_F(MacLaunch, WithoutAnApplicationObjectTheProgramStops) {
     EXPECT_DEATH(make(), "there is no NSApplication");
 }
 
-TEST_F(MacLaunch, GoesInOneOrder) {
+TEST_F(MacLaunch, SendsItsMessagesInOrder) {
     launch();
     expectInOrder({
         "[<NSApplication 1> setDelegate:<AppController 1>]",
@@ -65,7 +65,7 @@ TEST_F(MacLaunch, TheScreensAreWatched) {
                             "object:nil]"));
 }
 
-TEST_F(MacLaunch, HappensOnTheMainThread) {
+TEST_F(MacLaunch, RunsOnTheMainThread) {
     launch();
     for (const auto& entry : recording::journal().entries()) {
         // The answers of the probes come elsewhere, and so does the end of a tool.
@@ -132,7 +132,7 @@ TEST_F(MacLaunch, TheMenuBarHasTwoMenus) {
     EXPECT_THAT(lines("setTarget:"), IsEmpty());
 }
 
-TEST_F(MacLaunch, TheMenuIsBuiltFromTheInsideOut) {
+TEST_F(MacLaunch, TheMenuIsBuiltBottomUp) {
     launch();
     expectInOrder({"[<NSMenu 1> initWithTitle:\"\"]",
                    "action:@selector(orderFrontStandardAboutPanel:) keyEquivalent:\"\"]",
@@ -180,7 +180,7 @@ TEST_F(MacLaunch, IsNotSlowedDownInTheBackground) {
     EXPECT_NE(world.systemInfo.activities[0].token.get(), nullptr);
 }
 
-TEST_F(MacLaunch, TheSystemHasNothingToWarnOf) {
+TEST_F(MacLaunch, TheSystemLogsNoWarning) {
     launch();
     EXPECT_THAT(world.systemLog, testing::Not(Contains(testing::HasSubstr("WARNING"))));
 }
@@ -191,7 +191,7 @@ TEST_F(MacLaunch, LowerCaseDoesNotFollowTheUsersLanguage) {
     EXPECT_EQ(services().platform(files).text.lowercased("SLIDE İ"), "slide İ");
 }
 
-TEST_F(MacLaunch, OtherProgramsGetOneSecondToAnswerAQuestion) {
+TEST_F(MacLaunch, OtherProgramsHaveOneSecondToAnswerAQuestion) {
     launch();
     EXPECT_THAT(lines("AXUIElementSetMessagingTimeout"), SizeIs(1));
     EXPECT_EQ(world.accessibility.timeLimit, 1.0);
@@ -214,7 +214,7 @@ TEST_F(MacLaunch, EachLineOfTheLogFileBeginsWithTheUsersTime) {
         testing::StartsWith("[09:26:53] [slide_nav] app_launched Stagehopper starting up\n"));
 }
 
-TEST_F(MacLaunch, PercentSignsInTheLogStandForThemselves) {
+TEST_F(MacLaunch, PercentSignsAreLoggedLiterally) {
     launch();
     pagePosts("DBG:100%@ %s %n");
     EXPECT_THAT(diagnostics("panel_debug"), ElementsAre("panel_debug 100%@ %s %n"));

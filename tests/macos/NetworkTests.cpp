@@ -42,7 +42,7 @@ protected:
     auto prompts() { return world.tasks.launched(scriptRunner); }
 };
 
-TEST_F(MacNetwork, TheRouteIsReadFromAPipeThatIsAllTheToolGets) {
+TEST_F(MacNetwork, TheRouteIsReadFromAPipeTheToolsOnlyStream) {
     launch();
     auto& tool = world.tasks.last(routeTool);
     EXPECT_THAT(tool.arguments, ElementsAre("-rn"));
@@ -85,7 +85,7 @@ TEST_F(MacNetwork, NothingIsAskedBeforeAMeetingStarts) {
     EXPECT_THAT(world.tasks.launched(interfaceTool), IsEmpty());
 }
 
-TEST_F(MacNetwork, AMeetingSwitchesTheLinkOffThroughAPromptInTheBackground) {
+TEST_F(MacNetwork, AMeetingTurnsTheLinkOffThroughAPromptInTheBackground) {
     launch();
     forget();
     meetingStarts();
@@ -113,7 +113,7 @@ TEST_F(MacNetwork, TheMainThreadIsFreeWhileThePasswordIsTyped) {
     EXPECT_FALSE(prompts()[0]->running);
 }
 
-TEST_F(MacNetwork, WhatWasSwitchedOffIsSwitchedOnAtQuitAndNotWaitedFor) {
+TEST_F(MacNetwork, TheLinkIsRestoredAtQuitWithoutWaiting) {
     launch();
     meetingStarts();
     forget();
@@ -169,7 +169,7 @@ TEST_F(MacNetwork, WaitingForABackendKeepsNoRequestsAlive) {
     advance(1);
 }
 
-TEST_F(MacNetwork, ItIsGivenUpAfterThreeQuartersOfAMinute) {
+TEST_F(MacNetwork, TheWaitForABackendEndsAfterThreeQuartersOfAMinute) {
     launch();
     world.servers.stopServing(3000);
     pagePosts("CMD:requestAwdlBeforeMeeting");

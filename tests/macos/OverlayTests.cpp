@@ -130,7 +130,7 @@ TEST_F(MacOverlay, FollowsTheScreen) {
     EXPECT_EQ(queueOf("setFrame:"), "main");
 }
 
-TEST_F(MacOverlay, OnASecondScreenItsPageStillBeginsInTheCorner) {
+TEST_F(MacOverlay, OnASecondScreenItsPageStillStartsInTheCorner) {
     world.screens.change({{{0, 0}, {1440, 900}}, {{1440, -180}, {1920, 1080}}});
     world.screens.main = 1;
     show();
@@ -168,7 +168,7 @@ TEST_F(MacOverlay, StaysWhereItWasWhenTheLastScreenIsUnplugged) {
     EXPECT_TRUE(exists());
 }
 
-TEST_F(MacOverlay, GoesWithThePanelWindow) {
+TEST_F(MacOverlay, ClosesWithThePanelWindow) {
     show();
     forget();
     userClosesPanel();

@@ -42,7 +42,7 @@ private:
     }
 };
 
-TEST_F(MacQuit, EverythingIsEndedInOneOrder) {
+TEST_F(MacQuit, EverythingIsEndedInAFixedOrder) {
     launchEverything();
     userQuits();
     expectInOrder({
@@ -112,7 +112,7 @@ TEST_F(MacQuit, ARestartThatWaitsStartsNothingAfterwards) {
     EXPECT_THAT(world.tasks.launched(backend), SizeIs(1));
 }
 
-TEST_F(MacQuit, TheBackendsEndIsNoExitToRecoverFrom) {
+TEST_F(MacQuit, TheBackendsExitCausesNoRestart) {
     launchEverything();
     userQuits();
     advance(10);
@@ -150,7 +150,7 @@ TEST_F(MacQuit, ClosingThePanelWindowQuits) {
     EXPECT_THAT(lines("windowWillClose:"), SizeIs(1));
 }
 
-TEST_F(MacQuit, ClosingThePanelWindowQuitsAlsoWithTheOverlayUp) {
+TEST_F(MacQuit, ClosingThePanelWindowQuitsEvenWithTheOverlayShown) {
     launch();
     pagePosts("CMD:showOverlay");
     userClosesPanel();
@@ -165,7 +165,7 @@ TEST_F(MacQuit, LoggingOutQuits) {
     EXPECT_EQ(world.tasks.running(), 1U) << "but for the prompt that restores the link";
 }
 
-TEST_F(MacQuit, APanelWindowThatWasClosedIsNotTouchedAgain) {
+TEST_F(MacQuit, AClosedPanelWindowGetsNoFurtherMessages) {
     launch();
     world.accessibility.trusted = false;
     userClosesPanel();
@@ -191,7 +191,7 @@ TEST_F(MacQuit, TheProgramCanEndItself) {
     EXPECT_TRUE(world.application.terminated());
 }
 
-TEST_F(MacQuit, AnOverlayThatIsUpGoesFromTheScreen) {
+TEST_F(MacQuit, AShownOverlayIsHidden) {
     launch();
     pagePosts("CMD:showOverlay");
     forget();
@@ -200,7 +200,7 @@ TEST_F(MacQuit, AnOverlayThatIsUpGoesFromTheScreen) {
     EXPECT_EQ(world.windows.visible(), 0U);
 }
 
-TEST_F(MacQuit, TheSystemMayLetItSleepAgain) {
+TEST_F(MacQuit, TheSystemMaySlowItDownAgain) {
     launch();
     ASSERT_THAT(world.systemInfo.activities, SizeIs(1));
     drop();
@@ -208,7 +208,7 @@ TEST_F(MacQuit, TheSystemMayLetItSleepAgain) {
     EXPECT_THAT(lines("endActivity:"), SizeIs(1));
 }
 
-TEST_F(MacQuit, TheSystemForgetsOurObjects) {
+TEST_F(MacQuit, TheSystemHoldsNoneOfOurObjects) {
     launch();
     forget();
     drop();

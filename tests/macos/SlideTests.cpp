@@ -76,7 +76,7 @@ TEST_F(MacSlides, PageKeysGoForwardsAndBackwards) {
     EXPECT_THAT(program(812).keysDown(), ElementsAre(121, 116));
 }
 
-TEST_F(MacSlides, ArrowKeysGoToThoseWhoseRowSaysSo) {
+TEST_F(MacSlides, ArrowKeysGoToProgramsWithThemInTheirRow) {
     startKeynoteInBackground();
     step("next");
     step("prev");
@@ -103,7 +103,7 @@ TEST_F(MacSlides, AKeyThatCannotBeMadeIsReportedAndNothingIsPosted) {
     EXPECT_THAT(lines("usleep"), IsEmpty());
 }
 
-TEST_F(MacSlides, WithoutTrustNobodyIsLookedAt) {
+TEST_F(MacSlides, WithoutTrustNoProgramIsInspected) {
     startPowerPoint();
     world.programs.front = 812;
     world.accessibility.trusted = false;
@@ -116,14 +116,14 @@ TEST_F(MacSlides, WithoutTrustNobodyIsLookedAt) {
     EXPECT_THAT(lines("AXUIElement"), IsEmpty());
 }
 
-TEST_F(MacSlides, AProgramWithoutATitledWindowIsNoTarget) {
+TEST_F(MacSlides, AProgramWithoutATitledWindowIsNotATarget) {
     world.programs.start(powerPoint(812).untitledWindow());
     step("next");
     EXPECT_THAT(diagnostics("blocked_no_target"), SizeIs(1));
     EXPECT_THAT(program(812).keys(), IsEmpty());
 }
 
-TEST_F(MacSlides, ATitleThatIsNoTextCountsAsNone) {
+TEST_F(MacSlides, ANonTextTitleCountsAsAbsent) {
     startPowerPoint();
     world.accessibility.instead["AXTitle"] = recording::makeNumber(7);
     step("next");
@@ -134,14 +134,14 @@ TEST_F(MacSlides, ATitleThatIsNoTextCountsAsNone) {
     EXPECT_THAT(program(812).keys(), IsEmpty());
 }
 
-TEST_F(MacSlides, WindowsThatAreNoListCountAsNone) {
+TEST_F(MacSlides, ANonListOfWindowsCountsAsAbsent) {
     startPowerPoint();
     world.accessibility.instead["AXWindows"] = recording::makeString("two");
     step("next");
     EXPECT_THAT(diagnostics("blocked_no_target"), SizeIs(1));
 }
 
-TEST_F(MacSlides, AMenuBarThatIsNoElementIsSkipped) {
+TEST_F(MacSlides, ANonElementMenuBarIsSkipped) {
     startPowerPoint();
     world.programs.front = 812;
     world.accessibility.instead["AXMenuBar"] = recording::makeNumber(7);
@@ -150,7 +150,7 @@ TEST_F(MacSlides, AMenuBarThatIsNoElementIsSkipped) {
     EXPECT_THAT(program(812).keysDown(), ElementsAre(121));
 }
 
-TEST_F(MacSlides, WhatIsNoElementAmongTheChildrenIsSkipped) {
+TEST_F(MacSlides, NonElementsAmongTheChildrenAreSkipped) {
     world.programs.start(powerPoint(812)
                              .window("Talk.pptx")
                              .menu("Slide Show", {simulated::oddEntry(), item("Next Slide"),
@@ -195,7 +195,7 @@ TEST_F(MacSlides, TheNumberOfAFailedPressIsInTheLog) {
 /// and above that of a press.
 class MacSlidesOfASlowProgram : public MacSlides, public testing::WithParamInterface<double> {};
 
-TEST_P(MacSlidesOfASlowProgram, APressIsOneStepHoweverLongItTakes) {
+TEST_P(MacSlidesOfASlowProgram, APressIsOneStepWhateverItsDuration) {
     startPowerPoint();
     world.programs.front = 812;
     world.accessibility.pressTakes["Next Slide"] = GetParam();
@@ -221,7 +221,7 @@ TEST_F(MacSlides, AQuestionAfterASlowPressStillGetsOneSecond) {
     EXPECT_THAT(recording::queues::now() - before, DoubleNear(2.0, 1e-6));
 }
 
-TEST_F(MacSlides, ModifiersThatTheUserHoldsDoNotTravelWithAStep) {
+TEST_F(MacSlides, ModifiersHeldByTheUserAreNotSentWithAStep) {
     constexpr unsigned long long shift = 0x20000;
     constexpr unsigned long long command = 0x100000;
     constexpr unsigned long long ofAnArrow = 0xA00000;
@@ -253,7 +253,7 @@ TEST_F(MacSlides, TheTitleOfTheFocusedWindowIsInTheLog) {
                             "self=org.stagehopper.Stagehopper title=Talk.pptx"));
 }
 
-TEST_F(MacSlides, AProgramThatHangsCostsOneSecondForEachQuestion) {
+TEST_F(MacSlides, AHangingProgramCostsOneSecondPerQuestion) {
     world.programs.start(keynote(814).window("Talk"));
     world.accessibility.hanging.insert(814);
     const auto before = recording::queues::now();

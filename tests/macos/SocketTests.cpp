@@ -32,7 +32,7 @@ protected:
     auto& connections() { return world.servers.serve(3000).connections; }
 };
 
-TEST_F(MacSocket, IsMadeResumedAndListenedTo) {
+TEST_F(MacSocket, IsCreatedResumedAndReceiving) {
     forget();
     connect();
     expectInOrder({
@@ -74,7 +74,7 @@ TEST_F(MacSocket, BytesAreReadAsData) {
     EXPECT_THAT(diagnostics("native_ws_ready"), SizeIs(1));
 }
 
-TEST_F(MacSocket, BytesThatAreNoTextAreDroppedAndTheNextMessageArrives) {
+TEST_F(MacSocket, InvalidTextBytesAreDroppedAndTheNextMessageArrives) {
     connect();
     forget();
     socket().sendsBytes("\xFF\xFE");
@@ -97,7 +97,7 @@ TEST_F(MacSocket, MessagesKeepTheirOrder) {
     }
 }
 
-TEST_F(MacSocket, ABrokenConnectionIsMadeAgainASecondLater) {
+TEST_F(MacSocket, ABrokenConnectionIsReopenedASecondLater) {
     connect();
     forget();
     socket().breaks(lost);
@@ -129,7 +129,7 @@ TEST_F(MacSocket, IsPingedEveryFifteenSeconds) {
     EXPECT_THAT(diagnostics("native_ws_ping_failed"), IsEmpty());
 }
 
-TEST_F(MacSocket, AHandlerThatIsCalledTwiceForOnePongIsNoHarm) {
+TEST_F(MacSocket, ASecondCallOfAPongHandlerDoesNothing) {
     world.servers.serve(3000).pongs = 2;
     connect();
     advance(31);
@@ -137,7 +137,7 @@ TEST_F(MacSocket, AHandlerThatIsCalledTwiceForOnePongIsNoHarm) {
     EXPECT_TRUE(socket().open());
 }
 
-TEST_F(MacSocket, AFailedPingThatIsToldTwiceCountsOnce) {
+TEST_F(MacSocket, AFailedPingReportedTwiceCountsOnce) {
     world.servers.serve(3000).pongs = 0;
     connect();
     advance(15);
@@ -149,7 +149,7 @@ TEST_F(MacSocket, AFailedPingThatIsToldTwiceCountsOnce) {
     EXPECT_THAT(diagnostics("native_ws_ping_failed"), SizeIs(1));
 }
 
-TEST_F(MacSocket, AFailedPingMakesItAgain) {
+TEST_F(MacSocket, AFailedPingReopensTheConnection) {
     world.servers.serve(3000).pongs = 0;
     connect();
     advance(15);
@@ -173,7 +173,7 @@ TEST_F(MacSocket, AnotherRoomReplacesIt) {
     EXPECT_EQ(world.servers.openSockets(), 1U);
 }
 
-TEST_F(MacSocket, IsCancelledOnceAtQuit) {
+TEST_F(MacSocket, IsCanceledOnceAtQuit) {
     connect();
     forget();
     userQuits();
@@ -184,14 +184,14 @@ TEST_F(MacSocket, IsCancelledOnceAtQuit) {
     EXPECT_THAT(lines("cancelWithCloseCode:"), SizeIs(1));
 }
 
-TEST_F(MacSocket, IsCancelledWhenNobodyHoldsItAnyMore) {
+TEST_F(MacSocket, IsCanceledWhenItsLastOwnerIsGone) {
     connect();
     forget();
     dropController();
     EXPECT_THAT(lines("cancelWithCloseCode:1001 reason:nil]"), SizeIs(1));
 }
 
-TEST_F(MacSocket, WhatArrivesAfterTheControllersEndDoesNothing) {
+TEST_F(MacSocket, MessagesAfterTheControllersEndDoNothing) {
     connect();
     auto& connection = socket();
     connection.sends(R"({"type":"welcome"})");
@@ -203,7 +203,7 @@ TEST_F(MacSocket, WhatArrivesAfterTheControllersEndDoesNothing) {
     EXPECT_THAT(lines("dispatch_async_f"), IsEmpty());
 }
 
-TEST_F(MacSocket, AnAddressThatIsNoneIsNotGivenToTheSession) {
+TEST_F(MacSocket, AnInvalidAddressIsNotPassedToTheSession) {
     forget();
     pagePosts("WSCONN:http://not a url|AB12");
     EXPECT_THAT(lines("webSocketTaskWithURL:"), IsEmpty());
@@ -217,7 +217,7 @@ TEST_F(MacSocket, AnAddressOfAnotherSchemeFailsAsAConnectionDoes) {
     EXPECT_THAT(diagnostics("native_ws_receive_failed"), SizeIs(1));
 }
 
-TEST_F(MacSocket, ASchemeInCapitalsIsTheSameScheme) {
+TEST_F(MacSocket, ASchemeInCapitalsIsAccepted) {
     forget();
     pagePosts("WSCONN:WS://127.0.0.1:3000|CD34");
     EXPECT_THAT(lines("webSocketTaskWithURL:<ws://127.0.0.1:3000/ws?roomCode=CD34"), SizeIs(1));

@@ -105,7 +105,7 @@ void expectConstant(std::string_view name, T value) {
     EXPECT_EQ(std::string_view(text), fact->text) << name;
 }
 
-TEST(AppleHeaders, AgreeWithTheTableInEverythingThatThePortDeclares) {
+TEST(AppleHeaders, AgreeWithTheTableInEveryDeclarationOfThePort) {
     int count = 0;
 #define FUNCTION(name) \
     expectFunction<decltype(::name), isOfAFramework(functionNamed(#name))>(#name), ++count;

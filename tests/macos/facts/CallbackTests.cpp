@@ -80,7 +80,7 @@ const CallbackFact* callbackOf(const OurMethod& method) {
     return nullptr;
 }
 
-TEST(OurClasses, EveryMethodOfAProtocolHasTheTypesThatTheSystemCallsItWith) {
+TEST(OurClasses, EveryProtocolMethodHasTheSystemsTypes) {
     int count = 0;
     for (const auto& method : ourMethods()) {
         const auto* fact = callbackOf(method);
@@ -94,7 +94,7 @@ TEST(OurClasses, EveryMethodOfAProtocolHasTheTypesThatTheSystemCallsItWith) {
     EXPECT_GT(count, 0);
 }
 
-TEST(OurClasses, EveryOtherMethodIsAnActionThatWeNameOurselves) {
+TEST(OurClasses, EveryOtherMethodIsAnActionNamedByThePort) {
     const auto named = namedSelectors();
     for (const auto& method : ourMethods()) {
         if (callbackOf(method) != nullptr) continue;
@@ -104,7 +104,7 @@ TEST(OurClasses, EveryOtherMethodIsAnActionThatWeNameOurselves) {
     }
 }
 
-TEST(OurClasses, EveryMethodThatAProtocolOfTheirsRequiresIsThere) {
+TEST(OurClasses, EveryRequiredMethodOfTheirProtocolsIsPresent) {
     for (const auto& method : ourMethods()) {
         for (const auto& fact : callbacks) {
             const auto conforms = method.protocols.find(fact.protocol) != std::string_view::npos;
@@ -119,7 +119,7 @@ TEST(OurClasses, EveryMethodThatAProtocolOfTheirsRequiresIsThere) {
     }
 }
 
-TEST(OurClasses, EverySelectorThatWeNameIsAMessageOfTheTableOrAMethodOfOurs) {
+TEST(OurClasses, EverySelectorNamedByThePortIsAMessageOfTheTableOrAMethodOfOurs) {
     for (const auto selector : namedSelectors()) {
         const bool isOurs = std::ranges::any_of(
             ourMethods(), [&](const OurMethod& method) { return method.selector == selector; });
@@ -132,7 +132,7 @@ TEST(OurClasses, EverySelectorThatWeNameIsAMessageOfTheTableOrAMethodOfOurs) {
     EXPECT_FALSE(namedSelectors().empty());
 }
 
-TEST(NewerMessages, AreAskedForBeforeTheyAreSent) {
+TEST(NewerMessages, AreTestedForBeforeTheyAreSent) {
     for (const auto& message : newerMessages) {
         EXPECT_TRUE(namedSelectors().contains(message.selector)) << message.selector;
         EXPECT_NE(ownFact(message.className, Kind::instance, message.selector), nullptr)

@@ -68,7 +68,7 @@ void expectConstant(std::string_view name, T value) {
     }
 }
 
-TEST(Declarations, AgreeWithTheTableEveryOneOfThem) {
+TEST(Declarations, AllAgreeWithTheTable) {
     // The names are the vendor's; ours stand in the namespace where the headers put them.
     using namespace cocoa;  // NOLINT(google-build-using-namespace)
     int functions = 0;

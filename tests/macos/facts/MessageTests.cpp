@@ -53,7 +53,7 @@ struct BlockEncodingOf<Result(Arguments...)> {
     static constexpr std::string_view text = cocoa::blockEncoding<Result, Arguments...>;
 };
 
-TEST(DeclaredMessages, EveryOneInTheTextHasBeenComparedWithTheTable) {
+TEST(DeclaredMessages, EveryDeclarationInTheTextWasComparedWithTheTable) {
     const auto seen = selectorsSeenByTheCompiler();
     int count = 0;
 #define MESSAGE(selector)                                                             \
@@ -65,7 +65,7 @@ TEST(DeclaredMessages, EveryOneInTheTextHasBeenComparedWithTheTable) {
     EXPECT_GT(count, 0);
 }
 
-TEST(DeclaredMessages, EveryBlockHasTheTypeThatItsMessageCallsItWith) {
+TEST(DeclaredMessages, EveryBlockHasTheTypeOfItsMessage) {
     using namespace cocoa;  // NOLINT(google-build-using-namespace): the vendor's names.
     int count = 0;
 #define BLOCK(selector, ...) expectBlock(selector, BlockEncodingOf<__VA_ARGS__>::text), ++count;

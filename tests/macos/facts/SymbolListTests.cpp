@@ -50,7 +50,7 @@ int expectSymbolsOf(const std::filesystem::path& list, Library library) {
     return count;
 }
 
-TEST(SymbolLists, NameOnlyWhatTheTableHasInThatLibrary) {
+TEST(SymbolLists, NameOnlySymbolsOfThatLibrary) {
     int count = 0;
     for (const auto& [name, library] : libraryOfList) {
         const auto list = std::string(name).append(".txt");

@@ -106,7 +106,7 @@ TEST(FactTable, EveryMessageHasAClassOneTypePerColonAndAReceiver) {
     }
 }
 
-TEST(FactTable, WhatIsMadeByAllocNewCopyAndInitIsOwnedAndNothingElse) {
+TEST(FactTable, OnlyResultsOfAllocNewCopyAndInitAreOwned) {
     for (const auto table : methodTables) {
         for (const auto& fact : table) {
             const auto inFamily = [&fact](std::string_view family) {
@@ -136,7 +136,7 @@ TEST(FactTable, EverySuperclassIsInTheTableAndEveryChainEndsAtTheRoot) {
     }
 }
 
-TEST(FactTable, CallbacksHaveOneTypePerColonAndStandOnce) {
+TEST(FactTable, CallbacksHaveOneTypePerColonAndAreUnique) {
     std::set<std::pair<std::string_view, std::string_view>> seen;
     for (const auto& fact : callbacks) {
         const auto colons = std::count(fact.selector.begin(), fact.selector.end(), ':');
@@ -146,7 +146,7 @@ TEST(FactTable, CallbacksHaveOneTypePerColonAndStandOnce) {
     }
 }
 
-TEST(FactTable, EveryMessageIsFoundByTheLookUp) {
+TEST(FactTable, TheLookUpFindsEveryMessage) {
     std::size_t count = 0;
     for (const auto table : methodTables) {
         for (const auto& fact : table) {

@@ -77,7 +77,7 @@ TEST_F(StandInOfTheDesktop, RunsUntilTheProgramIsTerminated) {
     EXPECT_THAT(heard(), ElementsAre("launched", "terminates"));
 }
 
-TEST_F(StandInOfTheDesktop, QuitsWithTheLastWindowWhenTheDelegateSaysSo) {
+TEST_F(StandInOfTheDesktop, QuitsWithTheLastWindowIfTheDelegateAgrees) {
     const auto first = showWindow();
     const auto second = showWindow();
     Windows::userCloses(first.get().pointer());
@@ -98,7 +98,7 @@ TEST_F(StandInOfTheDesktop, StaysWhenTheDelegateWantsTo) {
     EXPECT_FALSE(world.application.terminated());
 }
 
-TEST_F(StandInOfTheDesktop, ReleasesAWindowWhenItClosesUnlessItWasToldNotTo) {
+TEST_F(StandInOfTheDesktop, ReleasesAClosedWindowUnlessItIsConfiguredNotTo) {
     auto window = cocoa::NSWindow::make({{0, 0}, {10, 10}}, cocoa::NSWindowStyleMaskTitled, false);
     window->close();
     EXPECT_THAT(world.windows.all(), IsEmpty());
@@ -108,7 +108,7 @@ TEST_F(StandInOfTheDesktop, ReleasesAWindowWhenItClosesUnlessItWasToldNotTo) {
     static_cast<void>(window.detach());
 }
 
-TEST_F(StandInOfTheDesktop, ShowsAPanelAsItIs) {
+TEST_F(StandInOfTheDesktop, ShowsAPanelsState) {
     const auto panel = cocoa::NSPanel::make({{0, 0}, {1440, 900}},
                                             cocoa::NSWindowStyleMaskNonactivatingPanel, false);
     panel->setLevel(World::shieldingLevel + 1);
@@ -149,7 +149,7 @@ TEST_F(StandInOfTheDesktop, SendsAnActionWithoutATargetToTheApplication) {
     EXPECT_TRUE(world.application.terminated());
 }
 
-TEST_F(StandInOfTheDesktop, TellsObserversThatTheScreensHaveChanged) {
+TEST_F(StandInOfTheDesktop, NotifiesObserversOfChangedScreens) {
     const auto center = cocoa::NSNotificationCenter::defaultCenter();
     center.addObserver(object_.get(), cocoa::selector<"screensChanged">(),
                        cocoa::NSString(NSApplicationDidChangeScreenParametersNotification),

@@ -36,7 +36,7 @@ protected:
     std::vector<std::string> heard_;
 };
 
-TEST_F(StandInOfTheSession, AnswersOnItsOwnQueueAfterTheServersTime) {
+TEST_F(StandInOfTheSession, RepliesOnItsOwnQueueAfterTheServersDelay) {
     world.servers.serve(3000).answersAfter = 0.2;
     get("http://127.0.0.1:3000/health?x=1");
     queues::advance(0.1);
@@ -46,7 +46,7 @@ TEST_F(StandInOfTheSession, AnswersOnItsOwnQueueAfterTheServersTime) {
     EXPECT_THAT(world.servers.requests, ElementsAre("http://127.0.0.1:3000/health?x=1"));
 }
 
-TEST_F(StandInOfTheSession, AnswersAnUnknownPathWith404AndAClosedPortWithAnError) {
+TEST_F(StandInOfTheSession, RepliesWith404ForAnUnknownPathAndWithAnErrorForAClosedPort) {
     world.servers.serve(3000);
     get("http://127.0.0.1:3000/other");
     get("http://127.0.0.1:3001/health");
@@ -63,7 +63,7 @@ TEST_F(StandInOfTheSession, GivesUpAfterAMinuteWhenTheServerNeverAnswers) {
     EXPECT_THAT(heard_, ElementsAre("session: The request timed out."));
 }
 
-TEST_F(StandInOfTheSession, AnswersWithSomethingElseThanHttp) {
+TEST_F(StandInOfTheSession, MayReplyWithoutHttp) {
     world.servers.serve(3000).answers["/odd"] = {.http = false};
     get("http://127.0.0.1:3000/odd");
     queues::runUntilIdle();
@@ -100,7 +100,7 @@ protected:
     cocoa::Owned<cocoa::NSURLSessionWebSocketTask> socket_;
 };
 
-TEST_F(StandInOfAWebSocket, KeepsMessagesUntilSomebodyAsks) {
+TEST_F(StandInOfAWebSocket, KeepsMessagesUntilTheNextReceive) {
     connect();
     server().sends("one");
     server().sendsBytes("two");
@@ -113,7 +113,7 @@ TEST_F(StandInOfAWebSocket, KeepsMessagesUntilSomebodyAsks) {
     EXPECT_THAT(heard_, ElementsAre("session: text one", "session: data two"));
 }
 
-TEST_F(StandInOfAWebSocket, TellsThoseWhoWaitAndThoseWhoAskLaterWhyItBroke) {
+TEST_F(StandInOfAWebSocket, FailsPendingAndLaterReceivesAfterABreak) {
     connect();
     receive();
     ping();

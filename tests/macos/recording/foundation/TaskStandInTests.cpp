@@ -50,7 +50,7 @@ TEST_F(StandInOfATask, ShowsWhatItWasStartedWith) {
     EXPECT_EQ(started.error, "inherited");
 }
 
-TEST_F(StandInOfATask, SaysWhyAProgramCannotBeStarted) {
+TEST_F(StandInOfATask, ReportsWhyAProgramCannotStart) {
     EXPECT_FALSE(launch(make("/bin/none")));
     EXPECT_EQ(reason_, "The file doesn’t exist.");
     program().launchError = "Permission denied";
@@ -59,7 +59,7 @@ TEST_F(StandInOfATask, SaysWhyAProgramCannotBeStarted) {
     EXPECT_TRUE(world.tasks.launched().empty());
 }
 
-TEST_F(StandInOfATask, CallsItsHandlerOnAQueueOfTheSystemsWhenItEnds) {
+TEST_F(StandInOfATask, CallsItsHandlerOnASystemQueueAtItsEnd) {
     program().exitsAfter = platform::Duration{2};
     program().exitStatus = 3;
     std::vector<std::string> calls;
@@ -89,7 +89,7 @@ TEST_F(StandInOfATask, MayCallItsHandlerBeforeTheLaunchReturns) {
     EXPECT_DOUBLE_EQ(queues::now(), 1);
 }
 
-TEST_F(StandInOfATask, LetsAReaderWaitForTheEndOfItsOutput) {
+TEST_F(StandInOfATask, MakesAReaderWaitForTheEndOfItsOutput) {
     program().exitsAfter = platform::Duration{5};
     const auto task = make("/bin/talk");
     const auto pipe = cocoa::NSPipe::pipe();
@@ -101,7 +101,7 @@ TEST_F(StandInOfATask, LetsAReaderWaitForTheEndOfItsOutput) {
     EXPECT_DOUBLE_EQ(queues::now(), 5);
 }
 
-TEST_F(StandInOfATask, TakesItsTimeToEndWhenItIsAskedTo) {
+TEST_F(StandInOfATask, EndsSomeTimeAfterARequest) {
     program().endsWithin = platform::Duration{0.5};
     const auto task = make("/bin/talk");
     ASSERT_TRUE(launch(task));
@@ -112,7 +112,7 @@ TEST_F(StandInOfATask, TakesItsTimeToEndWhenItIsAskedTo) {
     EXPECT_EQ(task->terminationStatus(), 15);
 }
 
-TEST_F(StandInOfATask, TakesEveryQuestionAmissBeforeItWasLaunched) {
+TEST_F(StandInOfATask, NotesQuestionsBeforeTheLaunchAsProblems) {
     const auto task = make("/bin/talk");
     task->terminate();
     static_cast<void>(task->terminationStatus());
@@ -121,7 +121,7 @@ TEST_F(StandInOfATask, TakesEveryQuestionAmissBeforeItWasLaunched) {
                             HasSubstr("-[NSTask terminationStatus] of a task")));
 }
 
-TEST_F(StandInOfATask, TakesTheQuestionForItsStatusAmissWhileItRuns) {
+TEST_F(StandInOfATask, NotesAQuestionForTheStatusOfARunningTaskAsAProblem) {
     const auto task = make("/bin/talk");
     ASSERT_TRUE(launch(task));
     static_cast<void>(task->terminationStatus());

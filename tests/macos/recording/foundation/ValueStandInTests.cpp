@@ -82,12 +82,12 @@ TEST_F(StandInsOfValues, FindTheValueUnderAnEqualKey) {
     EXPECT_FALSE(table.objectForKey(cocoa::string("off")));
 }
 
-TEST_F(StandInsOfValues, AnswerNilForAUrlWithASpace) {
+TEST_F(StandInsOfValues, ReturnNilForAUrlWithASpace) {
     EXPECT_FALSE(cocoa::NSURL::URLWithString(cocoa::string("http://127.0.0.1/a b")));
     EXPECT_TRUE(cocoa::NSURL::URLWithString(cocoa::string("ws://127.0.0.1:3000/ws?room=A%20B")));
 }
 
-TEST_F(StandInsOfValues, GiveThePathOfAFileUrlBackAsItWas) {
+TEST_F(StandInsOfValues, ReturnThePathOfAFileUrlUnchanged) {
     const auto folder = cocoa::NSURL::fileURLWithPath(cocoa::string("/tmp/a b/页"), true);
     EXPECT_EQ(cocoa::text(folder.path()), "/tmp/a b/页");
 }
@@ -109,7 +109,7 @@ TEST_F(StandInsOfValues, MakeUuidsThatDiffer) {
                            "[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]{3}-[89AB][0-9A-F]{3}-[0-9A-F]{12}"));
 }
 
-TEST_F(StandInsOfValues, NoteAnElementBehindTheEnd) {
+TEST_F(StandInsOfValues, NoteAnIndexPastTheEndAsAProblem) {
     static_cast<void>(cocoa::NSArray::arrayWithObjects<cocoa::NSString>({}).objectAtIndex(0));
     EXPECT_THAT(takeProblems(), ElementsAre(HasSubstr("behind its end")));
 }

@@ -61,7 +61,7 @@ protected:
     }
 };
 
-TEST_F(Behaviours, WhatTheyMakeLivesAsLongAsThePool) {
+TEST_F(Behaviours, NewObjectsLiveAsLongAsThePool) {
     Weak weak;
     {
         const cocoa::AutoreleasePool pool;
@@ -71,24 +71,24 @@ TEST_F(Behaviours, WhatTheyMakeLivesAsLongAsThePool) {
     EXPECT_EQ(weak.get(), nullptr);
 }
 
-TEST_F(Behaviours, WhatTheyMakeNeedsAPool) {
+TEST_F(Behaviours, NewObjectsNeedAPool) {
     EXPECT_TRUE(Thread::currentThread());
     EXPECT_THAT(takeProblems(), ElementsAre(HasSubstr("<NSThread 1> was autoreleased")));
 }
 
-TEST_F(Behaviours, WhatHasBeenThereBeforeNeedsNone) {
+TEST_F(Behaviours, ExistingObjectsNeedNoPool) {
     const auto systems = makeObject("NSWindow");
     const auto view = makeObject("NSView");
     setProperty(systems.get(), "contentView", view.get());
     EXPECT_EQ(Window(systems.get()).contentView().pointer(), view.get());
 }
 
-TEST_F(Behaviours, NewOwnsWhatItMakesAndInitializesIt) {
+TEST_F(Behaviours, NewReturnsAnOwnedInitializedObject) {
     const auto made = cocoa::Owned<Thread>::adopt(Thread::makeNew());
     EXPECT_EQ(stateOf<Rounds>(made.get().pointer()).count, 1);
 }
 
-TEST_F(Behaviours, AnInitializerThatAnswersNilFreesItsReceiver) {
+TEST_F(Behaviours, AnInitializerThatReturnsNilFreesItsReceiver) {
     initializer = [](Call&) -> Value { return cocoa::id(); };
     const auto raw = Thread::raw();
     const Weak weak(raw.pointer());
@@ -96,7 +96,7 @@ TEST_F(Behaviours, AnInitializerThatAnswersNilFreesItsReceiver) {
     EXPECT_EQ(weak.get(), nullptr);
 }
 
-TEST_F(Behaviours, AnInitializerMayAnswerAnotherObjectWhichIsOwnedThen) {
+TEST_F(Behaviours, AnInitializerMayReturnAnotherOwnedObject) {
     initializer = [](Call& call) -> Value { return call.make("NSThread"); };
     const auto raw = Thread::raw();
     const Weak weak(raw.pointer());
@@ -105,13 +105,13 @@ TEST_F(Behaviours, AnInitializerMayAnswerAnotherObjectWhichIsOwnedThen) {
     EXPECT_TRUE(other);
 }
 
-TEST_F(Behaviours, AnAnswerOfAnotherTypeIsAProblem) {
+TEST_F(Behaviours, AResultOfAnotherTypeIsAProblem) {
     const auto exception = makeObject("NSException");
     EXPECT_FALSE(Exception(exception.get()).name());
     EXPECT_THAT(takeProblems(), ElementsAre(HasSubstr("was answered with d instead of @")));
 }
 
-TEST_F(Behaviours, TheStateOfAnObjectGoesWithIt) {
+TEST_F(Behaviours, TheStateOfAnObjectIsDestroyedWithIt) {
     auto held = std::make_shared<int>(1);
     const std::weak_ptr<int> watched = held;
     auto object = makeObject("NSObject");
@@ -120,7 +120,7 @@ TEST_F(Behaviours, TheStateOfAnObjectGoesWithIt) {
     EXPECT_TRUE(watched.expired());
 }
 
-TEST_F(Behaviours, ADescriptionStandsInTheJournalForTheObject) {
+TEST_F(Behaviours, ADescriptionReplacesTheObjectInTheJournal) {
     describeAs("NSValue", [](cocoa::id) { return std::string("five"); });
     const auto number = makeObject("NSNumber");
     EXPECT_EQ(describe(number.get()), "five");

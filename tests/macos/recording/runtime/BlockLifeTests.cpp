@@ -10,7 +10,7 @@ using testing::HasSubstr;
 
 class BlockLife : public RuntimeTest {};
 
-TEST_F(BlockLife, ABlockKeepsWhatItHoldsUntilItsLastReferenceGoes) {
+TEST_F(BlockLife, ABlockKeepsItsCapturesUntilItsLastReferenceIsReleased) {
     auto held = std::make_shared<int>(7);
     const std::weak_ptr<int> watched = held;
     Retained system;
@@ -32,7 +32,7 @@ TEST_F(BlockLife, ABlockIsCalledWithItsArguments) {
     EXPECT_THAT(got, ElementsAre(3, 4));
 }
 
-TEST_F(BlockLife, ABlockMayLetGoOfItselfWhileItRuns) {
+TEST_F(BlockLife, ABlockMayReleaseItselfWhileItRuns) {
     Retained system;
     bool ran = false;
     {

@@ -87,7 +87,7 @@ TEST_F(Messages, AFreedArgumentIsAProblem) {
                                             "was freed"));
 }
 
-TEST_F(Messages, AnObjectThatNobodyAnswersIsAProblem) {
+TEST_F(Messages, AMissingResultObjectIsAProblem) {
     EXPECT_FALSE(handle_.screen());
     EXPECT_THAT(takeProblems(), ElementsAre("no behaviour for -[<NSPanel 1> screen]"));
 }
@@ -122,7 +122,7 @@ TEST_F(Messages, AStrongPropertyKeepsAndAWeakOneDoesNot) {
     EXPECT_EQ(property(window_.get(), "delegate").object(), nullptr);
 }
 
-TEST_F(Messages, ExpectInOrderTellsWhatIsMissing) {
+TEST_F(Messages, ExpectInOrderReportsTheMissingLine) {
     handle_.setLevel(1);
     EXPECT_NONFATAL_FAILURE(expectInOrder({"setLevel:2]"}), "is missing: setLevel:2]");
     handle_.setLevel(2);
@@ -130,7 +130,7 @@ TEST_F(Messages, ExpectInOrderTellsWhatIsMissing) {
                             "came too early: setLevel:1]");
 }
 
-TEST_F(Messages, ABehaviourThatIsNoFactIsRefused) {
+TEST_F(Messages, ABehaviourWithoutAFactIsRefused) {
     EXPECT_THROW(define("NSWindow", MessageKind::instance, "explode", {}), std::logic_error);
 }
 

@@ -20,7 +20,7 @@ TEST_F(Ownership, AnObjectLivesUntilItsLastReferenceIsReleased) {
     EXPECT_EQ(weak.get(), nullptr);
 }
 
-TEST_F(Ownership, AMessageToAFreedObjectIsAProblemAndAnswersZero) {
+TEST_F(Ownership, AMessageToAFreedObjectIsAProblemAndReturnsZero) {
     auto owned = Thing::make();
     const auto stale = owned.get();
     owned = {};
@@ -28,14 +28,14 @@ TEST_F(Ownership, AMessageToAFreedObjectIsAProblemAndAnswersZero) {
     EXPECT_THAT(takeProblems(), ElementsAre(HasSubstr("-[<NSObject 1>, which was freed retain]")));
 }
 
-TEST_F(Ownership, AnAddressThatNeverWasAnObjectIsAProblem) {
+TEST_F(Ownership, AnAddressWithoutAnObjectIsAProblem) {
     int something = 0;
     const Thing fake(reinterpret_cast<cocoa::id>(&something));
     fake.release();
     EXPECT_THAT(takeProblems(), ElementsAre(HasSubstr("something that is no object")));
 }
 
-TEST_F(Ownership, ReleasingMoreThanWasGivenIsAProblemAlsoWhileTheSystemHoldsTheObject) {
+TEST_F(Ownership, AnExcessReleaseIsAProblemEvenWhileTheSystemHoldsTheObject) {
     const auto systems = makeObject("NSObject");
     Thing(systems.get()).release();
     EXPECT_THAT(takeProblems(), ElementsAre("<NSObject 1> was released by the port, which holds no "
@@ -43,7 +43,7 @@ TEST_F(Ownership, ReleasingMoreThanWasGivenIsAProblemAlsoWhileTheSystemHoldsTheO
     EXPECT_EQ(classNameOf(systems.get()), "NSObject");
 }
 
-TEST_F(Ownership, WhatThePortForgetsIsALeakAlsoWhileTheSystemHoldsTheObject) {
+TEST_F(Ownership, AnUnreleasedObjectIsALeakEvenWhileTheSystemHoldsIt) {
     const auto systems = makeObject("NSObject");
     const auto forgotten = Thing(systems.get()).retain();
     EXPECT_THAT(leaked(), ElementsAre(HasSubstr("<NSObject 1>")));
@@ -97,7 +97,7 @@ TEST_F(Ownership, AutoreleasingWithoutAPoolIsAProblem) {
                 ElementsAre("<NSObject 1> was autoreleased on queue \"main\" without a pool"));
 }
 
-TEST_F(Ownership, PoolsEndInTheOppositeOrderOfTheirMaking) {
+TEST_F(Ownership, PoolsEndInReverseOrder) {
     void* outer = cocoa::objc_autoreleasePoolPush();
     void* inner = cocoa::objc_autoreleasePoolPush();
     cocoa::objc_autoreleasePoolPop(outer);
@@ -106,7 +106,7 @@ TEST_F(Ownership, PoolsEndInTheOppositeOrderOfTheirMaking) {
     cocoa::objc_autoreleasePoolPop(outer);
 }
 
-TEST_F(Ownership, AResetFreesWhatIsLeft) {
+TEST_F(Ownership, AResetFreesTheRemainingObjects) {
     const Weak weak(Thing::make().detach().pointer());
     reset();
     EXPECT_EQ(weak.get(), nullptr);

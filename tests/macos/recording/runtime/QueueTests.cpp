@@ -50,13 +50,13 @@ TEST_F(Queues, WorkRunsInTheOrderOfItsTimesAndOnItsQueue) {
     EXPECT_EQ(happened_.back(), "late on main");
 }
 
-TEST_F(Queues, NothingThatTakesTimeRunsWhileTheClockStands) {
+TEST_F(Queues, DelayedWorkDoesNotRunWithoutTheClock) {
     queues::after(0.001, "main", [this] { note("later"); });
     queues::runUntilIdle();
     EXPECT_THAT(happened_, testing::IsEmpty());
 }
 
-TEST_F(Queues, WorkThatWasCancelledDoesNotRun) {
+TEST_F(Queues, CanceledWorkDoesNotRun) {
     queues::cancel(queues::after(1, "main", [this] { note("never"); }));
     queues::advance(2);
     EXPECT_THAT(happened_, testing::IsEmpty());
@@ -74,7 +74,7 @@ TEST_F(Queues, TheMainQueueGoesOnWhileAGlobalOneSleeps) {
                                        "wakes up on global default"));
 }
 
-TEST_F(Queues, ASleepThatIsLongerThanTheTestLooksGoesOnLater) {
+TEST_F(Queues, ASleepBeyondTheEndOfAnAdvanceContinuesLater) {
     queues::async("global default", [this] {
         usleep(900'000);
         note("wakes up");
@@ -85,7 +85,7 @@ TEST_F(Queues, ASleepThatIsLongerThanTheTestLooksGoesOnLater) {
     EXPECT_THAT(happened_, ElementsAre("wakes up on global default"));
 }
 
-TEST_F(Queues, TheMainQueueStandsStillWhileItWaits) {
+TEST_F(Queues, TheMainQueueRunsNothingDuringAWait) {
     Semaphore semaphore;
     queues::async("main", [this] { note("after the wait"); });
     queues::after(0.3, "session", [&] {
@@ -99,7 +99,7 @@ TEST_F(Queues, TheMainQueueStandsStillWhileItWaits) {
     EXPECT_EQ(happened_.back(), "after the wait on main");
 }
 
-TEST_F(Queues, ASignalThatComesTooLateIsNotWaitedFor) {
+TEST_F(Queues, AWaitEndsBeforeALateSignal) {
     Semaphore semaphore;
     queues::inTheWorld(2, [&] { semaphore.signal(); });
     EXPECT_FALSE(semaphore.wait(1));
@@ -114,7 +114,7 @@ TEST_F(Queues, AWaitOfTheMainThreadThatCanNeverEndIsAProblem) {
     EXPECT_THAT(takeProblems(), ElementsAre(HasSubstr("can never come")));
 }
 
-TEST_F(Queues, ASerialQueueDoesOneThingAfterTheOther) {
+TEST_F(Queues, ASerialQueueRunsOnePieceOfWorkAtATime) {
     queues::async("session", [this] {
         usleep(100'000);
         note("first");
@@ -135,7 +135,7 @@ TEST_F(Queues, WorkOfAGlobalQueueHasNoPoolOfItsOwn) {
     EXPECT_THAT(takeProblems(), ElementsAre(HasSubstr("on queue \"global default\" without")));
 }
 
-TEST_F(Queues, ARepeatedPieceOfWorkMayEndItself) {
+TEST_F(Queues, RepeatedWorkMayCancelItself) {
     int rounds = 0;
     queues::Token token = 0;
     token = queues::repeat(1, [&] {
@@ -145,7 +145,7 @@ TEST_F(Queues, ARepeatedPieceOfWorkMayEndItself) {
     EXPECT_EQ(rounds, 3);
 }
 
-TEST_F(Queues, ARepeatedPieceOfWorkThatTakesLongerThanItsIntervalLeavesTimesOut) {
+TEST_F(Queues, RepeatedWorkLongerThanItsIntervalSkipsTimes) {
     std::vector<double> times;
     const auto token = queues::repeat(4, [&times] {
         times.push_back(queues::now());
@@ -156,7 +156,7 @@ TEST_F(Queues, ARepeatedPieceOfWorkThatTakesLongerThanItsIntervalLeavesTimesOut)
     queues::cancel(token);
 }
 
-TEST_F(Queues, TheSystemsFunctionsLeadToTheSameQueues) {
+TEST_F(Queues, TheSystemsFunctionsUseTheSameQueues) {
     static std::vector<std::string> where;
     where.clear();
     const auto work = [](void*) { where.push_back(queues::current()); };
@@ -170,7 +170,7 @@ TEST_F(Queues, TheSystemsFunctionsLeadToTheSameQueues) {
                                                "dispatch_async_f(global user-initiated)"));
 }
 
-TEST_F(Queues, AResetEndsWhatWaitsAndForgetsWhatHasNotBegun) {
+TEST_F(Queues, AResetEndsWaitsAndDropsPendingWork) {
     queues::async("global default", [this] {
         usleep(900'000);
         note("ended");

@@ -43,7 +43,7 @@ TEST_F(RegisteredClass, ItsMethodsReachTheTarget) {
                 testing::Contains("<- [<Listener 1> windowWillClose:<NSNotification 1>]"));
 }
 
-TEST_F(RegisteredClass, OnceTheTargetHasGoneItsMethodsAnswerZero) {
+TEST_F(RegisteredClass, MethodsReturnZeroAfterTheTargetIsGone) {
     auto target = std::make_shared<Target>();
     const auto object = listener().makeInstance(target);
     const auto ask = [&object] {
@@ -54,7 +54,7 @@ TEST_F(RegisteredClass, OnceTheTargetHasGoneItsMethodsAnswerZero) {
     EXPECT_FALSE(ask());
 }
 
-TEST_F(RegisteredClass, ItsObjectsGoWithTheirWeakReference) {
+TEST_F(RegisteredClass, DestroyingAnObjectFreesItsWeakReference) {
     const auto target = std::make_shared<Target>();
     auto object = listener().makeInstance(target);
     const Weak weak(object.get().pointer());
@@ -63,7 +63,7 @@ TEST_F(RegisteredClass, ItsObjectsGoWithTheirWeakReference) {
     EXPECT_EQ(target.use_count(), 1);
 }
 
-TEST_F(RegisteredClass, AnOptionalMethodThatItLacksIsLeftOut) {
+TEST_F(RegisteredClass, AnAbsentOptionalMethodIsSkipped) {
     const auto object = listener().makeInstance(std::make_shared<Target>());
     EXPECT_FALSE(responds(object.get().pointer(), "windowDidResize:"));
     sendToPort(object.get().pointer(), "windowDidResize:", cocoa::id());
@@ -100,7 +100,7 @@ TEST_F(RegisteredClass, ARequiredMethodThatIsMissingIsAProblem) {
                                             "WKScriptMessageHandler"));
 }
 
-TEST_F(RegisteredClass, ANameThatIsTakenEndsTheProgramWithIt) {
+TEST_F(RegisteredClass, ANameInUseEndsTheProgramWithThatName) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     EXPECT_DEATH(
         {
@@ -111,7 +111,7 @@ TEST_F(RegisteredClass, ANameThatIsTakenEndsTheProgramWithIt) {
         "a class NSWindow is there already");
 }
 
-TEST_F(RegisteredClass, AProtocolWithoutARecordIsLeftOut) {
+TEST_F(RegisteredClass, AProtocolUnknownToTheRuntimeIsSkipped) {
     EXPECT_EQ(cocoa::objc_getProtocol("NSApplicationDelegate"), nullptr);
     RuntimeClass<Target>("Delegate")
         .conformsTo("NSApplicationDelegate")
@@ -119,7 +119,7 @@ TEST_F(RegisteredClass, AProtocolWithoutARecordIsLeftOut) {
         .registerClass();
 }
 
-TEST_F(RegisteredClass, AMethodThatComesAfterTheRegistrationIsAProblem) {
+TEST_F(RegisteredClass, AddingAMethodAfterTheRegistrationIsAProblem) {
     RuntimeClass<Target> late("Late");
     late.conformsTo("NSWindowDelegate").registerClass();
     late.method<"windowWillClose:", &Target::takes>();

@@ -62,7 +62,7 @@ TEST_F(StandInOfAnotherProgram, ShowsItsWindowsAndItsMenus) {
     EXPECT_EQ(read(element, "AXTitle"), code(platform::AccessibilityError::noValue));
 }
 
-TEST_F(StandInOfAnotherProgram, IsNotThereWithoutTheRightOrWhenItHasGone) {
+TEST_F(StandInOfAnotherProgram, IsInaccessibleWithoutPermissionOrAfterItsEnd) {
     start();
     const auto element = application(42);
     world.accessibility.trusted = false;
@@ -72,7 +72,7 @@ TEST_F(StandInOfAnotherProgram, IsNotThereWithoutTheRightOrWhenItHasGone) {
     EXPECT_EQ(read(element, "AXRole"), code(platform::AccessibilityError::invalidElement));
 }
 
-TEST_F(StandInOfAnotherProgram, CostsTheWholeTimeLimitWhenItHangs) {
+TEST_F(StandInOfAnotherProgram, CostsTheFullTimeoutIfItHangs) {
     start();
     world.accessibility.hanging.insert(42);
     EXPECT_EQ(read(application(42), "AXRole"), code(platform::AccessibilityError::cannotComplete));
@@ -83,7 +83,7 @@ TEST_F(StandInOfAnotherProgram, CostsTheWholeTimeLimitWhenItHangs) {
     EXPECT_DOUBLE_EQ(queues::now(), 7);
 }
 
-TEST_F(StandInOfAnotherProgram, MayHaveALimitForOneReferenceAlone) {
+TEST_F(StandInOfAnotherProgram, MayHaveATimeoutForOneReference) {
     start();
     world.accessibility.hanging.insert(42);
     const auto patient = application(42);
@@ -94,7 +94,7 @@ TEST_F(StandInOfAnotherProgram, MayHaveALimitForOneReferenceAlone) {
     EXPECT_DOUBLE_EQ(queues::now(), 8);
 }
 
-TEST_F(StandInOfAnotherProgram, ActsOnAPressThatTakesLongerThanItsCallerWaits) {
+TEST_F(StandInOfAnotherProgram, PerformsAPressThatOutlastsItsCallersWait) {
     auto& program = start();
     world.accessibility.pressTakes["Next"] = 9;
     const auto press = Element::adopt(
@@ -106,7 +106,7 @@ TEST_F(StandInOfAnotherProgram, ActsOnAPressThatTakesLongerThanItsCallerWaits) {
     EXPECT_THAT(program.pressed(), ElementsAre("Next"));
 }
 
-TEST_F(StandInOfAnotherProgram, GivesAKeyTheModifiersThatAreHeld) {
+TEST_F(StandInOfAnotherProgram, GivesAKeyTheHeldModifiers) {
     start();
     constexpr auto shift = cocoa::kCGEventFlagMaskShift;
     world.keyboard.held = shift;
@@ -119,7 +119,7 @@ TEST_F(StandInOfAnotherProgram, GivesAKeyTheModifiersThatAreHeld) {
     EXPECT_THAT(world.keyboard.postedFlags, ElementsAre(0U));
 }
 
-TEST_F(StandInOfAnotherProgram, GetsKeysByItsNumberOrByTheFocus) {
+TEST_F(StandInOfAnotherProgram, GetsKeysByProcessOrByFocus) {
     auto& program = start();
     press(42, false);
     press(0, true);
@@ -132,12 +132,12 @@ TEST_F(StandInOfAnotherProgram, GetsKeysByItsNumberOrByTheFocus) {
     EXPECT_THAT(program.keysDown(), ElementsAre(121, 121)) << "dropped without a word";
 }
 
-TEST_F(StandInOfAnotherProgram, MayBeBeyondReachOfKeysThatCannotBeMade) {
+TEST_F(StandInOfAnotherProgram, GetsNoKeysIfEventsCannotBeCreated) {
     world.keyboard.works = false;
     EXPECT_EQ(cocoa::CGEventCreateKeyboardEvent(nullptr, 121, true), nullptr);
 }
 
-TEST_F(StandInOfAnotherProgram, LeaksAnElementThatNobodyReleases) {
+TEST_F(StandInOfAnotherProgram, AnUnreleasedElementIsALeak) {
     const auto* element = cocoa::AXUIElementCreateApplication(1);
     EXPECT_THAT(leaked(), ElementsAre(HasSubstr("<AXUIElement 1>")));
     cocoa::CFRelease(element);

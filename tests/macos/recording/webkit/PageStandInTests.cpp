@@ -92,13 +92,13 @@ TEST_F(StandInOfAPage, RunsScriptsOnlyWhileAPageIsLoadedAndAlive) {
     EXPECT_THAT(page().evaluated, ElementsAre("a", "b"));
 }
 
-TEST_F(StandInOfAPage, HasTheHandlersInItsFramesToo) {
+TEST_F(StandInOfAPage, AlsoHasTheHandlersInItsFrames) {
     page().postsFromFrame("bridge", "hello");
     queues::runUntilIdle();
     EXPECT_THAT(heard(), ElementsAre("bridge: \"hello\" from a frame"));
 }
 
-TEST_F(StandInOfAPage, GoesWhereTheUserDropsUnlessTheProgramRefuses) {
+TEST_F(StandInOfAPage, LoadsADroppedAddressUnlessTheProgramRefuses) {
     load();
     page().userDrops("https://example.org/");
     queues::runUntilIdle();
@@ -112,12 +112,12 @@ TEST_F(StandInOfAPage, KnowsOneKeyOnly) {
     EXPECT_THAT(takeProblems(), ElementsAre(HasSubstr("no key \"drawBackground\"")));
 }
 
-TEST_F(StandInOfAPage, TakesASecondHandlerOfThatNameAmiss) {
+TEST_F(StandInOfAPage, NotesASecondHandlerOfOneNameAsAProblem) {
     content_->addScriptMessageHandler(object_.get(), cocoa::string("bridge"));
     EXPECT_THAT(takeProblems(), ElementsAre(HasSubstr("two script message handlers")));
 }
 
-TEST_F(StandInOfAPage, SaysNothingMoreWhenItsViewHasGone) {
+TEST_F(StandInOfAPage, PostsNothingAfterItsViewIsGone) {
     page().posts("bridge", "hello");
     page().processDies();
     view_ = {};

@@ -143,7 +143,7 @@ TEST_F(MacSocket, AFailedPingReportedTwiceCountsOnce) {
     advance(15);
     ASSERT_EQ(socket().pings(), 1);
     forget();
-    socket().tellsFailedPings = 2;
+    socket().failedPingCalls = 2;
     socket().breaks(lost);
     runUntilIdle();
     EXPECT_THAT(diagnostics("native_ws_ping_failed"), SizeIs(1));

@@ -174,7 +174,7 @@ class LoadCommands(BundleTest):
                             lambda data, at: struct.pack_into("<I", data, at + 16, 0))
         self.assert_rejected("built for no SDK")
 
-    def test_with_a_library_of_somebody_else_are_found(self):
+    def test_with_a_foreign_library_are_found(self):
         self.change(MAIN, lambda data: data.replace(b"/usr/lib/libobjc.A", b"/usr/lib/libobjc.B"))
         sign(self.app)
         self.assert_rejected("loads /usr/lib/libobjc.B.dylib")

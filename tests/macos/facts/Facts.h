@@ -85,7 +85,7 @@ template <class Fact>
 }
 
 /// The fact for a message to a class or to its instances, inherited or its own. A class object is
-/// an instance of the root class, too: it answers the root's instance messages.
+/// also an instance of the root class: it has the root's instance messages.
 [[nodiscard]] constexpr const MethodFact* factFor(std::string_view className, Kind kind,
                                                   std::string_view selector) {
     for (const auto* each = classNamed(className); each != nullptr;

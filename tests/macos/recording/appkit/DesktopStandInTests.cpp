@@ -18,7 +18,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-/// A delegate as a program has one; writes down what it hears.
+/// A delegate as a program has one; records its messages.
 struct Delegate {
     std::vector<std::string> heard;
     bool quitsWithLastWindow = true;

@@ -17,7 +17,7 @@ Value initWithBytes(Call& call) {
     const auto* bytes = static_cast<const char*>(call.argument<const void*>(0));
     const std::string text(bytes, call.argument<unsigned long>(1));
     if (call.argument<unsigned long>(2) != cocoa::NSUTF8StringEncoding) {
-        noteProblem("a string is made of bytes in an encoding that nobody here knows");
+        noteProblem("a string is made of bytes in an unknown encoding");
         return {};
     }
     if (!isValidUtf8(text)) return {};

@@ -95,7 +95,7 @@ void dispatch_release(dispatch_object_t object) {
     }
     if (semaphore->second->value < semaphore->second->original) {
         noteProblem(
-            "a semaphore was released while somebody waits for it: the system ends "
+            "a semaphore was released during a wait for it: the system ends "
             "the program");
     }
     dispatch::made().semaphores.erase(semaphore);

@@ -33,7 +33,7 @@ void SocketConnection::breaks(const std::string& why) {
         });
     }
     for (const auto& handler : std::exchange(waitingForPong_, {})) {
-        for (int time = 0; time < tellsFailedPings; ++time) {
+        for (int time = 0; time < failedPingCalls; ++time) {
             tellSession([handler, why] { handler(why); });
         }
     }

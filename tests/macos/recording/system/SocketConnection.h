@@ -33,7 +33,7 @@ public:
     /// Breaks the connection; pending and later receives fail with the reason.
     void breaks(const std::string& why);
     /// How often the pong handler of a failed ping is called after a break.
-    int tellsFailedPings = 1;
+    int failedPingCalls = 1;
     /// At the end of a test: drops all handlers.
     void forget();
 

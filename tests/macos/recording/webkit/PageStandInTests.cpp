@@ -16,7 +16,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-/// What a page talks to; writes down what it hears.
+/// What a page talks to; records its messages.
 struct Listener {
     std::vector<std::string> heard;
 

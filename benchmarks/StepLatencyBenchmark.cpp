@@ -20,27 +20,17 @@
 #include "benchmarks/Percentiles.h"
 #include "benchmarks/StepServer.h"
 #include "benchmarks/TargetProgramRun.h"
-#include "ports/linux/atspi/AtSpiAccessibility.h"
-#include "ports/linux/glib/GlibDispatch.h"
-#include "ports/linux/glib/GlibText.h"
-#include "ports/linux/gtk/LinuxApplication.h"
-#include "ports/linux/gtk/LinuxScreens.h"
-#include "ports/linux/gtk/LinuxUserInterface.h"
+#include "platform/Accessibility.h"
+#include "platform/Host.h"
+#include "platform/KeyboardEvents.h"
+#include "platform/UrlSession.h"
+#include "platform/Workspace.h"
+#include "ports/linux/LinuxServices.h"
 #include "ports/linux/network/BeastUrlSession.h"
-#include "ports/linux/processes/LinuxChildProcesses.h"
-#include "ports/linux/system/LinuxHost.h"
-#include "ports/linux/system/LinuxSystemLog.h"
-#include "ports/linux/system/SystemClock.h"
-#include "ports/linux/x11/LinuxSlideApplications.h"
-#include "ports/linux/x11/MasterKeyboard.h"
-#include "ports/linux/x11/X11Desktop.h"
-#include "ports/linux/x11/X11Workspace.h"
-#include "ports/posix/PosixFileSystem.h"
 
 namespace stagehopper::benchmarks {
 namespace {
 
-using namespace linux_port;
 using std::chrono::steady_clock;
 using Milliseconds = std::chrono::duration<double, std::milli>;
 
@@ -79,18 +69,18 @@ private:
     int posted_ = 0;
 };
 
-/// Passes on what it is given, and notes when a frame has been read.
+/// A session of the port that notes when a frame has been read.
 class ObservedSession final : public platform::UrlSession {
 public:
-    explicit ObservedSession(platform::UrlSession& session) : session_(session) {}
-
     void startDataTask(const std::string& url,
                        std::function<void(platform::DataResult)> completion) override {
-        session_.startDataTask(url, std::move(completion));
+        session_->startDataTask(url, std::move(completion));
     }
     std::shared_ptr<platform::WebSocketTask> makeWebSocketTask(const std::string& url) override {
-        return std::make_shared<Task>(session_.makeWebSocketTask(url), readAt);
+        return std::make_shared<Task>(session_->makeWebSocketTask(url), readAt);
     }
+
+    void end() { session_.reset(); }
 
     std::atomic<steady_clock::time_point> readAt{};
 
@@ -117,7 +107,8 @@ private:
         std::atomic<steady_clock::time_point>& readAt_;
     };
 
-    platform::UrlSession& session_;
+    std::unique_ptr<platform::UrlSession> session_ =
+        std::make_unique<linux_port::BeastUrlSession>();
 };
 
 /// Keeps the steps' lines off the terminal.
@@ -139,67 +130,31 @@ bool runUntil(const std::function<bool()>& done) {
     return done();
 }
 
-/// Everything that both ways of stepping share.
-struct Machine {
-    Machine(int argc, char** argv) : host(argc, argv) {}
-
-    SystemClock clock;
-    posix::PosixFileSystem fileSystem;
-    QuietLog systemLog;
-    GlibText text;
-    LinuxHost host;
-    GlibDispatch dispatch;
-    LinuxChildProcesses childProcesses;
-    std::optional<BeastUrlSession> urlSession{std::in_place};
-    LinuxApplication application{dispatch};
-    LinuxUserInterface userInterface{application, systemLog};
-    X11Desktop desktop;
-    LinuxScreens screens{desktop};
-    X11Workspace workspace{desktop};
-    AtSpiAccessibility accessibility{desktop};
-    MasterKeyboard keyboard{desktop};
-};
-
-void runFloor(Machine& machine, platform::Pid target, std::vector<double>& times) {
+void runFloor(platform::KeyboardEvents& keyboard, platform::Pid target,
+              std::vector<double>& times) {
     StepServer server;
     BareClient client(server.port());
-    const auto press = machine.keyboard.makeKeyboardEvent(platform::virtual_key::pageDown, true);
-    const auto release = machine.keyboard.makeKeyboardEvent(platform::virtual_key::pageDown, false);
+    const auto press = keyboard.makeKeyboardEvent(platform::virtual_key::pageDown, true);
+    const auto release = keyboard.makeKeyboardEvent(platform::virtual_key::pageDown, false);
     for (int i = 0; i < stepsInARun; ++i) {
         std::this_thread::sleep_for(betweenSteps);
         server.sendStep();
         client.readFrame();
         const auto readAt = steady_clock::now();
-        const auto posted = machine.keyboard.postToProcess(target, *press);
+        const auto posted = keyboard.postToProcess(target, *press);
         times.push_back(Milliseconds(steady_clock::now() - readAt).count());
         std::this_thread::sleep_for(keyHold);
-        if (!posted || !machine.keyboard.postToProcess(target, *release)) {
+        if (!posted || !keyboard.postToProcess(target, *release)) {
             std::fputs("a key was refused\n", stderr);
         }
     }
 }
 
-bool runController(Machine& machine, std::vector<double>& times) {
+bool runController(linux_port::LinuxServices& services, std::vector<double>& times) {
     StepServer server;
-    ObservedKeyboard keyboard(machine.keyboard);
-    ObservedSession session(*machine.urlSession);
-    const auto controller = AppController::create({
-        .accessibility = machine.accessibility,
-        .application = machine.application,
-        .childProcesses = machine.childProcesses,
-        .clock = machine.clock,
-        .dispatch = machine.dispatch,
-        .fileSystem = machine.fileSystem,
-        .host = machine.host,
-        .keyboardEvents = keyboard,
-        .screens = machine.screens,
-        .systemLog = machine.systemLog,
-        .text = machine.text,
-        .urlSession = session,
-        .userInterface = machine.userInterface,
-        .workspace = machine.workspace,
-        .slideApplications = slideApplications(),
-    });
+    ObservedKeyboard keyboard(services.platform().keyboardEvents);
+    ObservedSession session;
+    const auto controller = AppController::create(services.platform(keyboard, session));
     controller->connectNativeSlideSocket("http://127.0.0.1:" + server.port(), "BENCH", "benchmark");
     for (int i = 0; i < stepsInARun; ++i) {
         std::this_thread::sleep_for(betweenSteps);
@@ -209,8 +164,7 @@ bool runController(Machine& machine, std::vector<double>& times) {
     }
     controller->cancelNativeSlideSocket("benchmark");
     // Its last completion comes before the observers go.
-    machine.urlSession.reset();
-    machine.urlSession.emplace();
+    session.end();
     return true;
 }
 
@@ -222,19 +176,22 @@ void print(const char* name, std::vector<double>& times) {
 }
 
 int run(int argc, char** argv) {
-    if (gtk_init_check(&argc, &argv) == FALSE) {
+    QuietLog log;
+    linux_port::LinuxServices services(argc, argv, log);
+    if (!services.openDisplay()) {
         std::fputs("no display\n", stderr);
         return 1;
     }
-    Machine machine(argc, argv);
+    services.start();
+    const auto platform = services.platform();
     const TargetProgramRun target(keySink());
     // The window whose keys are to go elsewhere.
     GtkWidget* front = gtk_window_new(GTK_WINDOW_TOPLEVEL);
     gtk_widget_show_all(front);
     if (target.process() == 0 || !runUntil([&] {
-            const auto inFront = machine.workspace.frontmostApplication();
-            return inFront && inFront->processIdentifier == machine.host.processIdentifier() &&
-                   machine.accessibility.isProcessTrusted();
+            const auto inFront = platform.workspace.frontmostApplication();
+            return inFront && inFront->processIdentifier == platform.host.processIdentifier() &&
+                   platform.accessibility.isProcessTrusted();
         })) {
         std::fputs("the windows did not come up\n", stderr);
         return 1;
@@ -244,8 +201,8 @@ int run(int argc, char** argv) {
     std::vector<double> controller;
     // In turns, so that both meet the same moods of the machine.
     for (int round = 0; round < 2; ++round) {
-        runFloor(machine, target.process(), floor);
-        if (!runController(machine, controller)) {
+        runFloor(platform.keyboardEvents, target.process(), floor);
+        if (!runController(services, controller)) {
             std::fputs("a step did not become a key\n", stderr);
             return 1;
         }

@@ -1,11 +1,9 @@
 #include "benchmarks/NaiveElement.h"
 
-#include "ports/linux/atspi/AccessibilityBus.h"
 #include "ports/linux/atspi/MenuBarSearch.h"
 
 namespace stagehopper::benchmarks {
 
-using linux_port::childrenOf;
 using platform::AccessibilityAttribute;
 using platform::AttributeValue;
 
@@ -23,7 +21,7 @@ std::optional<AttributeValue> NaiveElement::attributeValue(AccessibilityAttribut
         return AttributeValue{std::move(*title)};
     }
     if (attribute == AccessibilityAttribute::children) {
-        const auto children = childrenOf(bus_, {object_}).front();
+        const auto children = bus_.childrenOf({object_}).front();
         if (!children) return std::nullopt;
         platform::AttributeList list;
         for (const auto& child : *children) {
@@ -36,14 +34,14 @@ std::optional<AttributeValue> NaiveElement::attributeValue(AccessibilityAttribut
 }
 
 platform::AccessibilityError NaiveElement::press() const {
-    return linux_port::doFirstAction(bus_, object_);
+    return bus_.doFirstAction(object_);
 }
 
 std::shared_ptr<const NaiveElement> naiveMenuBar(linux_port::AccessibilityBus& bus,
                                                  platform::Pid process) {
     const auto root = bus.applicationOf(process);
     if (!root) return nullptr;
-    const auto windows = childrenOf(bus, {*root}).front();
+    const auto windows = bus.childrenOf({*root}).front();
     if (!windows || windows->empty()) return nullptr;
     auto menuBar = linux_port::findMenuBar(bus, windows->front());
     if (!menuBar) return nullptr;

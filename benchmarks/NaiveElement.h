@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "platform/Accessibility.h"
-#include "ports/linux/atspi/AtSpiReads.h"
+#include "ports/linux/atspi/AccessibilityBus.h"
 
 namespace stagehopper::benchmarks {
 

@@ -3,13 +3,12 @@
 #include <algorithm>
 #include <utility>
 
-#include "ports/linux/atspi/AtSpiReads.h"
-
 namespace stagehopper::linux_port {
 
 namespace {
 
 using Clock = std::chrono::steady_clock;
+using platform::AccessibilityError;
 
 constexpr std::chrono::milliseconds leaveAloneFor{2000};
 
@@ -88,8 +87,41 @@ CallResult AccessibilityBus::call(BusCall call) {
     return std::move(this->call(std::move(calls)).front());
 }
 
+std::vector<std::optional<References>> AccessibilityBus::childrenOf(const References& objects) {
+    std::vector<BusCall> calls;
+    for (const auto& object : objects) calls.push_back(at_spi_call::children(object));
+    std::vector<std::optional<References>> children;
+    for (const auto& result : call(std::move(calls))) {
+        children.push_back(at_spi_reply::children(result));
+    }
+    return children;
+}
+
+AccessibilityError AccessibilityBus::doFirstAction(const ObjectReference& object) {
+    const auto result = call({object, "org.a11y.atspi.Action", "DoAction", "(b)",
+                              VariantPointer(g_variant_ref_sink(g_variant_new("(i)", 0)))});
+    switch (result.failure) {
+        case CallFailure::none:
+            break;
+        case CallFailure::unanswered:
+        case CallFailure::unexpectedReply:
+            return AccessibilityError::success;
+        case CallFailure::noSuchObject:
+            return AccessibilityError::invalidElement;
+        case CallFailure::noSuchMethod:
+            return AccessibilityError::actionUnsupported;
+        case CallFailure::notSent:
+        case CallFailure::refused:
+            return AccessibilityError::cannotComplete;
+    }
+    gboolean accepted = FALSE;
+    g_variant_get(result.reply.get(), "(b)", &accepted);
+    // Toolkits refuse before they act: an item that is greyed, hidden or gone.
+    return accepted != FALSE ? AccessibilityError::success : AccessibilityError::cannotComplete;
+}
+
 std::optional<ObjectReference> AccessibilityBus::applicationOf(platform::Pid process) {
-    const auto roots = childrenOf(*this, {{registryBus, registryRoot}}).front();
+    const auto roots = childrenOf({{registryBus, registryRoot}}).front();
     if (!roots) return std::nullopt;
     knownPrograms_.keepOnly(*roots);
 

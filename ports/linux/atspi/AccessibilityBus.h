@@ -7,8 +7,10 @@
 #include <string>
 #include <vector>
 
+#include "platform/Accessibility.h"
 #include "platform/Workspace.h"
 #include "ports/linux/atspi/AccessibilityService.h"
+#include "ports/linux/atspi/AtSpiReads.h"
 #include "ports/linux/atspi/BusCall.h"
 #include "ports/linux/atspi/BusConnection.h"
 #include "ports/linux/atspi/KnownPrograms.h"
@@ -41,6 +43,11 @@ public:
     /// All calls at once; the results stand in their order.
     std::vector<CallResult> call(std::vector<BusCall> calls);
     CallResult call(BusCall call);
+    /// The children of each object, in one round.
+    std::vector<std::optional<References>> childrenOf(const References& objects);
+    /// Performs the object's first action, which chooses a menu item. Without an answer it counts
+    /// as performed, see UIElement::press.
+    platform::AccessibilityError doFirstAction(const ObjectReference& object);
     /// The root of the program that this process has put on the bus.
     std::optional<ObjectReference> applicationOf(platform::Pid process);
     /// Forgotten with the connection.

@@ -1,12 +1,11 @@
 #include "ports/linux/atspi/AtSpiReads.h"
 
-#include "ports/linux/atspi/AccessibilityBus.h"
+#include <memory>
+#include <string_view>
 
 namespace stagehopper::linux_port {
 
 namespace {
-
-using platform::AccessibilityError;
 
 constexpr const char* accessible = "org.a11y.atspi.Accessible";
 constexpr std::string_view nullPath = "/org/a11y/atspi/null";
@@ -70,40 +69,6 @@ std::optional<std::uint64_t> at_spi_reply::states(const CallResult& result) {
         states |= static_cast<std::uint64_t>(word) << (32U * i);
     }
     return states;
-}
-
-std::vector<std::optional<References>> childrenOf(AccessibilityBus& bus,
-                                                  const References& objects) {
-    std::vector<BusCall> calls;
-    for (const auto& object : objects) calls.push_back(at_spi_call::children(object));
-    std::vector<std::optional<References>> children;
-    for (const auto& result : bus.call(std::move(calls))) {
-        children.push_back(at_spi_reply::children(result));
-    }
-    return children;
-}
-
-AccessibilityError doFirstAction(AccessibilityBus& bus, const ObjectReference& object) {
-    const auto result = bus.call({object, "org.a11y.atspi.Action", "DoAction", "(b)",
-                                  VariantPointer(g_variant_ref_sink(g_variant_new("(i)", 0)))});
-    switch (result.failure) {
-        case CallFailure::none:
-            break;
-        case CallFailure::unanswered:
-        case CallFailure::unexpectedReply:
-            return AccessibilityError::success;
-        case CallFailure::noSuchObject:
-            return AccessibilityError::invalidElement;
-        case CallFailure::noSuchMethod:
-            return AccessibilityError::actionUnsupported;
-        case CallFailure::notSent:
-        case CallFailure::refused:
-            return AccessibilityError::cannotComplete;
-    }
-    gboolean accepted = FALSE;
-    g_variant_get(result.reply.get(), "(b)", &accepted);
-    // Toolkits refuse before they act: an item that is greyed, hidden or gone.
-    return accepted != FALSE ? AccessibilityError::success : AccessibilityError::cannotComplete;
 }
 
 }  // namespace stagehopper::linux_port

@@ -5,13 +5,10 @@
 #include <string>
 #include <vector>
 
-#include "platform/Accessibility.h"
 #include "ports/linux/atspi/AtSpiRole.h"
 #include "ports/linux/atspi/BusCall.h"
 
 namespace stagehopper::linux_port {
-
-class AccessibilityBus;
 
 using References = std::vector<ObjectReference>;
 
@@ -30,12 +27,5 @@ std::optional<std::string> name(const CallResult& result);
 AtSpiRole role(const CallResult& result);
 std::optional<std::uint64_t> states(const CallResult& result);
 }  // namespace at_spi_reply
-
-/// The children of each object, in one round.
-std::vector<std::optional<References>> childrenOf(AccessibilityBus& bus, const References& objects);
-
-/// Does what the object does first of all; for a menu item that is choosing it. Without an answer
-/// it counts as done, see UIElement::press.
-platform::AccessibilityError doFirstAction(AccessibilityBus& bus, const ObjectReference& object);
 
 }  // namespace stagehopper::linux_port

@@ -35,7 +35,7 @@ std::optional<AttributeValue> MenuElement::attributeValue(AccessibilityAttribute
 }
 
 platform::AccessibilityError MenuElement::press() const {
-    return doFirstAction(tree_->bus(), tree_->node(index_).object);
+    return tree_->bus().doFirstAction(tree_->node(index_).object);
 }
 
 std::string_view MenuElement::role() const {

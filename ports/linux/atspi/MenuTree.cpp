@@ -33,7 +33,7 @@ const std::vector<std::size_t>& MenuTree::children(std::size_t index) {
 
 void MenuTree::load(std::size_t menu) {
     loaded_[menu - 1] = true;
-    auto level = append({menu}, childrenOf(*bus_, {nodes_[menu].object}));
+    auto level = append({menu}, bus_->childrenOf({nodes_[menu].object}));
     if (!bulk_ && nodes_.size() > bulkFrom) {
         const auto rest = readInBulk();
         level.insert(level.end(), rest.begin(), rest.end());
@@ -77,7 +77,7 @@ MenuTree::Level MenuTree::readBelow(const Level& parents) {
         objects.push_back(object);
     }
     if (asked.empty()) return {};
-    auto level = append(asked, childrenOf(*bus_, objects));
+    auto level = append(asked, bus_->childrenOf(objects));
     readRolesAndTitles(level);
     return level;
 }

@@ -9,6 +9,7 @@
 
 namespace stagehopper::linux_port {
 
+class AccessibilityBus;
 class BulkRead;
 
 /// The menus below one menu bar as they were when they were first asked for: the bar's own menus

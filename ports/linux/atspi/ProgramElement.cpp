@@ -84,7 +84,7 @@ std::vector<ProgramElement::BusWindow> ProgramElement::busWindows() const {
 std::optional<KnownProgram> ProgramElement::meet() const {
     auto root = bus_->applicationOf(process_);
     if (!root) return std::nullopt;
-    auto windows = childrenOf(*bus_, {*root}).front();
+    auto windows = bus_->childrenOf({*root}).front();
     if (!windows) return std::nullopt;
     return KnownProgram{std::move(*root), std::move(*windows)};
 }

@@ -9,7 +9,6 @@
 #include <string_view>
 
 #include "ports/linux/x11/X11Connection.h"
-#include "ports/linux/x11/XErrorTrap.h"
 
 namespace stagehopper::linux_port {
 

@@ -8,8 +8,8 @@
 
 #include "ports/linux/x11/KeyTarget.h"
 #include "ports/linux/x11/SecondSeat.h"
+#include "ports/linux/x11/X11Connection.h"
 #include "ports/linux/x11/X11Desktop.h"
-#include "ports/linux/x11/XErrorTrap.h"
 
 namespace stagehopper::linux_port {
 

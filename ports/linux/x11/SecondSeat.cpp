@@ -10,8 +10,6 @@
 #include <array>
 #include <memory>
 
-#include "ports/linux/x11/XErrorTrap.h"
-
 namespace stagehopper::linux_port {
 
 using platform::Outcome;

@@ -2,11 +2,25 @@
 
 #include <X11/Xlib.h>
 
+#include <array>
 #include <utility>
 
-#include "ports/linux/x11/XErrorTrap.h"
-
 namespace stagehopper::linux_port {
+
+namespace {
+
+// Xlib's handlers are global and carry no pointer of ours.
+XErrorTrap* innermost = nullptr;
+XErrorHandler errorHandlerBefore = nullptr;
+XIOErrorHandler lossHandlerBefore = nullptr;
+
+/// Whether the server has dealt with everything that was sent: so it has when the last request was
+/// a question and its answer is here.
+bool isAnswered(Display* display) {
+    return XLastKnownRequestProcessed(display) + 1 == XNextRequest(display);
+}
+
+}  // namespace
 
 X11Connection::X11Connection() : display_(XOpenDisplay(nullptr)) {
     if (display_ == nullptr) return;
@@ -23,6 +37,58 @@ X11Connection::~X11Connection() {
 
 unsigned long X11Connection::rootWindow() const {
     return DefaultRootWindow(display_);
+}
+
+struct XErrorTrap::Handlers {
+    static int error(Display* display, XErrorEvent* event) {
+        for (auto* trap = innermost; trap != nullptr; trap = trap->outer_) {
+            if (trap->connection_.display() != display) continue;
+            if (trap->errorCode_ == 0) trap->errorCode_ = event->error_code;
+            return 0;
+        }
+        return errorHandlerBefore != nullptr ? errorHandlerBefore(display, event) : 0;
+    }
+
+    static int loss(Display* display) {
+        for (auto* trap = innermost; trap != nullptr; trap = trap->outer_) {
+            if (trap->connection_.display() != display) continue;
+            trap->connection_.noteLost();
+            return 0;
+        }
+        return lossHandlerBefore != nullptr ? lossHandlerBefore(display) : 0;
+    }
+};
+
+XErrorTrap::XErrorTrap(X11Connection& connection) : connection_(connection), outer_(innermost) {
+    if (outer_ == nullptr) {
+        errorHandlerBefore = XSetErrorHandler(&Handlers::error);
+        lossHandlerBefore = XSetIOErrorHandler(&Handlers::loss);
+    }
+    innermost = this;
+}
+
+XErrorTrap::~XErrorTrap() {
+    // Errors of requests that are still on their way must not meet the handler that comes back.
+    if (connection_.isOpen() && !isAnswered(connection_.display()))
+        XSync(connection_.display(), False);
+    innermost = outer_;
+    if (outer_ == nullptr) {
+        XSetErrorHandler(errorHandlerBefore);
+        XSetIOErrorHandler(lossHandlerBefore);
+    }
+}
+
+bool XErrorTrap::allWentWell() {
+    if (connection_.isOpen()) XSync(connection_.display(), False);
+    return connection_.isOpen() && errorCode_ == 0;
+}
+
+std::string XErrorTrap::reason() const {
+    if (!connection_.isOpen()) return "no connection to the X server";
+    if (errorCode_ == 0) return {};
+    std::array<char, 128> text{};
+    XGetErrorText(connection_.display(), errorCode_, text.data(), static_cast<int>(text.size()));
+    return text.data();
 }
 
 }  // namespace stagehopper::linux_port

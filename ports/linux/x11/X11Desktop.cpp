@@ -7,8 +7,8 @@
 
 #include "ports/linux/glib/GlibPointers.h"
 #include "ports/linux/x11/WindowDescription.h"
+#include "ports/linux/x11/X11Connection.h"
 #include "ports/linux/x11/X11Property.h"
-#include "ports/linux/x11/XErrorTrap.h"
 
 namespace stagehopper::linux_port {
 

@@ -9,7 +9,6 @@
 #include "ports/linux/glib/GlibDispatch.h"
 #include "ports/linux/gtk/ApplicationIcon.h"
 #include "ports/linux/gtk/EditingCommand.h"
-#include "ports/linux/gtk/LinuxWindow.h"
 #include "ports/linux/system/ProgramNames.h"
 
 namespace stagehopper::linux_port {

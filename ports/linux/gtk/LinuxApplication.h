@@ -8,15 +8,15 @@
 #include "platform/Application.h"
 #include "ports/linux/glib/GlibPointers.h"
 #include "ports/linux/gtk/AboutPanel.h"
+#include "ports/linux/gtk/LinuxWindow.h"
 
 namespace stagehopper::linux_port {
 
 class GlibDispatch;
-class LinuxWindow;
 
 /// The program on the desktop and on the session bus, where only one of a kind runs. Main thread
 /// only. `dispatch` outlives it; its windows do not.
-class LinuxApplication final : public platform::Application {
+class LinuxApplication final : public platform::Application, public LinuxWindowOwner {
 public:
     /// The display is open.
     explicit LinuxApplication(GlibDispatch& dispatch);
@@ -34,13 +34,12 @@ public:
 
     [[nodiscard]] bool isRunningElsewhere() const;
 
-    // For our windows.
-    [[nodiscard]] GtkApplication* gtkApplication() const { return application_.get(); }
-    void windowOpened(LinuxWindow& window);
-    void windowClosed(LinuxWindow& window);
-    void perform(platform::MenuAction action, GtkWindow* window);
-
 private:
+    [[nodiscard]] GtkApplication* gtkApplication() const override { return application_.get(); }
+    void windowOpened(LinuxWindow& window) override;
+    void windowClosed(LinuxWindow& window) override;
+    void perform(platform::MenuAction action, GtkWindow* window) override;
+
     static void activated(GApplication* application, void* self) noexcept;
     static int interrupted(void* self) noexcept;
 

@@ -7,14 +7,14 @@
 
 namespace stagehopper::linux_port {
 
-LinuxUserInterface::LinuxUserInterface(LinuxApplication& application, platform::SystemLog& log)
-    : application_(application), log_(log) {
+LinuxUserInterface::LinuxUserInterface(LinuxWindowOwner& windowOwner, platform::SystemLog& log)
+    : windowOwner_(windowOwner), log_(log) {
     tellPagesTheUsersLanguages();
 }
 
 std::shared_ptr<platform::Window> LinuxUserInterface::makeWindow(
     const platform::WindowOptions& options) {
-    return std::make_shared<LinuxWindow>(application_, options);
+    return std::make_shared<LinuxWindow>(windowOwner_, options);
 }
 
 std::shared_ptr<platform::Panel> LinuxUserInterface::makePanel(

@@ -5,13 +5,13 @@
 
 namespace stagehopper::linux_port {
 
-class LinuxApplication;
+class LinuxWindowOwner;
 
-/// Makes GTK windows and WebKit views. Main thread only. `application` and `log` outlive what it
+/// Makes GTK windows and WebKit views. Main thread only. `windowOwner` and `log` outlive what it
 /// makes.
 class LinuxUserInterface final : public platform::UserInterface {
 public:
-    LinuxUserInterface(LinuxApplication& application, platform::SystemLog& log);
+    LinuxUserInterface(LinuxWindowOwner& windowOwner, platform::SystemLog& log);
 
     std::shared_ptr<platform::Window> makeWindow(const platform::WindowOptions& options) override;
     std::shared_ptr<platform::Panel> makePanel(const platform::PanelOptions& options) override;
@@ -20,7 +20,7 @@ public:
         const platform::Rect& frame, const platform::WebViewConfiguration& configuration) override;
 
 private:
-    LinuxApplication& application_;
+    LinuxWindowOwner& windowOwner_;
     platform::SystemLog& log_;
 };
 

@@ -3,7 +3,6 @@
 #include <string>
 #include <utility>
 
-#include "ports/linux/gtk/LinuxApplication.h"
 #include "ports/linux/gtk/LinuxWebView.h"
 #include "ports/linux/gtk/MenuBar.h"
 #include "ports/linux/gtk/Pixels.h"
@@ -20,10 +19,10 @@ ObjectPointer<GtkWidget> owned(GtkWidget* widget) {
 
 }  // namespace
 
-LinuxWindow::LinuxWindow(LinuxApplication& application, const platform::WindowOptions& options)
-    : application_(application),
+LinuxWindow::LinuxWindow(LinuxWindowOwner& owner, const platform::WindowOptions& options)
+    : owner_(owner),
       contentSize_(options.contentRect.size),
-      window_(owned(gtk_application_window_new(application.gtkApplication()))),
+      window_(owned(gtk_application_window_new(owner.gtkApplication()))),
       layout_(gtk_box_new(GTK_ORIENTATION_VERTICAL, 0)),
       contentFrame_(gtk_event_box_new()),
       alive_(std::make_shared<LinuxWindow*>(this)) {
@@ -84,7 +83,7 @@ void LinuxWindow::makeKeyAndOrderFront() {
 void LinuxWindow::open() {
     opened_ = true;
     gtk_widget_show_all(layout_);
-    application_.windowOpened(*this);
+    owner_.windowOpened(*this);
     int menuHeight = 0;
     if (menuBar_ != nullptr) gtk_widget_get_preferred_height(menuBar_, nullptr, &menuHeight);
     gtk_window_set_default_size(gtkWindow(), pixels(contentSize_.width),
@@ -94,8 +93,8 @@ void LinuxWindow::open() {
 void LinuxWindow::setMenu(const platform::MainMenu& menu) {
     removeMenu();
     if (!window_ || menu.empty()) return;
-    auto bar = makeMenuBar(menu, [&application = application_, window = gtkWindow()](auto action) {
-        application.perform(action, window);
+    auto bar = makeMenuBar(menu, [&owner = owner_, window = gtkWindow()](auto action) {
+        owner.perform(action, window);
     });
     menuBar_ = bar.widget;
     menuKeys_ = std::move(bar.keys);
@@ -135,7 +134,7 @@ void LinuxWindow::close() {
     const auto window = std::move(window_);
     g_signal_handlers_disconnect_by_data(window.get(), this);
     gtk_widget_destroy(window.get());
-    application_.windowClosed(*this);
+    owner_.windowClosed(*this);
 }
 
 }  // namespace stagehopper::linux_port

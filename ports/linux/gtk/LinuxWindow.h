@@ -10,17 +10,34 @@
 
 namespace stagehopper::linux_port {
 
-class LinuxApplication;
 class LinuxWebView;
+class LinuxWindow;
+
+/// What a window needs from the application. Main thread only.
+class LinuxWindowOwner {
+public:
+    [[nodiscard]] virtual GtkApplication* gtkApplication() const = 0;
+    virtual void windowOpened(LinuxWindow& window) = 0;
+    virtual void windowClosed(LinuxWindow& window) = 0;
+    /// Performs an action that was chosen in the menu bar of `window`.
+    virtual void perform(platform::MenuAction action, GtkWindow* window) = 0;
+
+protected:
+    LinuxWindowOwner() = default;
+    ~LinuxWindowOwner() = default;
+    LinuxWindowOwner(const LinuxWindowOwner&) = default;
+    LinuxWindowOwner& operator=(const LinuxWindowOwner&) = default;
+};
 
 /// A GTK window: the menu bar and, below it, the content, whose size is the window's size as the
-/// program sees it. Main thread only. After it was closed every call does nothing.
+/// program sees it. Main thread only. After it was closed every call does nothing. `owner` outlives
+/// it.
 ///
 /// The window manager places it unless it is centred; it also decides about the button that
 /// miniaturizes.
 class LinuxWindow final : public platform::Window {
 public:
-    LinuxWindow(LinuxApplication& application, const platform::WindowOptions& options);
+    LinuxWindow(LinuxWindowOwner& owner, const platform::WindowOptions& options);
     ~LinuxWindow() override;
     LinuxWindow(const LinuxWindow&) = delete;
     LinuxWindow& operator=(const LinuxWindow&) = delete;
@@ -47,7 +64,7 @@ private:
     void tellDelegate();
     void removeMenu();
 
-    LinuxApplication& application_;
+    LinuxWindowOwner& owner_;
     platform::Size contentSize_;
     ObjectPointer<GtkWidget> window_;
     GtkWidget* layout_;

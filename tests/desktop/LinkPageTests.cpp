@@ -9,7 +9,7 @@
 
 #include "tests/desktop/FaultyBackend.h"
 #include "tests/desktop/HostilePage.h"
-#include "tests/drivers/presentations/DeckColours.h"
+#include "tests/drivers/desktop/FileWriting.h"
 #include "tests/drivers/program/DrivenProgram.h"
 
 namespace stagehopper::desktop {

@@ -8,9 +8,9 @@
 #include "tests/desktop/KeptDebugLog.h"
 #include "tests/desktop/RemotePanel.h"
 #include "tests/drivers/desktop/DesktopError.h"
+#include "tests/drivers/desktop/FileWriting.h"
 #include "tests/drivers/desktop/Processes.h"
 #include "tests/drivers/presentations/Deck.h"
-#include "tests/drivers/presentations/DeckColours.h"
 #include "tests/drivers/presentations/Impress.h"
 
 namespace stagehopper::desktop {

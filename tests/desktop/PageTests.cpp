@@ -10,8 +10,8 @@
 #include "tests/desktop/FaultyBackend.h"
 #include "tests/desktop/KeptDebugLog.h"
 #include "tests/desktop/RemotePanel.h"
+#include "tests/drivers/desktop/FileWriting.h"
 #include "tests/drivers/desktop/Processes.h"
-#include "tests/drivers/presentations/DeckColours.h"
 
 namespace stagehopper::desktop {
 namespace {

@@ -7,8 +7,8 @@
 #include <filesystem>
 
 #include "tests/desktop/RemotePanel.h"
+#include "tests/drivers/desktop/FileWriting.h"
 #include "tests/drivers/desktop/Processes.h"
-#include "tests/drivers/presentations/DeckColours.h"
 #include "tests/drivers/presentations/Presentation.h"
 
 namespace stagehopper::desktop {

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "tests/drivers/desktop/DesktopError.h"
-#include "tests/drivers/presentations/DeckColours.h"
+#include "tests/drivers/desktop/FileWriting.h"
 
 namespace stagehopper::desktop {
 

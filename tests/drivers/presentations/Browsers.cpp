@@ -1,5 +1,5 @@
+#include "tests/drivers/desktop/FileWriting.h"
 #include "tests/drivers/presentations/Deck.h"
-#include "tests/drivers/presentations/DeckColours.h"
 #include "tests/drivers/presentations/Presentation.h"
 
 namespace stagehopper::desktop {

@@ -3,10 +3,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
-
-#include "tests/drivers/desktop/DesktopError.h"
-#include "tests/drivers/presentations/DeckColours.h"
 
 namespace stagehopper::desktop {
 
@@ -48,13 +44,6 @@ std::string hexColour(int slide) {
     std::array<char, 8> text{};
     std::snprintf(text.data(), text.size(), "#%02X%02X%02X", colour.red, colour.green, colour.blue);
     return text.data();
-}
-
-void writeFile(const std::filesystem::path& file, const std::string& contents) {
-    std::ofstream stream(file, std::ios::binary);
-    stream << contents;
-    stream.close();
-    if (!stream) throw DesktopError("the file " + file.native() + " could not be written");
 }
 
 }  // namespace stagehopper::desktop

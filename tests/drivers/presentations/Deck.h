@@ -3,6 +3,7 @@
 #include <array>
 #include <filesystem>
 #include <optional>
+#include <string>
 
 #include "tests/drivers/desktop/Picture.h"
 
@@ -16,6 +17,9 @@ constexpr std::array<Colour, slideCount> slideColours{{{0xC0, 0x39, 0x2B},
                                                        {0x1E, 0x84, 0x49},
                                                        {0xD6, 0x89, 0x10},
                                                        {0x6C, 0x34, 0x83}}};
+
+/// A slide's colour as "#C0392B".
+[[nodiscard]] std::string hexColour(int slide);
 
 /// The slide whose colour covers most of the picture, from 1; absent when none covers a good part.
 [[nodiscard]] std::optional<int> slideIn(const Picture& picture);

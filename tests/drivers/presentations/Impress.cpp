@@ -1,8 +1,8 @@
 #include "tests/drivers/presentations/Impress.h"
 
 #include "tests/drivers/desktop/DesktopError.h"
+#include "tests/drivers/desktop/FileWriting.h"
 #include "tests/drivers/presentations/Deck.h"
-#include "tests/drivers/presentations/DeckColours.h"
 
 namespace stagehopper::desktop {
 

@@ -2,8 +2,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/drivers/desktop/FileWriting.h"
 #include "tests/drivers/presentations/Deck.h"
-#include "tests/drivers/presentations/DeckColours.h"
 
 namespace stagehopper::desktop {
 

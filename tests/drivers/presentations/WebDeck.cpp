@@ -1,7 +1,7 @@
 #include <string>
 
+#include "tests/drivers/desktop/FileWriting.h"
 #include "tests/drivers/presentations/Deck.h"
-#include "tests/drivers/presentations/DeckColours.h"
 
 namespace stagehopper::desktop {
 

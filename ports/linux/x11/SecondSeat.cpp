@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <array>
-#include <memory>
 
 namespace stagehopper::linux_port {
 
@@ -20,10 +19,6 @@ namespace {
 constexpr std::chrono::seconds workingOff{10};
 
 constexpr std::array<KeySym, 4> ourKeys{XK_Next, XK_Prior, XK_Right, XK_Left};
-
-struct XFreer {
-    void operator()(void* data) const { XFree(data); }
-};
 
 }  // namespace
 
@@ -189,15 +184,7 @@ std::vector<WindowId> SecondSeat::withParents(WindowId window) {
     std::vector<WindowId> line;
     while (window != None && window != PointerRoot && window != connection_.rootWindow()) {
         line.push_back(window);
-        Window root = None;
-        Window parent = None;
-        Window* children = nullptr;
-        unsigned count = 0;
-        if (XQueryTree(connection_.display(), window, &root, &parent, &children, &count) == 0) {
-            break;
-        }
-        const std::unique_ptr<Window, XFreer> owned(children);
-        window = parent;
+        window = connection_.parentOf(window);
     }
     return line;
 }

@@ -18,14 +18,11 @@ namespace stagehopper::linux_port {
 
 namespace {
 
-// In units of four bytes. Longer lists and texts are cut off; no sane program has them.
-constexpr std::uint32_t longestProperty = 64 * 1024;
-
-struct Freer {
+struct FreeMemory {
     void operator()(void* memory) const { std::free(memory); }
 };
 template <class Reply>
-using ReplyPointer = std::unique_ptr<Reply, Freer>;
+using ReplyPointer = std::unique_ptr<Reply, FreeMemory>;
 
 /// What was asked about one window. The answers are fetched in the order of the questions.
 struct Questions {
@@ -38,11 +35,6 @@ struct Questions {
     xcb_get_property_cookie_t states;
     xcb_get_property_cookie_t types;
 };
-
-std::string validUtf8(const std::string& bytes) {
-    const TextPointer text(g_utf8_make_valid(bytes.data(), static_cast<gssize>(bytes.size())));
-    return text.get();
-}
 
 /// WM_NAME of old programs: Latin-1 by definition, though many write UTF-8 into it.
 std::string fromOldTitle(const std::string& bytes) {
@@ -104,7 +96,7 @@ public:
 private:
     [[nodiscard]] xcb_get_property_cookie_t property(xcb_window_t window, const char* name) const {
         return xcb_get_property(xcb_, 0, window, static_cast<xcb_atom_t>(atoms_.atom(name)),
-                                XCB_GET_PROPERTY_TYPE_ANY, 0, longestProperty);
+                                XCB_GET_PROPERTY_TYPE_ANY, 0, maxPropertyLength);
     }
 
     /// The value of a property with items of `format` bits; empty when there is none. An error,

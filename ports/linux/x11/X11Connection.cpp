@@ -5,6 +5,8 @@
 #include <array>
 #include <utility>
 
+#include "ports/linux/x11/XPointer.h"
+
 namespace stagehopper::linux_port {
 
 namespace {
@@ -37,6 +39,16 @@ X11Connection::~X11Connection() {
 
 unsigned long X11Connection::rootWindow() const {
     return DefaultRootWindow(display_);
+}
+
+unsigned long X11Connection::parentOf(unsigned long window) const {
+    Window root = None;
+    Window parent = None;
+    Window* children = nullptr;
+    unsigned count = 0;
+    if (XQueryTree(display_, window, &root, &parent, &children, &count) == 0) return None;
+    const XPointer<Window> owned(children);
+    return parent;
 }
 
 struct XErrorTrap::Handlers {

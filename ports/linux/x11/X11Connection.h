@@ -22,6 +22,8 @@ public:
     [[nodiscard]] bool isOpen() const { return display_ != nullptr && !lost_; }
     [[nodiscard]] _XDisplay* display() const { return display_; }
     [[nodiscard]] unsigned long rootWindow() const;
+    /// 0 for the root window and for a window that is gone.
+    [[nodiscard]] unsigned long parentOf(unsigned long window) const;
     void noteLost() { lost_ = true; }
 
 private:

@@ -3,9 +3,7 @@
 #include <X11/Xlib.h>
 
 #include <algorithm>
-#include <memory>
 
-#include "ports/linux/glib/GlibPointers.h"
 #include "ports/linux/x11/WindowDescription.h"
 #include "ports/linux/x11/X11Connection.h"
 #include "ports/linux/x11/X11Property.h"
@@ -14,17 +12,8 @@ namespace stagehopper::linux_port {
 
 namespace {
 
-struct XFreer {
-    void operator()(void* data) const { XFree(data); }
-};
-
 /// A server that runs in circles of parents does not exist, but a loop needs an end.
-constexpr int deepestWindow = 64;
-
-std::string validUtf8(const std::string& bytes) {
-    const TextPointer text(g_utf8_make_valid(bytes.data(), static_cast<gssize>(bytes.size())));
-    return text.get();
-}
+constexpr int maxWindowDepth = 64;
 
 }  // namespace
 
@@ -78,17 +67,10 @@ std::string X11Desktop::windowManagerName() {
 
 WindowId X11Desktop::managedWindowAbove(WindowId window) {
     const X11Property properties(connection_);
-    for (int level = 0; level < deepestWindow; ++level) {
+    for (int level = 0; level < maxWindowDepth; ++level) {
         if (window == None || window == PointerRoot || window == connection_.rootWindow()) break;
         if (properties.exists(window, "WM_STATE")) return window;
-        Window root = None;
-        Window parent = None;
-        Window* children = nullptr;
-        unsigned count = 0;
-        if (XQueryTree(connection_.display(), window, &root, &parent, &children, &count) == 0)
-            break;
-        const std::unique_ptr<Window, XFreer> owned(children);
-        window = parent;
+        window = connection_.parentOf(window);
     }
     return None;
 }

@@ -4,26 +4,20 @@
 #include <X11/Xlib.h>
 
 #include <cstring>
-#include <memory>
 
+#include "ports/linux/glib/GlibPointers.h"
 #include "ports/linux/x11/X11Connection.h"
+#include "ports/linux/x11/XPointer.h"
 
 namespace stagehopper::linux_port {
 
 namespace {
 
-// In units of four bytes. Longer lists and texts are cut off; no sane program has them.
-constexpr long longestProperty = 64 * 1024;
-
-struct XFreer {
-    void operator()(unsigned char* data) const { XFree(data); }
-};
-
 struct RawProperty {
     Atom type = 0;
     int format = 0;
     unsigned long count = 0;
-    std::unique_ptr<unsigned char, XFreer> data;
+    XPointer<unsigned char> data;
 };
 
 RawProperty read(Display* display, WindowId window, Atom name, long length) {
@@ -40,13 +34,18 @@ RawProperty read(Display* display, WindowId window, Atom name, long length) {
 
 }  // namespace
 
+std::string validUtf8(const std::string& bytes) {
+    const TextPointer text(g_utf8_make_valid(bytes.data(), static_cast<gssize>(bytes.size())));
+    return text.get();
+}
+
 Atom X11Property::atom(const char* name) const {
     // Xlib remembers the answers: one round trip for each name and connection.
     return XInternAtom(connection_.display(), name, False);
 }
 
 std::vector<unsigned long> X11Property::numbers(WindowId window, const char* name) const {
-    const auto property = read(connection_.display(), window, atom(name), longestProperty);
+    const auto property = read(connection_.display(), window, atom(name), maxPropertyLength);
     std::vector<unsigned long> numbers;
     if (property.format != 32 || property.count == 0) return numbers;
     // Xlib hands 32-bit items out as longs.
@@ -56,7 +55,7 @@ std::vector<unsigned long> X11Property::numbers(WindowId window, const char* nam
 }
 
 std::string X11Property::bytes(WindowId window, const char* name) const {
-    const auto property = read(connection_.display(), window, atom(name), longestProperty);
+    const auto property = read(connection_.display(), window, atom(name), maxPropertyLength);
     if (property.format != 8 || property.count == 0) return {};
     std::string bytes(property.count, '\0');
     std::memcpy(bytes.data(), property.data.get(), property.count);

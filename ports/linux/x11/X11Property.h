@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -11,6 +12,12 @@ class X11Connection;
 
 /// An X atom, by the name that stands for it on the wire.
 using Atom = unsigned long;
+
+/// In units of four bytes. Longer lists and texts are cut off; no sane program has them.
+inline constexpr std::uint32_t maxPropertyLength = 64 * 1024;
+
+/// Replaces what is not UTF-8. Any thread.
+std::string validUtf8(const std::string& bytes);
 
 /// Reading of window properties. Main thread only, inside an `XErrorTrap`: a window that is gone
 /// has no properties.

@@ -6,6 +6,7 @@
 
 #include <fstream>
 
+#include "ports/linux/glib/GlibPointers.h"
 #include "tests/drivers/desktop/DesktopError.h"
 #include "tests/drivers/desktop/Processes.h"
 #include "tests/drivers/phone/HeadlessPhone.h"
@@ -69,10 +70,6 @@ protected:
     VirtualDesktop desktop_;
 };
 
-struct Unref {
-    void operator()(GdkPixbuf* picture) const { g_object_unref(picture); }
-};
-
 TEST_F(HeadlessPhoneTest, TapsWhatIsFoundByItsAccessibleName) {
     HeadlessPhone phone(desktop_);
     phone.open(address());
@@ -132,7 +129,7 @@ TEST_F(HeadlessPhoneTest, TakesAPictureOfItsScreen) {
         phone.open(address());
         const auto file = desktop_.folder() / "phone.png";
         phone.savePicture(file);
-        const std::unique_ptr<GdkPixbuf, Unref> picture(
+        const linux_port::ObjectPointer<GdkPixbuf> picture(
             gdk_pixbuf_new_from_file(file.c_str(), nullptr));
         ASSERT_TRUE(picture);
         EXPECT_EQ(gdk_pixbuf_get_width(picture.get()), 390 * HeadlessPhone::pixelRatio);

@@ -1,13 +1,12 @@
 #pragma once
 
 #include <atspi/atspi.h>
-#include <gio/gio.h>
 
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "ports/linux/glib/GlibPointers.h"
 #include "tests/drivers/desktop/WaitFor.h"
 #include "tests/drivers/desktop/Windows.h"
 
@@ -47,12 +46,8 @@ public:
     [[nodiscard]] std::string outline(const Widget& root, int depth = 30) const;
 
 private:
-    struct Unref {
-        void operator()(GDBusConnection* connection) const { g_object_unref(connection); }
-        void operator()(GVariant* value) const { g_variant_unref(value); }
-    };
-    using Connection = std::unique_ptr<GDBusConnection, Unref>;
-    using Value = std::unique_ptr<GVariant, Unref>;
+    using Connection = linux_port::ObjectPointer<GDBusConnection>;
+    using Value = linux_port::VariantPointer;
 
     static Connection connect(const std::string& address);
     static Value call(GDBusConnection* connection, const Widget& widget, const char* interface,

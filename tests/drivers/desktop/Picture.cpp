@@ -5,6 +5,7 @@
 
 #include <memory>
 
+#include "ports/linux/glib/GlibPointers.h"
 #include "tests/drivers/desktop/DesktopError.h"
 
 namespace stagehopper::desktop {
@@ -13,10 +14,6 @@ namespace {
 
 struct DestroyImage {
     void operator()(XImage* image) const { XDestroyImage(image); }
-};
-
-struct Unref {
-    void operator()(GdkPixbuf* pixbuf) const { g_object_unref(pixbuf); }
 };
 
 std::uint8_t channel(unsigned long pixel, unsigned shift) {
@@ -58,7 +55,7 @@ Colour Picture::at(int x, int y) const {
 
 void Picture::savePng(const std::filesystem::path& file) const {
     static_assert(sizeof(Colour) == 3, "rows of pixels are handed over as they are");
-    const std::unique_ptr<GdkPixbuf, Unref> pixbuf(
+    const linux_port::ObjectPointer<GdkPixbuf> pixbuf(
         gdk_pixbuf_new_from_data(&pixels_.data()->red, GDK_COLORSPACE_RGB, FALSE, 8, width_,
                                  height_, width_ * 3, nullptr, nullptr));
     GError* error = nullptr;

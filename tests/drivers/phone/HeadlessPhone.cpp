@@ -1,10 +1,9 @@
 #include "tests/drivers/phone/HeadlessPhone.h"
 
-#include <glib.h>
-
 #include <cstdlib>
 #include <fstream>
 
+#include "ports/linux/glib/GlibPointers.h"
 #include "tests/drivers/desktop/DesktopError.h"
 
 namespace stagehopper::desktop {
@@ -16,11 +15,9 @@ using Json = nlohmann::json;
 constexpr std::chrono::seconds elementLimit{10};
 
 void writeBase64(const std::string& base64, const std::filesystem::path& file) {
-    struct Free {
-        void operator()(guchar* bytes) const { g_free(bytes); }
-    };
     gsize size = 0;
-    const std::unique_ptr<guchar, Free> bytes(g_base64_decode(base64.c_str(), &size));
+    const std::unique_ptr<guchar, linux_port::MemoryFree> bytes(
+        g_base64_decode(base64.c_str(), &size));
     std::ofstream out(file, std::ios::binary);
     out.write(reinterpret_cast<const char*>(bytes.get()), static_cast<std::streamsize>(size));
     out.close();

@@ -2,10 +2,10 @@
 
 #include <gio/gio.h>
 
-#include <memory>
 #include <nlohmann/json.hpp>
 #include <optional>
 
+#include "ports/linux/glib/GlibPointers.h"
 #include "tests/drivers/desktop/DesktopError.h"
 
 namespace stagehopper::desktop {
@@ -15,15 +15,11 @@ namespace {
 constexpr int firstPort = 3000;
 constexpr int lastPort = 3050;
 
-struct Unref {
-    void operator()(gpointer object) const { g_object_unref(object); }
-};
-
 /// The whole answer to a request; empty when nobody answers.
 std::string answerOf(int port, const std::string& request) {
-    const std::unique_ptr<GSocketClient, Unref> client(g_socket_client_new());
+    const linux_port::ObjectPointer<GSocketClient> client(g_socket_client_new());
     g_socket_client_set_timeout(client.get(), 2);
-    const std::unique_ptr<GSocketConnection, Unref> connection(g_socket_client_connect_to_host(
+    const linux_port::ObjectPointer<GSocketConnection> connection(g_socket_client_connect_to_host(
         client.get(), "127.0.0.1", static_cast<guint16>(port), nullptr, nullptr));
     if (!connection) return {};
     auto* out = g_io_stream_get_output_stream(G_IO_STREAM(connection.get()));

@@ -13,6 +13,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include "ports/linux/glib/GlibPointers.h"
+
 namespace stagehopper {
 namespace {
 
@@ -48,10 +50,6 @@ int bindToLoopback(int socket) {
     return ntohs(address.sin_port);
 }
 
-struct Free {
-    void operator()(void* memory) const { g_free(memory); }
-};
-
 std::string acceptKey(const std::string& key) {
     const std::string text = key + "258EAFA5-E914-47DA-95CA-C5AB0DC85B11";
     std::array<guint8, 20> digest{};
@@ -61,7 +59,7 @@ std::string acceptKey(const std::string& key) {
                       static_cast<gssize>(text.size()));
     g_checksum_get_digest(checksum, digest.data(), &size);
     g_checksum_free(checksum);
-    return std::unique_ptr<char, Free>(g_base64_encode(digest.data(), size)).get();
+    return linux_port::TextPointer(g_base64_encode(digest.data(), size)).get();
 }
 
 std::string headerOf(const std::string& request, const std::string& name) {

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/desktop/MasterPairs.h"
+#include "tests/desktop/MasterDevicePairs.h"
 #include "tests/desktop/RemotePanel.h"
 #include "tests/drivers/presentations/Presentation.h"
 

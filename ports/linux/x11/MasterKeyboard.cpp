@@ -6,8 +6,8 @@
 
 #include <string>
 
+#include "ports/linux/x11/BackgroundKeyboard.h"
 #include "ports/linux/x11/KeyTarget.h"
-#include "ports/linux/x11/SecondSeat.h"
 #include "ports/linux/x11/X11Connection.h"
 #include "ports/linux/x11/X11Desktop.h"
 

@@ -1,4 +1,4 @@
-#include "tests/desktop/MasterPairs.h"
+#include "tests/desktop/MasterDevicePairs.h"
 
 #include <X11/extensions/XInput2.h>
 

@@ -1,4 +1,4 @@
-#include "tests/desktop/SeatProcess.h"
+#include "tests/desktop/KeyboardProcess.h"
 
 #include <fcntl.h>
 #include <unistd.h>

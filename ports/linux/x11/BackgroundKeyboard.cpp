@@ -1,4 +1,4 @@
-#include "ports/linux/x11/SecondSeat.h"
+#include "ports/linux/x11/BackgroundKeyboard.h"
 
 #include <X11/XKBlib.h>
 #include <X11/Xlib.h>

@@ -5,8 +5,8 @@
 
 #include <csignal>
 
-#include "tests/desktop/MasterPairs.h"
-#include "tests/desktop/SeatProcess.h"
+#include "tests/desktop/KeyboardProcess.h"
+#include "tests/desktop/MasterDevicePairs.h"
 #include "tests/drivers/program/DrivenProgram.h"
 
 namespace stagehopper::desktop {

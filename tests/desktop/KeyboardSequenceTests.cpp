@@ -17,8 +17,8 @@
 #include <random>
 #include <sstream>
 
-#include "tests/desktop/MasterPairs.h"
-#include "tests/desktop/SeatProcess.h"
+#include "tests/desktop/KeyboardProcess.h"
+#include "tests/desktop/MasterDevicePairs.h"
 #include "tests/desktop/ShownCursors.h"
 
 namespace stagehopper::desktop {

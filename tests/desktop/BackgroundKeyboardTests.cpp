@@ -21,9 +21,10 @@ DesktopOptions withOpenbox() {
     return options;
 }
 
-class SecondSeat : public testing::Test {
+class BackgroundKeyboard : public testing::Test {
 protected:
-    SecondSeat() : typing_(desktop_.start({programFolder() / "stagehopper_typing_window"})) {
+    BackgroundKeyboard()
+        : typing_(desktop_.start({programFolder() / "stagehopper_typing_window"})) {
         window_ = desktop_.windows().waitForTitle("Typing window", limit);
         desktop_.windows().activate(window_);
     }
@@ -35,8 +36,8 @@ protected:
     Window window_ = None;
 };
 
-TEST_F(SecondSeat, IsGoneAfterANormalEnd) {
-    SeatProcess process(desktop_);
+TEST_F(BackgroundKeyboard, IsGoneAfterANormalEnd) {
+    KeyboardProcess process(desktop_);
     EXPECT_EQ(pointers().size(), 1U);
     EXPECT_EQ(process.quit(), 0);
     EXPECT_TRUE(pointers().empty());
@@ -44,9 +45,9 @@ TEST_F(SecondSeat, IsGoneAfterANormalEnd) {
 
 // GTK asks for the pointer that belongs to the keyboard of a key, and ends its program with an X
 // error when it is gone by then.
-TEST_F(SecondSeat, StaysForTheSakeOfAProgramThatStillHasAKeyToWorkOff) {
+TEST_F(BackgroundKeyboard, StaysForTheSakeOfAProgramThatStillHasAKeyToWorkOff) {
     for (std::size_t life = 1; life <= 10; ++life) {
-        SeatProcess process(desktop_);
+        KeyboardProcess process(desktop_);
         typing_->signal(SIGSTOP);
         EXPECT_EQ(process.sendKey(typing_->pid()), sent);
         EXPECT_EQ(process.quit(), 0);
@@ -59,14 +60,14 @@ TEST_F(SecondSeat, StaysForTheSakeOfAProgramThatStillHasAKeyToWorkOff) {
     EXPECT_EQ(pointers().size(), 1U);
 }
 
-TEST_F(SecondSeat, OfAKilledProgramIsTakenOverAndStaysFromThenOn) {
-    SeatProcess killed(desktop_);
+TEST_F(BackgroundKeyboard, OfAKilledProgramIsTakenOverAndStaysFromThenOn) {
+    KeyboardProcess killed(desktop_);
     const auto leftOver = pointers();
     ASSERT_EQ(leftOver.size(), 1U);
     EXPECT_EQ(killed.signal(SIGKILL), 128 + SIGKILL);
     EXPECT_EQ(pointers(), leftOver);
     for (int life = 0; life < 2; ++life) {
-        SeatProcess next(desktop_);
+        KeyboardProcess next(desktop_);
         EXPECT_EQ(pointers(), leftOver);
         EXPECT_EQ(next.sendKey(typing_->pid()), sent);
         EXPECT_EQ(next.quit(), 0);
@@ -74,10 +75,10 @@ TEST_F(SecondSeat, OfAKilledProgramIsTakenOverAndStaysFromThenOn) {
     }
 }
 
-TEST_F(SecondSeat, OfALivingProgramIsNotShared) {
-    SeatProcess first(desktop_);
+TEST_F(BackgroundKeyboard, OfALivingProgramIsNotShared) {
+    KeyboardProcess first(desktop_);
     const auto its = pointers();
-    SeatProcess second(desktop_);
+    KeyboardProcess second(desktop_);
     EXPECT_EQ(pointers(), its);
     EXPECT_EQ(second.sendKey(typing_->pid()), "refused another program has the second keyboard");
     EXPECT_EQ(first.sendKey(typing_->pid()), sent);
@@ -88,17 +89,17 @@ TEST_F(SecondSeat, OfALivingProgramIsNotShared) {
     EXPECT_EQ(pointers().size(), 1U);
 }
 
-TEST_F(SecondSeat, IsLeftToItsOwnerByAProgramThatCouldNotHaveIt) {
-    SeatProcess first(desktop_);
-    SeatProcess second(desktop_);
+TEST_F(BackgroundKeyboard, IsLeftToItsOwnerByAProgramThatCouldNotHaveIt) {
+    KeyboardProcess first(desktop_);
+    KeyboardProcess second(desktop_);
     EXPECT_EQ(second.quit(), 0);
     EXPECT_EQ(pointers().size(), 1U);
     EXPECT_EQ(first.sendKey(typing_->pid()), sent);
 }
 
-TEST_F(SecondSeat, ThatTheServerCannotMakeIsRefusedInWordsUntilItCan) {
+TEST_F(BackgroundKeyboard, ThatTheServerCannotMakeIsRefusedInWordsUntilItCan) {
     ASSERT_GT(exhaustMasterDevices(desktop_.display()), 0);
-    SeatProcess process(desktop_);
+    KeyboardProcess process(desktop_);
     const auto answer = process.sendKey(typing_->pid());
     EXPECT_TRUE(answer.starts_with("refused the X server makes no second keyboard: Bad")) << answer;
     EXPECT_EQ(typing_->output().count("key "), 0U);
@@ -108,8 +109,8 @@ TEST_F(SecondSeat, ThatTheServerCannotMakeIsRefusedInWordsUntilItCan) {
     EXPECT_TRUE(typing_->output().waitForLine("key Right", limit));
 }
 
-TEST_F(SecondSeat, ThatIsRemovedByHandIsMadeAgainForTheNextKey) {
-    SeatProcess process(desktop_);
+TEST_F(BackgroundKeyboard, ThatIsRemovedByHandIsMadeAgainForTheNextKey) {
+    KeyboardProcess process(desktop_);
     ASSERT_EQ(pointers().size(), 1U);
     removePointer(desktop_.display(), pointers().front());
     EXPECT_EQ(process.sendKey(typing_->pid()), sent);
@@ -117,8 +118,8 @@ TEST_F(SecondSeat, ThatIsRemovedByHandIsMadeAgainForTheNextKey) {
 }
 
 // Of a minimised window the server takes the focus away, and with it where a key would go.
-TEST_F(SecondSeat, SendsNothingToAMinimisedWindowAndSaysWhy) {
-    SeatProcess process(desktop_);
+TEST_F(BackgroundKeyboard, SendsNothingToAMinimisedWindowAndSaysWhy) {
+    KeyboardProcess process(desktop_);
     auto* display = desktop_.display().get();
     XIconifyWindow(display, window_, DefaultScreen(display));
     ASSERT_TRUE(waitFor(

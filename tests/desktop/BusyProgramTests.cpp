@@ -19,7 +19,7 @@ protected:
         program_ = desktop_.start(
             {programFolder() / "stagehopper_busy_slides", std::to_string(duration.count())});
         desktop_.windows().activate(desktop_.windows().waitForTitle("Busy slides", 10s));
-        patience_ = duration + 10s;
+        timeout_ = duration + 10s;
     }
     /// One tap; returns when the program has done its part.
     void tap() {
@@ -28,18 +28,18 @@ protected:
         EXPECT_TRUE(panel_->logs("completed ", mark)) << panel_->output();
     }
     void waitUntilBusy() {
-        EXPECT_TRUE(program_->output().waitForLine("busy", patience_)) << panel_->output();
+        EXPECT_TRUE(program_->output().waitForLine("busy", timeout_)) << panel_->output();
     }
     /// Everything that reached the program is done when a later step, back, is.
     [[nodiscard]] std::size_t stepsInAll() {
-        EXPECT_TRUE(program_->output().waitForLine("awake", patience_)) << panel_->output();
+        EXPECT_TRUE(program_->output().waitForLine("awake", timeout_)) << panel_->output();
         return stepsUntilOneBack();
     }
     [[nodiscard]] std::size_t stepsUntilOneBack() {
         const auto mark = panel_->mark();
         panel_.previous();
         EXPECT_TRUE(panel_->logs("completed ", mark)) << panel_->output();
-        EXPECT_TRUE(program_->output().waitForLine("step previous", patience_)) << panel_->output();
+        EXPECT_TRUE(program_->output().waitForLine("step previous", timeout_)) << panel_->output();
         return program_->output().count("step next");
     }
     [[nodiscard]] ChildProgram& program() { return *program_; }
@@ -49,7 +49,7 @@ private:
     VirtualDesktop desktop_;
     RemotePanel panel_{desktop_};
     std::unique_ptr<ChildProgram> program_;
-    Limit patience_{};
+    Limit timeout_{};
 };
 
 class BusyFor : public BusyProgram, public testing::WithParamInterface<int> {};

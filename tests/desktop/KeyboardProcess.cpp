@@ -17,12 +17,12 @@ constexpr std::chrono::seconds limit{20};
 
 }  // namespace
 
-SeatProcess::SeatProcess(const VirtualDesktop& desktop) {
+KeyboardProcess::KeyboardProcess(const VirtualDesktop& desktop) {
     std::array<int, 2> ends{};
     if (pipe2(ends.data(), O_CLOEXEC) != 0) throw DesktopError("no pipe could be made");
     input_ = ends[1];
     program_ =
-        desktop.start({programFolder() / "stagehopper_seat_holder"}, {{ends[0], STDIN_FILENO}});
+        desktop.start({programFolder() / "stagehopper_keyboard_holder"}, {{ends[0], STDIN_FILENO}});
     close(ends[0]);
     if (!program_->output().waitForLine("ready", limit)) {
         throw DesktopError("the second keyboard's process did not start:\n" +
@@ -30,11 +30,11 @@ SeatProcess::SeatProcess(const VirtualDesktop& desktop) {
     }
 }
 
-SeatProcess::~SeatProcess() {
+KeyboardProcess::~KeyboardProcess() {
     if (input_ != -1) close(input_);
 }
 
-std::string SeatProcess::sendKey(pid_t process) {
+std::string KeyboardProcess::sendKey(pid_t process) {
     const auto line = std::to_string(process) + "\n";
     const auto mark = program_->output().size();
     if (write(input_, line.data(), line.size()) < 0) return "it does not listen";
@@ -42,12 +42,12 @@ std::string SeatProcess::sendKey(pid_t process) {
     return program_->output().linesFrom(mark).front().text;
 }
 
-std::optional<int> SeatProcess::quit() {
+std::optional<int> KeyboardProcess::quit() {
     close(std::exchange(input_, -1));
     return program_->waitForExit(limit);
 }
 
-std::optional<int> SeatProcess::signal(int number) {
+std::optional<int> KeyboardProcess::signal(int number) {
     program_->signal(number);
     return program_->waitForExit(limit);
 }

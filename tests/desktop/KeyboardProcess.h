@@ -9,13 +9,13 @@ namespace stagehopper::desktop {
 
 /// A process that has the port's second keyboard, and nothing else of the program: quick to start
 /// and to end in any way. One thread. The desktop must outlive it.
-class SeatProcess {
+class KeyboardProcess {
 public:
     /// Waits until it has tried to get the keyboard; throws DesktopError.
-    explicit SeatProcess(const VirtualDesktop& desktop);
-    ~SeatProcess();
-    SeatProcess(const SeatProcess&) = delete;
-    SeatProcess& operator=(const SeatProcess&) = delete;
+    explicit KeyboardProcess(const VirtualDesktop& desktop);
+    ~KeyboardProcess();
+    KeyboardProcess(const KeyboardProcess&) = delete;
+    KeyboardProcess& operator=(const KeyboardProcess&) = delete;
 
     /// Sends a key to another process; "sent", or "refused" and the reason.
     [[nodiscard]] std::string sendKey(pid_t process);

@@ -2,8 +2,8 @@
 // quits, while windows of others come and go. The desktop lives, there is one pair of devices at
 // most, its pointer is not to be seen, and keys arrive.
 //
-// STAGEHOPPER_SEAT_SEQUENCES=200 makes it long, STAGEHOPPER_SEAT_SEED=7 begins with this one, and
-// STAGEHOPPER_SEAT_MANAGER="xfwm4 --compositor=off" takes another window manager.
+// STAGEHOPPER_KEYBOARD_SEQUENCES=200 makes it long, STAGEHOPPER_KEYBOARD_SEED=7 begins with this
+// one, and STAGEHOPPER_KEYBOARD_MANAGER="xfwm4 --compositor=off" takes another window manager.
 
 #include <X11/cursorfont.h>
 #include <gtest/gtest.h>
@@ -35,7 +35,7 @@ std::string setting(const char* name, const std::string& otherwise) {
 }
 
 DesktopOptions optionsFor(const std::string& windowManager) {
-    std::istringstream words(setting("STAGEHOPPER_SEAT_MANAGER", windowManager));
+    std::istringstream words(setting("STAGEHOPPER_KEYBOARD_MANAGER", windowManager));
     DesktopOptions options;
     options.windowManager.assign(std::istream_iterator<std::string>(words), {});
     options.xServerArguments = argumentsForShownCursors();
@@ -68,10 +68,10 @@ private:
 
     /// Openbox announces itself shortly before it takes windows; it misses those in between.
     void awaitWindowManager() {
-        constexpr std::chrono::seconds patience{1};
+        constexpr std::chrono::seconds timeout{1};
         const auto takesOne = [&] {
             windows_ = {makeWindow({0, 0, 100, 100}, false)};
-            const bool isTaken = waitFor([this] { return areListed(); }, patience);
+            const bool isTaken = waitFor([this] { return areListed(); }, timeout);
             XDestroyWindow(desktop_.display().get(), windows_.front());
             windows_.clear();
             return isTaken;
@@ -101,23 +101,23 @@ private:
     }
 
     void start() {
-        if (seat_) return;
+        if (keyboard_) return;
         history_ << " start";
-        seat_ = std::make_unique<SeatProcess>(desktop_);
+        keyboard_ = std::make_unique<KeyboardProcess>(desktop_);
     }
 
     void endBySignal(int number, int status) {
-        if (!seat_) return;
+        if (!keyboard_) return;
         history_ << (number == SIGKILL ? " kill" : " terminate");
-        EXPECT_EQ(seat_->signal(number), status) << history_.str();
-        seat_.reset();
+        EXPECT_EQ(keyboard_->signal(number), status) << history_.str();
+        keyboard_.reset();
     }
 
     void quit() {
-        if (!seat_) return;
+        if (!keyboard_) return;
         history_ << " quit";
-        EXPECT_EQ(seat_->quit(), 0) << history_.str();
-        seat_.reset();
+        EXPECT_EQ(keyboard_->quit(), 0) << history_.str();
+        keyboard_.reset();
     }
 
     void openWindow() {
@@ -165,9 +165,9 @@ private:
     }
 
     void sendKey() {
-        if (!seat_ || windows_.empty()) return;
+        if (!keyboard_ || windows_.empty()) return;
         history_ << " key";
-        EXPECT_EQ(seat_->sendKey(getpid()), "sent") << history_.str();
+        EXPECT_EQ(keyboard_->sendKey(getpid()), "sent") << history_.str();
         int arrived = 0;
         XEvent event{};
         XSync(desktop_.display().get(), False);
@@ -220,7 +220,7 @@ private:
             return std::abs(pixel.x - place.x) < cursorSize &&
                    std::abs(pixel.y - place.y) < cursorSize;
         };
-        return isNear(usersPlace) || (!seat_ && isNear(ourPlace) && isCovered(ourPlace));
+        return isNear(usersPlace) || (!keyboard_ && isNear(ourPlace) && isCovered(ourPlace));
     }
 
     [[nodiscard]] bool isCovered(const ScreenPoint& place) const {
@@ -237,12 +237,12 @@ private:
     std::ostringstream history_;
     VirtualDesktop desktop_;
     std::vector<Window> windows_;
-    std::unique_ptr<SeatProcess> seat_;
+    std::unique_ptr<KeyboardProcess> keyboard_;
 };
 
 void expectTheDesktopToLive(const std::string& windowManager) {
-    const auto first = std::stoul(setting("STAGEHOPPER_SEAT_SEED", "1"));
-    const auto count = std::stoul(setting("STAGEHOPPER_SEAT_SEQUENCES", "5"));
+    const auto first = std::stoul(setting("STAGEHOPPER_KEYBOARD_SEED", "1"));
+    const auto count = std::stoul(setting("STAGEHOPPER_KEYBOARD_SEQUENCES", "5"));
     // A pair that a killed program left stays for the rest of its desktop's life.
     constexpr int sequencesOnADesktop = 5;
     std::optional<Life> life;
@@ -252,11 +252,11 @@ void expectTheDesktopToLive(const std::string& windowManager) {
     }
 }
 
-TEST(SecondSeatOverManyLives, LeavesMutterAliveAndNothingToBeSeen) {
+TEST(BackgroundKeyboardOverManyLives, LeavesMutterAliveAndNothingToBeSeen) {
     expectTheDesktopToLive("mutter --x11 --sm-disable");
 }
 
-TEST(SecondSeatOverManyLives, LeavesOpenboxAliveAndNothingToBeSeen) {
+TEST(BackgroundKeyboardOverManyLives, LeavesOpenboxAliveAndNothingToBeSeen) {
     expectTheDesktopToLive("openbox --sm-disable");
 }
 

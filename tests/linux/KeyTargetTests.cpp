@@ -60,24 +60,24 @@ TEST(KeyTarget, AWindowOfAnUnknownProcessBelongsToNobody) {
 
 struct ManagerCase {
     const char* name;
-    FocusCare care;
+    FocusPolicy policy;
 };
 
 class WindowManagers : public testing::TestWithParam<ManagerCase> {};
 
 TEST_P(WindowManagers, AreToldApartByTheirNames) {
-    EXPECT_EQ(focusCare(GetParam().name), GetParam().care) << GetParam().name;
+    EXPECT_EQ(focusPolicy(GetParam().name), GetParam().policy) << GetParam().name;
 }
 
-INSTANTIATE_TEST_SUITE_P(FocusCare, WindowManagers,
-                         testing::Values(ManagerCase{"Mutter", FocusCare::leave},
-                                         ManagerCase{"GNOME Shell", FocusCare::leave},
-                                         ManagerCase{"Mutter (Muffin)", FocusCare::leave},
-                                         ManagerCase{"KWin", FocusCare::stay},
-                                         ManagerCase{"Openbox", FocusCare::giveBack},
-                                         ManagerCase{"Metacity", FocusCare::giveBack},
-                                         ManagerCase{"Xfwm4", FocusCare::giveBack},
-                                         ManagerCase{"", FocusCare::giveBack}));
+INSTANTIATE_TEST_SUITE_P(FocusPolicy, WindowManagers,
+                         testing::Values(ManagerCase{"Mutter", FocusPolicy::clear},
+                                         ManagerCase{"GNOME Shell", FocusPolicy::clear},
+                                         ManagerCase{"Mutter (Muffin)", FocusPolicy::clear},
+                                         ManagerCase{"KWin", FocusPolicy::keep},
+                                         ManagerCase{"Openbox", FocusPolicy::restore},
+                                         ManagerCase{"Metacity", FocusPolicy::restore},
+                                         ManagerCase{"Xfwm4", FocusPolicy::restore},
+                                         ManagerCase{"", FocusPolicy::restore}));
 
 }  // namespace
 }  // namespace stagehopper::linux_port

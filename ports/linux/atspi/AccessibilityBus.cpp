@@ -10,7 +10,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using platform::AccessibilityError;
 
-constexpr std::chrono::milliseconds leaveAloneFor{2000};
+constexpr std::chrono::milliseconds timeoutBackoff{2000};
 
 constexpr const char* busName = "org.freedesktop.DBus";
 constexpr const char* busPath = "/org/freedesktop/DBus";
@@ -35,8 +35,8 @@ bool AccessibilityBus::isEnabled() const {
 void AccessibilityBus::connectionChanged() {
     // The next bus gives the same unique names to other programs.
     knownPrograms_.clear();
-    leftAloneUntil_.clear();
-    interestAnnounced_ = false;
+    backoffUntil_.clear();
+    eventListenerRegistered_ = false;
     hangs_ = false;
     asker_ = std::make_shared<const int>();
     if (connection_.get() == nullptr) return service_.findAddressLater();
@@ -45,7 +45,7 @@ void AccessibilityBus::connectionChanged() {
                      &ignore);
 }
 
-void AccessibilityBus::leaveAloneUntilItAnswers() {
+void AccessibilityBus::backOffUntilBusAnswers() {
     hangs_ = true;
     callInBackground(connection_.get(), {{busName, busPath}, busName, "GetId", "(s)", nullptr},
                      asker_, [this](const CallResult& /*result*/) { hangs_ = false; });
@@ -56,12 +56,12 @@ std::vector<CallResult> AccessibilityBus::call(std::vector<BusCall> calls) {
     auto* connection = connection_.get();
     if (connection == nullptr || hangs_) return results;
     const auto now = Clock::now();
-    std::erase_if(leftAloneUntil_, [now](const auto& entry) { return entry.second <= now; });
+    std::erase_if(backoffUntil_, [now](const auto& entry) { return entry.second <= now; });
 
     std::vector<BusCall> sent;
     std::vector<std::size_t> places;
     for (std::size_t i = 0; i < calls.size(); ++i) {
-        if (leftAloneUntil_.contains(calls[i].object.bus)) continue;
+        if (backoffUntil_.contains(calls[i].object.bus)) continue;
         places.push_back(i);
         sent.push_back(std::move(calls[i]));
     }
@@ -70,11 +70,11 @@ std::vector<CallResult> AccessibilityBus::call(std::vector<BusCall> calls) {
     for (const auto& one : sent) buses.push_back(one.object.bus);
 
     auto round = callTogether(connection, std::move(sent), limits);
-    if (connection_.get() != nullptr && !round.busAnswered) leaveAloneUntilItAnswers();
+    if (connection_.get() != nullptr && !round.busAnswered) backOffUntilBusAnswers();
     for (std::size_t i = 0; i < round.results.size(); ++i) {
         auto& result = round.results[i];
         if (result.failure == CallFailure::unanswered && round.busAnswered) {
-            leftAloneUntil_[buses[i]] = Clock::now() + leaveAloneFor;
+            backoffUntil_[buses[i]] = Clock::now() + timeoutBackoff;
         }
         results[places[i]] = std::move(result);
     }
@@ -144,9 +144,9 @@ std::optional<ObjectReference> AccessibilityBus::applicationOf(platform::Pid pro
     return std::nullopt;
 }
 
-void AccessibilityBus::announceInterest() {
-    if (interestAnnounced_) return;
-    interestAnnounced_ = true;
+void AccessibilityBus::registerEventListener() {
+    if (eventListenerRegistered_) return;
+    eventListenerRegistered_ = true;
     // An event that nobody sends: it is the listening that counts, not what is heard.
     call({{registryBus, "/org/a11y/atspi/registry"},
           "org.a11y.atspi.Registry",

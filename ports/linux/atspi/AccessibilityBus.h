@@ -54,17 +54,17 @@ public:
     KnownPrograms& knownPrograms() { return knownPrograms_; }
     /// Makes toolkits keep the cache that they answer bulk reads from: some do so only for a client
     /// that listens to events.
-    void announceInterest();
+    void registerEventListener();
 
 private:
     using Instant = std::chrono::steady_clock::time_point;
 
     void connectionChanged();
-    void leaveAloneUntilItAnswers();
+    void backOffUntilBusAnswers();
 
     KnownPrograms knownPrograms_;
-    std::map<std::string, Instant> leftAloneUntil_;
-    bool interestAnnounced_ = false;
+    std::map<std::string, Instant> backoffUntil_;
+    bool eventListenerRegistered_ = false;
     bool hangs_ = false;
     /// Answers that come over an earlier connection are dropped.
     std::shared_ptr<const int> asker_;

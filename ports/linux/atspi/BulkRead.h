@@ -21,7 +21,7 @@ public:
     };
 
     /// The call to send, for the program that `object` belongs to. Toolkits answer it only after
-    /// AccessibilityBus::announceInterest.
+    /// AccessibilityBus::registerEventListener.
     static BusCall call(const ObjectReference& object);
     /// Empty when the program of `object` has no cache to offer or took too long.
     BulkRead(const ObjectReference& object, const CallResult& result);

@@ -7,15 +7,15 @@ namespace stagehopper::linux_port {
 namespace {
 
 // A menu bar lies a few panels deep.
-constexpr int maxBarDepth = 8;
+constexpr int maxMenuBarDepth = 8;
 // A level with more objects than that is contents, not layout.
-constexpr std::size_t widestLevel = 300;
+constexpr std::size_t maxLevelWidth = 300;
 
 }  // namespace
 
 std::optional<ObjectReference> findMenuBar(AccessibilityBus& bus, const ObjectReference& window) {
     References level{window};
-    for (int depth = 0; depth <= maxBarDepth && !level.empty(); ++depth) {
+    for (int depth = 0; depth <= maxMenuBarDepth && !level.empty(); ++depth) {
         std::vector<BusCall> calls;
         for (const auto& object : level) {
             calls.push_back(at_spi_call::role(object));
@@ -28,7 +28,7 @@ std::optional<ObjectReference> findMenuBar(AccessibilityBus& bus, const ObjectRe
             if (role == AtSpiRole::menuBar) return level[i];
             const auto children = at_spi_reply::children(results[2 * i + 1]);
             if (depth > 0 && !isLayout(role)) continue;
-            if (!children || next.size() + children->size() > widestLevel) continue;
+            if (!children || next.size() + children->size() > maxLevelWidth) continue;
             next.insert(next.end(), children->begin(), children->end());
         }
         level = std::move(next);

@@ -43,7 +43,7 @@ void MenuTree::load(std::size_t menu) {
 }
 
 MenuTree::Level MenuTree::readInBulk() {
-    bus_->announceInterest();
+    bus_->registerEventListener();
     Level others;
     std::vector<BusCall> calls;
     // First, since its answer takes longest to be taken in; the program works on the rest

@@ -8,14 +8,14 @@
 
 namespace stagehopper::linux_port {
 
-/// A wait that the steady clock can count: no shorter than `shortest`, no longer than a year, for
+/// A wait that the steady clock can count: no shorter than `minimum`, no longer than a year, for
 /// an endless one would overflow it.
 inline std::chrono::steady_clock::duration waitingTime(
-    platform::Duration wanted, platform::Duration shortest = platform::Duration::zero()) {
-    constexpr platform::Duration longest = std::chrono::hours(24 * 365);
-    if (std::isnan(wanted.count())) wanted = shortest;
+    platform::Duration wanted, platform::Duration minimum = platform::Duration::zero()) {
+    constexpr platform::Duration maximum = std::chrono::hours(24 * 365);
+    if (std::isnan(wanted.count())) wanted = minimum;
     return std::chrono::duration_cast<std::chrono::steady_clock::duration>(
-        std::clamp(wanted, shortest, longest));
+        std::clamp(wanted, minimum, maximum));
 }
 
 }  // namespace stagehopper::linux_port

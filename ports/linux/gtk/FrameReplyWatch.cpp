@@ -7,7 +7,7 @@ namespace stagehopper::linux_port {
 namespace {
 
 // Longer than a compositor that is well takes, too short for somebody to miss a picture.
-constexpr guint patienceMilliseconds = 100;
+constexpr guint timeoutMilliseconds = 100;
 
 }  // namespace
 
@@ -35,22 +35,22 @@ void FrameReplyWatch::unrealized(GtkWidget* /*window*/, void* self) noexcept {
 }
 
 void FrameReplyWatch::forgetClock() {
-    patience_.reset();
+    timeout_.reset();
     if (clock_) g_signal_handlers_disconnect_by_data(clock_.get(), this);
     clock_.reset();
 }
 
 void FrameReplyWatch::painted(GdkFrameClock* /*clock*/, void* self) noexcept {
     auto& watch = *static_cast<FrameReplyWatch*>(self);
-    if (watch.patience_) return;
-    watch.patience_.reset(g_timeout_source_new(patienceMilliseconds));
-    g_source_set_callback(watch.patience_.get(), &FrameReplyWatch::timePassed, self, nullptr);
-    g_source_attach(watch.patience_.get(), nullptr);
+    if (watch.timeout_) return;
+    watch.timeout_.reset(g_timeout_source_new(timeoutMilliseconds));
+    g_source_set_callback(watch.timeout_.get(), &FrameReplyWatch::timePassed, self, nullptr);
+    g_source_attach(watch.timeout_.get(), nullptr);
 }
 
 gboolean FrameReplyWatch::timePassed(void* self) noexcept {
     auto& watch = *static_cast<FrameReplyWatch*>(self);
-    watch.patience_.reset();
+    watch.timeout_.reset();
     auto* frame = gdk_frame_clock_get_current_timings(watch.clock_.get());
     // A frame that came a moment ago may be answered twice: GDK ignores the second one.
     if (frame != nullptr && gdk_frame_timings_get_complete(frame) == FALSE) watch.answer();

@@ -36,7 +36,7 @@ private:
     /// While the window has an X window.
     ObjectPointer<GdkFrameClock> clock_;
     /// Runs after a frame.
-    SourcePointer patience_;
+    SourcePointer timeout_;
 };
 
 }  // namespace stagehopper::linux_port

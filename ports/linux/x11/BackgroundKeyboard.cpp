@@ -16,7 +16,7 @@ using platform::Outcome;
 namespace {
 
 /// By then a program has worked off the key that it got, or is taken for hung.
-constexpr std::chrono::seconds workingOff{10};
+constexpr std::chrono::seconds keyHandlingLimit{10};
 
 constexpr std::array<KeySym, 4> ourKeys{XK_Next, XK_Prior, XK_Right, XK_Left};
 
@@ -24,7 +24,7 @@ constexpr std::array<KeySym, 4> ourKeys{XK_Next, XK_Prior, XK_Right, XK_Left};
 
 /// Between its ends nobody else's request is served, so that what was verified still holds when
 /// the key comes.
-class SecondSeat::ServerGrab {
+class BackgroundKeyboard::ServerGrab {
 public:
     explicit ServerGrab(X11Connection& connection) : connection_(connection) {
         XGrabServer(connection_.display());
@@ -41,24 +41,25 @@ private:
     X11Connection& connection_;
 };
 
-SecondSeat::SecondSeat() : support_(supportsMasterDevices(connection_)) {
+BackgroundKeyboard::BackgroundKeyboard() : support_(supportsMasterDevices(connection_)) {
     // What stands in the way now is reported with each key.
     static_cast<void>(ensureDevices());
 }
 
-SecondSeat::~SecondSeat() {
+BackgroundKeyboard::~BackgroundKeyboard() {
     if (!connection_.isOpen() || !isHeld_) return;
     const XErrorTrap trap(connection_);
-    dropFocus();
-    if (mayBeRemoved()) removeMasterDevices(connection_, devices_);
+    clearFocus();
+    if (isRemovable()) removeMasterDevices(connection_, devices_);
 }
 
-bool SecondSeat::mayBeRemoved() {
-    const bool isAtRest = !lastUse_ || std::chrono::steady_clock::now() - *lastUse_ > workingOff;
-    return isOwn_ && isAtRest && devicesStand();
+bool BackgroundKeyboard::isRemovable() {
+    const bool isIdle =
+        !lastUse_ || std::chrono::steady_clock::now() - *lastUse_ > keyHandlingLimit;
+    return isOwn_ && isIdle && devicesExist();
 }
 
-Outcome SecondSeat::press(WindowId window, unsigned long keySymbol, FocusCare care) {
+Outcome BackgroundKeyboard::press(WindowId window, unsigned long keySymbol, FocusPolicy policy) {
     if (auto ready = ensureDevices(); !ready) return ready;
     lastUse_ = std::chrono::steady_clock::now();
     XErrorTrap trap(connection_);
@@ -67,46 +68,46 @@ Outcome SecondSeat::press(WindowId window, unsigned long keySymbol, FocusCare ca
     const ServerGrab grab(connection_);
     // Where our focus stayed beside the user's and the user's then left, the program believes
     // that it has none and drops keys; arriving anew tells it better.
-    if (care == FocusCare::leave && !usersFocusIsIn(window)) dropFocus();
+    if (policy == FocusPolicy::clear && !userFocusIsIn(window)) clearFocus();
     auto placed = placeFocus(window);
     if (placed) XTestFakeKeyEvent(connection_.display(), code, True, CurrentTime);
-    if (care == FocusCare::giveBack) {
-        dropFocus();
-        tellUsersFocus();
+    if (policy == FocusPolicy::restore) {
+        clearFocus();
+        sendUserFocusIn();
     }
-    if (!placed || trap.allWentWell()) return placed;
+    if (!placed || trap.succeeded()) return placed;
     return Outcome::refused("the window does not take the key: " + trap.reason());
 }
 
-Outcome SecondSeat::release(WindowId window, unsigned long keySymbol, FocusCare care) {
+Outcome BackgroundKeyboard::release(WindowId window, unsigned long keySymbol, FocusPolicy policy) {
     if (auto ready = ensureDevices(); !ready) return ready;
     lastUse_ = std::chrono::steady_clock::now();
     XErrorTrap trap(connection_);
     const auto code = keyCode(keySymbol);
     const ServerGrab grab(connection_);
     const auto placed = placeFocus(window);
-    if (!placed) dropFocus();
+    if (!placed) clearFocus();
     XTestFakeKeyEvent(connection_.display(), code, False, CurrentTime);
-    if (care == FocusCare::giveBack) {
-        dropFocus();
-        tellUsersFocus();
-    } else if (care == FocusCare::leave && !usersFocusIsIn(window)) {
+    if (policy == FocusPolicy::restore) {
+        clearFocus();
+        sendUserFocusIn();
+    } else if (policy == FocusPolicy::clear && !userFocusIsIn(window)) {
         // Where the user's focus is, ours stays: toolkits do not tell the keyboards apart and
         // would believe that the user's has gone.
-        dropFocus();
+        clearFocus();
     }
-    if (placed && trap.allWentWell()) return Outcome::done();
+    if (placed && trap.succeeded()) return Outcome::done();
     return Outcome::refused("the window that took the key press is gone");
 }
 
-Outcome SecondSeat::ensureDevices() {
+Outcome BackgroundKeyboard::ensureDevices() {
     if (!support_) return support_;
     if (!connection_.isOpen()) return Outcome::refused("the connection to the X server is lost");
-    if (isHeld_ && devicesStand()) return Outcome::done();
-    return takeDevices();
+    if (isHeld_ && devicesExist()) return Outcome::done();
+    return acquireDevices();
 }
 
-Outcome SecondSeat::takeDevices() {
+Outcome BackgroundKeyboard::acquireDevices() {
     const XErrorTrap trap(connection_);
     // No program sees the pair while it stands without our hold.
     const ServerGrab grab(connection_);
@@ -123,46 +124,46 @@ Outcome SecondSeat::takeDevices() {
     return Outcome::done();
 }
 
-bool SecondSeat::devicesStand() {
+bool BackgroundKeyboard::devicesExist() {
     const XErrorTrap trap(connection_);
     // By name: a number of ours may be another's when ours were removed by hand.
     return findMasterDevices(connection_) == devices_;
 }
 
-void SecondSeat::settle() {
+void BackgroundKeyboard::settle() {
     auto* display = connection_.display();
     // From here on, key events that this connection makes are our own keyboard's.
     XISetClientPointer(display, None, devices_.pointer);
     // A crashed predecessor may have left a key down; in no window, nobody sees it come up.
-    dropFocus();
+    clearFocus();
     for (const auto key : ourKeys) {
         XTestFakeKeyEvent(display, keyCode(key), False, CurrentTime);
     }
     XSync(display, False);
 }
 
-Outcome SecondSeat::placeFocus(WindowId window) {
+Outcome BackgroundKeyboard::placeFocus(WindowId window) {
     XErrorTrap trap(connection_);
     XISetFocus(connection_.display(), devices_.keyboard, window, CurrentTime);
     const bool there = focusOf(devices_.keyboard) == window;
-    if (!trap.allWentWell()) {
+    if (!trap.succeeded()) {
         return Outcome::refused("the window does not take the key: " + trap.reason());
     }
     if (!there) return Outcome::refused("the window does not take the focus of our keyboard");
     return Outcome::done();
 }
 
-void SecondSeat::dropFocus() {
+void BackgroundKeyboard::clearFocus() {
     XISetFocus(connection_.display(), devices_.keyboard, None, CurrentTime);
 }
 
-WindowId SecondSeat::focusOf(int keyboard) {
+WindowId BackgroundKeyboard::focusOf(int keyboard) {
     Window focus = None;
     XIGetFocus(connection_.display(), keyboard, &focus);
     return focus;
 }
 
-void SecondSeat::tellUsersFocus() {
+void BackgroundKeyboard::sendUserFocusIn() {
     const auto line = withParents(focusOf(devices_.usersKeyboard));
     // The window manager's frame first, as the server would.
     for (auto window = line.rbegin(); window != line.rend(); ++window) {
@@ -171,7 +172,7 @@ void SecondSeat::tellUsersFocus() {
     }
 }
 
-void SecondSeat::sendFocusIn(WindowId window, int detail) {
+void BackgroundKeyboard::sendFocusIn(WindowId window, int detail) {
     XEvent event{};
     event.xfocus.type = FocusIn;
     event.xfocus.window = window;
@@ -180,7 +181,7 @@ void SecondSeat::sendFocusIn(WindowId window, int detail) {
     XSendEvent(connection_.display(), window, False, FocusChangeMask, &event);
 }
 
-std::vector<WindowId> SecondSeat::withParents(WindowId window) {
+std::vector<WindowId> BackgroundKeyboard::withParents(WindowId window) {
     std::vector<WindowId> line;
     while (window != None && window != PointerRoot && window != connection_.rootWindow()) {
         line.push_back(window);
@@ -189,12 +190,12 @@ std::vector<WindowId> SecondSeat::withParents(WindowId window) {
     return line;
 }
 
-bool SecondSeat::usersFocusIsIn(WindowId window) {
+bool BackgroundKeyboard::userFocusIsIn(WindowId window) {
     const auto line = withParents(focusOf(devices_.usersKeyboard));
     return std::ranges::find(line, window) != line.end();
 }
 
-unsigned SecondSeat::keyCode(unsigned long keySymbol) {
+unsigned BackgroundKeyboard::keyCode(unsigned long keySymbol) {
     // Nobody else reads this connection's events; among them are changes of the keyboard's map.
     while (connection_.isOpen() && XPending(connection_.display()) > 0) {
         XEvent event;

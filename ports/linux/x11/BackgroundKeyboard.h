@@ -18,32 +18,32 @@ namespace stagehopper::linux_port {
 /// object made are removed with it. Those that it found stay: mutter crashes when a pair that it
 /// has seen without our hold is removed and another one is made. So do those that just sent a key:
 /// GTK ends a program that finds the device of an event gone.
-class SecondSeat {
+class BackgroundKeyboard {
 public:
-    SecondSeat();
-    ~SecondSeat();
-    SecondSeat(const SecondSeat&) = delete;
-    SecondSeat& operator=(const SecondSeat&) = delete;
+    BackgroundKeyboard();
+    ~BackgroundKeyboard();
+    BackgroundKeyboard(const BackgroundKeyboard&) = delete;
+    BackgroundKeyboard& operator=(const BackgroundKeyboard&) = delete;
 
     /// Presses a key in this window. Refused, with nothing sent, when our focus cannot be there.
-    platform::Outcome press(WindowId window, unsigned long keySymbol, FocusCare care);
+    platform::Outcome press(WindowId window, unsigned long keySymbol, FocusPolicy policy);
     /// Releases a key that was pressed there. When that window is gone, the key is released all
     /// the same, in no window, and the outcome says so.
-    platform::Outcome release(WindowId window, unsigned long keySymbol, FocusCare care);
+    platform::Outcome release(WindowId window, unsigned long keySymbol, FocusPolicy policy);
 
 private:
     class ServerGrab;
 
     platform::Outcome ensureDevices();
-    platform::Outcome takeDevices();
+    platform::Outcome acquireDevices();
     void settle();
-    bool devicesStand();
-    [[nodiscard]] bool mayBeRemoved();
+    bool devicesExist();
+    [[nodiscard]] bool isRemovable();
     platform::Outcome placeFocus(WindowId window);
-    void dropFocus();
+    void clearFocus();
     [[nodiscard]] WindowId focusOf(int keyboard);
-    void tellUsersFocus();
-    [[nodiscard]] bool usersFocusIsIn(WindowId window);
+    void sendUserFocusIn();
+    [[nodiscard]] bool userFocusIsIn(WindowId window);
     /// A window and the ones around it, innermost first, without the root.
     [[nodiscard]] std::vector<WindowId> withParents(WindowId window);
     void sendFocusIn(WindowId window, int detail);

@@ -20,16 +20,16 @@ std::optional<WindowId> keyTarget(const std::vector<TopLevelWindow>& windows, pl
     return best == nullptr ? std::nullopt : std::optional(best->id);
 }
 
-FocusCare focusCare(std::string_view windowManager) {
+FocusPolicy focusPolicy(std::string_view windowManager) {
     // GNOME Shell and Budgie are built on Mutter; Muffin is Cinnamon's branch of it.
-    constexpr std::array<std::string_view, 4> keepingApart{"Mutter", "GNOME Shell", "Muffin",
-                                                           "Budgie"};
+    constexpr std::array<std::string_view, 4> mutterNames{"Mutter", "GNOME Shell", "Muffin",
+                                                          "Budgie"};
     const auto isNamed = [windowManager](std::string_view name) {
         return windowManager.find(name) != std::string_view::npos;
     };
-    if (std::ranges::any_of(keepingApart, isNamed)) return FocusCare::leave;
-    if (isNamed("KWin")) return FocusCare::stay;
-    return FocusCare::giveBack;
+    if (std::ranges::any_of(mutterNames, isNamed)) return FocusPolicy::clear;
+    if (isNamed("KWin")) return FocusPolicy::keep;
+    return FocusPolicy::restore;
 }
 
 }  // namespace stagehopper::linux_port

@@ -14,18 +14,18 @@ namespace stagehopper::linux_port {
 std::optional<WindowId> keyTarget(const std::vector<TopLevelWindow>& windows, platform::Pid process,
                                   WindowId focused);
 
-/// What has to be done about the focus of a second keyboard, for the sake of a window manager.
-enum class FocusCare {
-    /// It keeps the keyboards apart. Our focus leaves the target after the key, as a background
-    /// window should not believe that it has the focus.
-    leave,
-    /// It reacts when our focus leaves a window: the focus stays where the key went.
-    stay,
-    /// It takes the focus of any keyboard for the user's, and must be told afterwards where the
-    /// user's really is.
-    giveBack,
+/// What a window manager requires of the focus of our keyboard after a key.
+enum class FocusPolicy {
+    /// It keeps the keyboards apart. We clear our focus, because a background window should not
+    /// believe that it has the focus.
+    clear,
+    /// It reacts when our focus leaves a window. Our focus stays where the key went.
+    keep,
+    /// It takes the focus of any keyboard for the user's. We clear our focus and send it the
+    /// user's real focus.
+    restore,
 };
 
-FocusCare focusCare(std::string_view windowManager);
+FocusPolicy focusPolicy(std::string_view windowManager);
 
 }  // namespace stagehopper::linux_port

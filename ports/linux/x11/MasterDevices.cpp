@@ -17,7 +17,7 @@ using platform::Outcome;
 namespace {
 
 // The server adds " pointer" and " keyboard".
-constexpr const char* seatName = "Stagehopper";
+constexpr const char* devicePairName = "Stagehopper";
 constexpr std::string_view pointerName = "Stagehopper pointer";
 constexpr std::string_view keyboardName = "Stagehopper keyboard";
 
@@ -87,7 +87,7 @@ MasterDevices findMasterDevices(X11Connection& connection) {
 
 Outcome makeMasterDevices(X11Connection& connection) {
     XErrorTrap trap(connection);
-    std::string name(seatName);
+    std::string name(devicePairName);
     XIAnyHierarchyChangeInfo change{};
     change.add.type = XIAddMaster;
     change.add.name = name.data();
@@ -95,7 +95,7 @@ Outcome makeMasterDevices(X11Connection& connection) {
     change.add.send_core = True;
     change.add.enable = True;
     XIChangeHierarchy(connection.display(), &change, 1);
-    if (trap.allWentWell()) return Outcome::done();
+    if (trap.succeeded()) return Outcome::done();
     return Outcome::refused("the X server makes no second keyboard: " + trap.reason());
 }
 
@@ -124,7 +124,7 @@ Outcome holdPointer(X11Connection& connection, const MasterDevices& devices) {
         park(display, root, devices.pointer);
     }
     XFreeCursor(display, cursor);
-    if (!trap.allWentWell()) {
+    if (!trap.succeeded()) {
         return Outcome::refused("the second pointer cannot be held: " + trap.reason());
     }
     if (status == AlreadyGrabbed) {

@@ -49,7 +49,7 @@ KeySym symbolFor(VirtualKey key) {
 }  // namespace
 
 MasterKeyboard::MasterKeyboard(X11Desktop& desktop)
-    : desktop_(desktop), seat_(std::make_unique<SecondSeat>()) {}
+    : desktop_(desktop), keyboard_(std::make_unique<BackgroundKeyboard>()) {}
 
 MasterKeyboard::~MasterKeyboard() = default;
 
@@ -71,7 +71,7 @@ Outcome MasterKeyboard::press(Pid process, unsigned long keySymbol) {
     if (!window) {
         return Outcome::refused("process " + std::to_string(process) + " has no window");
     }
-    auto outcome = seat_->press(*window, keySymbol, focusCare(desktop_.windowManagerName()));
+    auto outcome = keyboard_->press(*window, keySymbol, focusPolicy(desktop_.windowManagerName()));
     if (outcome) held_ = HeldKey{process, keySymbol, *window};
     return outcome;
 }
@@ -82,7 +82,7 @@ Outcome MasterKeyboard::release(Pid process, unsigned long keySymbol) {
     }
     const auto window = held_->window;
     held_.reset();
-    return seat_->release(window, keySymbol, focusCare(desktop_.windowManagerName()));
+    return keyboard_->release(window, keySymbol, focusPolicy(desktop_.windowManagerName()));
 }
 
 Outcome MasterKeyboard::postToFocus(const KeyboardEvent& event) {
@@ -94,7 +94,7 @@ Outcome MasterKeyboard::postToFocus(const KeyboardEvent& event) {
     const auto code = XKeysymToKeycode(connection.display(), key->symbol());
     if (code == 0) return Outcome::refused("the keyboard has no such key");
     XTestFakeKeyEvent(connection.display(), code, key->isDown() ? True : False, CurrentTime);
-    if (trap.allWentWell()) return Outcome::done();
+    if (trap.succeeded()) return Outcome::done();
     return Outcome::refused("the key was not taken: " + trap.reason());
 }
 

@@ -8,7 +8,7 @@
 
 namespace stagehopper::linux_port {
 
-class SecondSeat;
+class BackgroundKeyboard;
 class X11Desktop;
 
 /// Keys by way of a second, hidden pair of master devices, whose focus is ours to place: the
@@ -36,7 +36,7 @@ private:
     platform::Outcome release(platform::Pid process, unsigned long keySymbol);
 
     X11Desktop& desktop_;
-    std::unique_ptr<SecondSeat> seat_;
+    std::unique_ptr<BackgroundKeyboard> keyboard_;
     /// A release goes where its press went, whichever window has come up meanwhile.
     std::optional<HeldKey> held_;
 };

@@ -24,8 +24,8 @@ struct FreeMemory {
 template <class Reply>
 using ReplyPointer = std::unique_ptr<Reply, FreeMemory>;
 
-/// What was asked about one window. The answers are fetched in the order of the questions.
-struct Questions {
+/// The pending requests about one window. Replies are collected in the order of the requests.
+struct PropertyCookies {
     xcb_res_query_client_ids_cookie_t client;
     xcb_get_property_cookie_t process;
     xcb_get_property_cookie_t title;
@@ -46,12 +46,12 @@ std::string fromOldTitle(const std::string& bytes) {
     return text ? text.get() : std::string{};
 }
 
-class Interview {
+class WindowPropertyBatch {
 public:
-    explicit Interview(X11Connection& connection)
+    explicit WindowPropertyBatch(X11Connection& connection)
         : xcb_(XGetXCBConnection(connection.display())), atoms_(connection) {}
 
-    [[nodiscard]] Questions ask(WindowId window) const {
+    [[nodiscard]] PropertyCookies request(WindowId window) const {
         const auto id = static_cast<xcb_window_t>(window);
         const xcb_res_client_id_spec_t whose{id, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
         return {xcb_res_query_client_ids(xcb_, 1, &whose),
@@ -64,30 +64,30 @@ public:
                 property(id, "_NET_WM_WINDOW_TYPE")};
     }
 
-    [[nodiscard]] TopLevelWindow hear(WindowId id, const Questions& asked) const {
+    [[nodiscard]] TopLevelWindow collect(WindowId id, const PropertyCookies& cookies) const {
         TopLevelWindow window;
         window.id = id;
         // The server knows who is at the other end. What a program writes into _NET_WM_PID is its
         // number inside its own sandbox.
-        window.process = processAtTheOtherEnd(asked.client);
-        const auto written = numbers(asked.process);
+        window.process = clientProcess(cookies.client);
+        const auto written = numbers(cookies.process);
         if (!window.process && !written.empty() && written.front() != 0) {
             window.process = static_cast<platform::Pid>(written.front());
         }
-        window.title = validUtf8(bytes(asked.title));
-        const auto oldTitle = bytes(asked.oldTitle);
+        window.title = validUtf8(bytes(cookies.title));
+        const auto oldTitle = bytes(cookies.oldTitle);
         if (window.title.empty()) window.title = fromOldTitle(oldTitle);
-        window.gtkApplicationId = validUtf8(bytes(asked.gtkApplicationId));
+        window.gtkApplicationId = validUtf8(bytes(cookies.gtkApplicationId));
 
-        const std::string names = bytes(asked.classNames);
+        const std::string names = bytes(cookies.classNames);
         const auto half = names.find('\0');
         window.instanceName = validUtf8(names.substr(0, half));
         if (half != std::string::npos) window.className = validUtf8(names.c_str() + half + 1);
 
-        const auto states = numbers(asked.states);
+        const auto states = numbers(cookies.states);
         window.fullScreen = contains(states, "_NET_WM_STATE_FULLSCREEN");
         window.hidden = contains(states, "_NET_WM_STATE_HIDDEN");
-        const auto types = numbers(asked.types);
+        const auto types = numbers(cookies.types);
         window.furniture = contains(types, "_NET_WM_WINDOW_TYPE_DOCK") ||
                            contains(types, "_NET_WM_WINDOW_TYPE_DESKTOP");
         return window;
@@ -101,30 +101,30 @@ private:
 
     /// The value of a property with items of `format` bits; empty when there is none. An error,
     /// that of a window that is gone, is taken out of the connection with its answer.
-    [[nodiscard]] std::string value(xcb_get_property_cookie_t asked, int format) const {
+    [[nodiscard]] std::string value(xcb_get_property_cookie_t cookie, int format) const {
         xcb_generic_error_t* error = nullptr;
         const ReplyPointer<xcb_get_property_reply_t> reply(
-            xcb_get_property_reply(xcb_, asked, &error));
+            xcb_get_property_reply(xcb_, cookie, &error));
         const ReplyPointer<xcb_generic_error_t> owned(error);
         if (!reply || reply->format != format) return {};
         return {static_cast<const char*>(xcb_get_property_value(reply.get())),
                 static_cast<std::size_t>(xcb_get_property_value_length(reply.get()))};
     }
-    [[nodiscard]] std::string bytes(xcb_get_property_cookie_t asked) const {
-        return value(asked, 8);
+    [[nodiscard]] std::string bytes(xcb_get_property_cookie_t cookie) const {
+        return value(cookie, 8);
     }
-    [[nodiscard]] std::vector<std::uint32_t> numbers(xcb_get_property_cookie_t asked) const {
-        const auto raw = value(asked, 32);
+    [[nodiscard]] std::vector<std::uint32_t> numbers(xcb_get_property_cookie_t cookie) const {
+        const auto raw = value(cookie, 32);
         std::vector<std::uint32_t> numbers(raw.size() / sizeof(std::uint32_t));
         if (!numbers.empty()) std::memcpy(numbers.data(), raw.data(), raw.size());
         return numbers;
     }
 
-    [[nodiscard]] std::optional<platform::Pid> processAtTheOtherEnd(
-        xcb_res_query_client_ids_cookie_t asked) const {
+    [[nodiscard]] std::optional<platform::Pid> clientProcess(
+        xcb_res_query_client_ids_cookie_t cookie) const {
         xcb_generic_error_t* error = nullptr;
         const ReplyPointer<xcb_res_query_client_ids_reply_t> reply(
-            xcb_res_query_client_ids_reply(xcb_, asked, &error));
+            xcb_res_query_client_ids_reply(xcb_, cookie, &error));
         const ReplyPointer<xcb_generic_error_t> owned(error);
         if (!reply) return std::nullopt;
         std::optional<platform::Pid> process;
@@ -150,12 +150,12 @@ private:
 
 std::vector<TopLevelWindow> describeWindows(X11Connection& connection,
                                             const std::vector<WindowId>& ids) {
-    const Interview interview(connection);
-    std::vector<Questions> asked;
-    for (const auto id : ids) asked.push_back(interview.ask(id));
+    const WindowPropertyBatch batch(connection);
+    std::vector<PropertyCookies> cookies;
+    for (const auto id : ids) cookies.push_back(batch.request(id));
     std::vector<TopLevelWindow> windows;
     for (std::size_t i = 0; i < ids.size(); ++i) {
-        windows.push_back(interview.hear(ids[i], asked[i]));
+        windows.push_back(batch.collect(ids[i], cookies[i]));
     }
     return windows;
 }

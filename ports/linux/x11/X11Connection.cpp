@@ -90,7 +90,7 @@ XErrorTrap::~XErrorTrap() {
     }
 }
 
-bool XErrorTrap::allWentWell() {
+bool XErrorTrap::succeeded() {
     if (connection_.isOpen()) XSync(connection_.display(), False);
     return connection_.isOpen() && errorCode_ == 0;
 }

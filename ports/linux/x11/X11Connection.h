@@ -42,7 +42,7 @@ public:
     XErrorTrap& operator=(const XErrorTrap&) = delete;
 
     /// Waits for the server; whether everything since the trap was set went through.
-    [[nodiscard]] bool allWentWell();
+    [[nodiscard]] bool succeeded();
     /// The first error, in words; empty when there was none.
     [[nodiscard]] std::string reason() const;
 

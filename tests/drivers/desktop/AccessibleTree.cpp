@@ -7,7 +7,7 @@ namespace stagehopper::desktop {
 namespace {
 
 constexpr int answerLimit = 3000;  // milliseconds
-constexpr int deepest = 40;
+constexpr int maxDepth = 40;
 constexpr const char* accessibleInterface = "org.a11y.atspi.Accessible";
 
 std::string roleName(AtspiRole role) {
@@ -138,7 +138,7 @@ std::optional<Area> AccessibleTree::area(const Widget& widget) const {
 
 std::optional<Widget> AccessibleTree::find(const Widget& root, AtspiRole wantedRole,
                                            const std::string& wantedName) const {
-    return find(root, wantedRole, wantedName, deepest);
+    return find(root, wantedRole, wantedName, maxDepth);
 }
 
 std::optional<Widget> AccessibleTree::find(const Widget& root, AtspiRole wantedRole,

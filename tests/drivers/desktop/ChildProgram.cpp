@@ -213,7 +213,7 @@ std::optional<int> ChildProgram::waitForExit(Limit limit) {
     return exitStatus_;
 }
 
-void ChildProgram::end(Limit patience) {
+void ChildProgram::end(Limit timeout) {
     if (ended_) return;
     ended_ = true;
     const auto groupIsGone = [this] {
@@ -222,7 +222,7 @@ void ChildProgram::end(Limit patience) {
     };
     if (groupIsGone()) return;
     kill(-pid_, SIGTERM);
-    if (waitFor(groupIsGone, patience)) return;
+    if (waitFor(groupIsGone, timeout)) return;
     kill(-pid_, SIGKILL);
     static_cast<void>(waitFor(groupIsGone, std::chrono::seconds(2)));
 }

@@ -50,7 +50,7 @@ public:
     /// it, as shells have it.
     [[nodiscard]] std::optional<int> waitForExit(Limit limit);
     /// Asks the whole group to end, and ends it by force when it does not.
-    void end(Limit patience = std::chrono::seconds(3));
+    void end(Limit timeout = std::chrono::seconds(3));
 
 private:
     void reap(int options);

@@ -22,7 +22,7 @@ bool isNear(Colour seen, Colour wanted) {
 
 std::optional<int> slideIn(const Picture& picture) {
     constexpr int between = 8;
-    constexpr int leastPart = 6;  // one sixth of the picture
+    constexpr int minPart = 6;  // one sixth of the picture
     std::array<int, slideCount> counts{};
     int looks = 0;
     for (int y = between / 2; y < picture.height(); y += between) {
@@ -35,7 +35,7 @@ std::optional<int> slideIn(const Picture& picture) {
         }
     }
     const auto most = std::max_element(counts.begin(), counts.end());
-    if (*most * leastPart < looks) return std::nullopt;
+    if (*most * minPart < looks) return std::nullopt;
     return static_cast<int>(most - counts.begin()) + 1;
 }
 

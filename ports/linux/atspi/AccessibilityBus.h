@@ -13,7 +13,7 @@
 #include "ports/linux/atspi/AtSpiReads.h"
 #include "ports/linux/atspi/BusCall.h"
 #include "ports/linux/atspi/BusConnection.h"
-#include "ports/linux/atspi/KnownPrograms.h"
+#include "ports/linux/atspi/ProgramCache.h"
 
 namespace stagehopper::linux_port {
 

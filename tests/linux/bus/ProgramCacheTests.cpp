@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "ports/linux/atspi/KnownPrograms.h"
+#include "ports/linux/atspi/ProgramCache.h"
 
 namespace stagehopper::linux_port {
 namespace {

@@ -1,4 +1,4 @@
-#include "ports/linux/atspi/KnownPrograms.h"
+#include "ports/linux/atspi/ProgramCache.h"
 
 #include <algorithm>
 #include <utility>

@@ -21,18 +21,17 @@ MenuTree::MenuTree(std::shared_ptr<AccessibilityBus> bus, ObjectReference menuBa
     : bus_(std::move(bus)) {
     nodes_.push_back({std::move(menuBar), AtSpiRole::menuBar, {}, 0, {}});
     readBelow({0});
-    loaded_.resize(nodes_[0].children.size());
 }
 
 MenuTree::~MenuTree() = default;
 
 const std::vector<std::size_t>& MenuTree::children(std::size_t index) {
-    if (nodes_[index].depth == 1 && !loaded_[index - 1]) load(index);
+    if (nodes_[index].depth == 1 && !nodes_[index].loaded) load(index);
     return nodes_[index].children;
 }
 
 void MenuTree::load(std::size_t menu) {
-    loaded_[menu - 1] = true;
+    nodes_[menu].loaded = true;
     auto level = append({menu}, bus_->childrenOf({nodes_[menu].object}));
     if (!bulk_ && nodes_.size() > bulkFrom) {
         const auto rest = readInBulk();
@@ -50,8 +49,8 @@ MenuTree::Level MenuTree::readInBulk() {
     // meanwhile.
     calls.push_back(BulkRead::call(nodes_[0].object));
     for (const auto menu : nodes_[0].children) {
-        if (loaded_[menu - 1]) continue;
-        loaded_[menu - 1] = true;
+        if (nodes_[menu].loaded) continue;
+        nodes_[menu].loaded = true;
         others.push_back(menu);
         calls.push_back(at_spi_call::children(nodes_[menu].object));
     }

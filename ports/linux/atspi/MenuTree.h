@@ -25,6 +25,8 @@ public:
         /// 0 is the bar.
         std::size_t depth = 0;
         std::vector<std::size_t> children;
+        /// For a menu of the bar: everything below it has been read.
+        bool loaded = false;
     };
 
     /// The bar is node 0.
@@ -53,8 +55,6 @@ private:
 
     std::shared_ptr<AccessibilityBus> bus_;
     std::vector<Node> nodes_;
-    /// Whether the subtree of a menu of the bar has been read, by its place in the bar.
-    std::vector<bool> loaded_;
     std::unique_ptr<BulkRead> bulk_;
 };
 

@@ -34,7 +34,7 @@ bool AccessibilityBus::isEnabled() const {
 
 void AccessibilityBus::connectionChanged() {
     // The next bus gives the same unique names to other programs.
-    knownPrograms_.clear();
+    programCache_.clear();
     backoffUntil_.clear();
     eventListenerRegistered_ = false;
     hangs_ = false;
@@ -123,7 +123,7 @@ AccessibilityError AccessibilityBus::doFirstAction(const ObjectReference& object
 std::optional<ObjectReference> AccessibilityBus::applicationOf(platform::Pid process) {
     const auto roots = childrenOf({{registryBus, registryRoot}}).front();
     if (!roots) return std::nullopt;
-    knownPrograms_.keepOnly(*roots);
+    programCache_.keepOnly(*roots);
 
     std::vector<BusCall> calls;
     for (const auto& root : *roots) {

@@ -51,7 +51,7 @@ public:
     /// The root of the program that this process has put on the bus.
     std::optional<ObjectReference> applicationOf(platform::Pid process);
     /// Forgotten with the connection.
-    KnownPrograms& knownPrograms() { return knownPrograms_; }
+    ProgramCache& programCache() { return programCache_; }
     /// Makes toolkits keep the cache that they answer bulk reads from: some do so only for a client
     /// that listens to events.
     void registerEventListener();
@@ -62,7 +62,7 @@ private:
     void connectionChanged();
     void backOffUntilBusAnswers();
 
-    KnownPrograms knownPrograms_;
+    ProgramCache programCache_;
     std::map<std::string, Instant> backoffUntil_;
     bool eventListenerRegistered_ = false;
     bool hangs_ = false;

@@ -9,24 +9,24 @@
 
 namespace stagehopper::linux_port {
 
-/// A program as it was met last, so that asking whether it still stands so and asking for its
-/// windows is one round instead of three.
-struct KnownProgram {
+/// A program as it was found last. With it, one round instead of three checks that the program has
+/// not changed and reads its windows.
+struct CachedProgram {
     ObjectReference root;
     std::vector<ObjectReference> windows;
 };
 
-/// The programs that were met on one connection to the accessibility bus. Main thread only.
-class KnownPrograms {
+/// The programs found on one connection to the accessibility bus. Main thread only.
+class ProgramCache {
 public:
-    [[nodiscard]] std::optional<KnownProgram> find(platform::Pid process) const;
-    void remember(platform::Pid process, KnownProgram program);
-    /// Forgets those whose root is not among these.
+    [[nodiscard]] std::optional<CachedProgram> find(platform::Pid process) const;
+    void store(platform::Pid process, CachedProgram program);
+    /// Drops every program whose root is not in `roots`.
     void keepOnly(const std::vector<ObjectReference>& roots);
     void clear() { programs_.clear(); }
 
 private:
-    std::map<platform::Pid, KnownProgram> programs_;
+    std::map<platform::Pid, CachedProgram> programs_;
 };
 
 }  // namespace stagehopper::linux_port

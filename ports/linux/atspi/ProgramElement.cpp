@@ -61,45 +61,52 @@ std::vector<ProgramElement::BusWindow> ProgramElement::busWindows() const {
     std::vector<BusWindow> windows;
     // Our own windows would have to be described by this very thread, which waits for the answer.
     if (process_ == getpid()) return windows;
-    auto known = bus_->knownPrograms().find(process_);
-    auto answers = known ? ask(*known) : std::nullopt;
-    if (!answers) {
-        known = meet();
-        if (known) answers = ask(*known);
-        if (!answers) return windows;
-        bus_->knownPrograms().remember(process_, *known);
+    auto cached = bus_->programCache().find(process_);
+    auto replies = cached ? readWindows(*cached) : std::nullopt;
+    if (!replies) {
+        cached = findOnBus();
+        if (cached) replies = readWindows(*cached);
+        if (!replies) return windows;
+        bus_->programCache().store(process_, *cached);
     }
-    // A program keeps closed dialogs in its tree; a minimised window still counts.
+    // A program keeps closed dialogs in its tree; a minimized window still counts.
     constexpr auto there = at_spi_state::showing | at_spi_state::visible | at_spi_state::iconified;
-    for (std::size_t i = 0; i < known->windows.size(); ++i) {
-        const auto states = at_spi_reply::states((*answers)[3 * i + 3]).value_or(0);
-        if (!isWindow(at_spi_reply::role((*answers)[3 * i + 1])) || (states & there) == 0) continue;
-        windows.push_back({known->windows[i],
-                           at_spi_reply::name((*answers)[3 * i + 2]).value_or(std::string{}),
-                           (states & at_spi_state::active) != 0});
+    for (std::size_t i = 0; i < replies->size(); ++i) {
+        auto& reply = (*replies)[i];
+        if (!isWindow(reply.role) || (reply.states & there) == 0) continue;
+        windows.push_back({cached->windows[i], std::move(reply.title),
+                           (reply.states & at_spi_state::active) != 0});
     }
     return windows;
 }
 
-std::optional<KnownProgram> ProgramElement::meet() const {
+std::optional<CachedProgram> ProgramElement::findOnBus() const {
     auto root = bus_->applicationOf(process_);
     if (!root) return std::nullopt;
     auto windows = bus_->childrenOf({*root}).front();
     if (!windows) return std::nullopt;
-    return KnownProgram{std::move(*root), std::move(*windows)};
+    return CachedProgram{std::move(*root), std::move(*windows)};
 }
 
-std::optional<std::vector<CallResult>> ProgramElement::ask(const KnownProgram& known) const {
+std::optional<std::vector<ProgramElement::WindowReply>> ProgramElement::readWindows(
+    const CachedProgram& program) const {
     std::vector<BusCall> calls;
-    calls.push_back(at_spi_call::children(known.root));
-    for (const auto& object : known.windows) {
+    calls.push_back(at_spi_call::children(program.root));
+    for (const auto& object : program.windows) {
         calls.push_back(at_spi_call::role(object));
         calls.push_back(at_spi_call::name(object));
         calls.push_back(at_spi_call::states(object));
     }
-    auto results = bus_->call(std::move(calls));
-    if (at_spi_reply::children(results.front()) != known.windows) return std::nullopt;
-    return results;
+    const auto results = bus_->call(std::move(calls));
+    auto result = results.begin();
+    if (at_spi_reply::children(*result++) != program.windows) return std::nullopt;
+    std::vector<WindowReply> replies(program.windows.size());
+    for (auto& reply : replies) {
+        reply.role = at_spi_reply::role(*result++);
+        reply.title = at_spi_reply::name(*result++).value_or(std::string{});
+        reply.states = at_spi_reply::states(*result++).value_or(0);
+    }
+    return replies;
 }
 
 AttributeList ProgramElement::windows() const {
@@ -117,7 +124,7 @@ AttributeList ProgramElement::windows() const {
 
 UIElementRef ProgramElement::focusedWindow() const {
     const auto windows = busWindows();
-    if (const auto* active = activeOne(windows)) return windowElement(active->title);
+    if (const auto* active = activeWindow(windows)) return windowElement(active->title);
     const auto focused = desktop_.focusedWindow();
     if (!focused || focused->process != process_) return nullptr;
     return windowElement(focused->title);
@@ -127,7 +134,7 @@ UIElementRef ProgramElement::menuBar() const {
     // The active window only: during a slide show the editor's menu is still there, and a press in
     // it is accepted and does nothing.
     const auto windows = busWindows();
-    const auto* active = activeOne(windows);
+    const auto* active = activeWindow(windows);
     if (active == nullptr) return nullptr;
     auto menuBar = findMenuBar(*bus_, active->object);
     if (!menuBar) return nullptr;
@@ -135,7 +142,7 @@ UIElementRef ProgramElement::menuBar() const {
         std::make_shared<MenuTree>(bus_, std::move(*menuBar)), 0);
 }
 
-const ProgramElement::BusWindow* ProgramElement::activeOne(
+const ProgramElement::BusWindow* ProgramElement::activeWindow(
     const std::vector<BusWindow>& windows) const {
     const auto isActive = [](const BusWindow& window) { return window.active; };
     const auto first = std::ranges::find_if(windows, isActive);

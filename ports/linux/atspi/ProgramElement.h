@@ -1,6 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "platform/Accessibility.h"
@@ -32,16 +35,23 @@ private:
         bool active = false;
     };
 
+    struct WindowReply {
+        AtSpiRole role = AtSpiRole::invalid;
+        std::string title;
+        std::uint64_t states = 0;
+    };
+
     [[nodiscard]] std::vector<BusWindow> busWindows() const;
-    /// Role, name and states of each of its windows, behind the list of its windows itself; absent
-    /// when that list is not what it was.
-    [[nodiscard]] std::optional<std::vector<CallResult>> ask(const KnownProgram& known) const;
+    /// One reply for each cached window, in their order. Absent when the program's list of windows
+    /// has changed.
+    [[nodiscard]] std::optional<std::vector<WindowReply>> readWindows(
+        const CachedProgram& program) const;
     /// Looks for the program on the bus.
-    [[nodiscard]] std::optional<KnownProgram> meet() const;
+    [[nodiscard]] std::optional<CachedProgram> findOnBus() const;
     [[nodiscard]] platform::AttributeList windows() const;
     [[nodiscard]] platform::UIElementRef focusedWindow() const;
     [[nodiscard]] platform::UIElementRef menuBar() const;
-    [[nodiscard]] const BusWindow* activeOne(const std::vector<BusWindow>& windows) const;
+    [[nodiscard]] const BusWindow* activeWindow(const std::vector<BusWindow>& windows) const;
 
     std::shared_ptr<AccessibilityBus> bus_;
     X11Desktop& desktop_;

@@ -5,21 +5,21 @@
 namespace stagehopper::linux_port {
 namespace {
 
-TEST(KnownPrograms, AreFoundByTheirProcess) {
-    KnownPrograms known;
-    known.remember(7, {{":1.7", "/root"}, {{":1.7", "/window"}}});
-    ASSERT_TRUE(known.find(7));
-    EXPECT_EQ(known.find(7)->root, (ObjectReference{":1.7", "/root"}));
-    EXPECT_FALSE(known.find(8));
+TEST(ProgramCache, FindsAProgramByItsProcess) {
+    ProgramCache cache;
+    cache.store(7, {{":1.7", "/root"}, {{":1.7", "/window"}}});
+    ASSERT_TRUE(cache.find(7));
+    EXPECT_EQ(cache.find(7)->root, (ObjectReference{":1.7", "/root"}));
+    EXPECT_FALSE(cache.find(8));
 }
 
-TEST(KnownPrograms, ThatHaveLeftTheBusAreForgotten) {
-    KnownPrograms known;
-    known.remember(7, {{":1.7", "/root"}, {}});
-    known.remember(8, {{":1.8", "/root"}, {}});
-    known.keepOnly({{":1.8", "/root"}, {":1.9", "/root"}});
-    EXPECT_FALSE(known.find(7));
-    EXPECT_TRUE(known.find(8));
+TEST(ProgramCache, DropsProgramsThatHaveLeftTheBus) {
+    ProgramCache cache;
+    cache.store(7, {{":1.7", "/root"}, {}});
+    cache.store(8, {{":1.8", "/root"}, {}});
+    cache.keepOnly({{":1.8", "/root"}, {":1.9", "/root"}});
+    EXPECT_FALSE(cache.find(7));
+    EXPECT_TRUE(cache.find(8));
 }
 
 }  // namespace

@@ -9,7 +9,7 @@ namespace stagehopper::posix {
 /// An open file that is closed with its owner.
 class FileDescriptor {
 public:
-    /// A negative number stands for a file that could not be opened.
+    /// A negative number means a file that could not be opened.
     explicit FileDescriptor(int number) : number_(number) {}
     ~FileDescriptor();
     FileDescriptor(FileDescriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}

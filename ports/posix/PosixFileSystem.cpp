@@ -14,8 +14,8 @@ namespace {
 
 constexpr mode_t defaultPermissions = 0666;
 
-/// An ordinary file of this user's, under this name alone: what others have planted is not ours to
-/// write to, be it a file of theirs or a second name of one of ours.
+/// An ordinary file of this user's, under this name alone: we do not write to files planted by
+/// others, neither to their own files nor to a second name of one of ours.
 bool isOursAlone(const FileDescriptor& file) {
     struct stat status {};
     return ::fstat(file.number(), &status) == 0 && S_ISREG(status.st_mode) &&
@@ -42,7 +42,7 @@ bool PosixFileSystem::createFile(const std::filesystem::path& path, std::string_
 }
 
 bool PosixFileSystem::appendToFile(const std::filesystem::path& path, std::string_view bytes) {
-    // Non-blocking: opening a pipe that nobody reads would wait for ever.
+    // Non-blocking: opening a pipe without a reader would block forever.
     const FileDescriptor file(
         ::open(path.c_str(), O_WRONLY | O_APPEND | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
     return file.isOpen() && isOursAlone(file) && writeAll(file.number(), bytes);

@@ -4,9 +4,9 @@
 
 namespace stagehopper::webkit_ports {
 
-/// Run at document start in every frame of our views, whatever its origin. By this property the
-/// backend's link page knows that it stands in a view of ours: no page of a browser can write into
-/// a frame of another origin.
+/// Run at document start in every frame of our views, whatever its origin. This property shows the
+/// backend's link page that it runs in a view of ours: no page in a browser can write into a frame
+/// of another origin.
 inline constexpr std::string_view frameMarkScript =
     "Object.defineProperty(window, \"stagehopperView\", { value: true });";
 

@@ -10,14 +10,14 @@ namespace stagehopper::webkit_ports {
 /// Between the end of a page's process and the next load.
 inline constexpr std::chrono::milliseconds reloadDelay{500};
 
-/// How often a page whose process ends is loaded again: a page that cannot live must not keep the
-/// machine busy for ever.
+/// How often a page whose process ends is loaded again: a page that always crashes must not keep
+/// the machine busy forever.
 class ReloadLimit {
 public:
     static constexpr std::size_t maxReloads = 3;
     static constexpr std::chrono::seconds period{60};
 
-    /// To be asked at each end of the process; `now` is of any clock.
+    /// Call it each time the process ends; `now` is of any clock.
     [[nodiscard]] bool allowsReload(std::chrono::duration<double> now) {
         while (!reloads_.empty() && now - reloads_.front() >= period) reloads_.pop_front();
         if (reloads_.size() == maxReloads) return false;

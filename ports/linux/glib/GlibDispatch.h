@@ -26,7 +26,7 @@ public:
     void asyncMainAfter(platform::Duration delay, platform::Task task) override;
     std::shared_ptr<platform::Semaphore> makeSemaphore() override;
 
-    /// Nothing starts any more: what is queued is dropped, and so is what comes later.
+    /// Starts no more tasks: queued and later tasks are dropped.
     void close();
     /// Whether a global task runs. It cannot be stopped, and it may be using the port.
     [[nodiscard]] bool hasRunningGlobalTasks() const { return workers_.areBusy(); }

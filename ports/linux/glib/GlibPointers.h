@@ -28,7 +28,7 @@ struct SourceDestroy {
     }
 };
 
-/// Owners of what GLib hands out to us.
+/// Owners of objects and memory from GLib.
 template <typename T>
 using ObjectPointer = std::unique_ptr<T, ObjectUnref>;
 using VariantPointer = std::unique_ptr<GVariant, VariantUnref>;

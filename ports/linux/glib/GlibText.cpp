@@ -19,8 +19,8 @@ TextPointer madeValid(std::string_view text) {
     return TextPointer(g_utf8_make_valid(text.data(), static_cast<gssize>(text.size())));
 }
 
-/// Folding without a look into the tables, for what most titles are. Not for the letter I, whose
-/// lower case is another one in Turkish, and not for NUL.
+/// A fast path for ASCII titles, without GLib's tables. Not for the letter I, whose lower case is
+/// another one in Turkish, and not for NUL.
 std::optional<std::string> plainFolded(std::string_view text) {
     std::string lower(text);
     for (auto& character : lower) {

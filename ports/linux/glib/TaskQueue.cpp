@@ -55,7 +55,7 @@ void TaskQueue::runNext(Instant now) {
     const bool removed = !running_;
     running_.reset();
     if (const auto interval = current.mapped().interval; interval && !removed && !closed_) {
-        // Stays on the grid of its first round; the rounds that were missed are left out.
+        // Keeps the rhythm of its first round and skips missed rounds.
         auto& due = current.key().first;
         const auto late = std::max(Instant::clock::now() - due, Instant::duration::zero());
         due += *interval * (late / *interval + 1);

@@ -12,8 +12,8 @@
 
 namespace stagehopper::linux_port {
 
-/// Tasks by the moment at which they are due, then by the order of posting. Knows no clock: time
-/// is handed in. Any thread may add and remove; one thread runs.
+/// Tasks ordered by due time, then by posting. Has no clock: the caller passes the time. Any thread
+/// may add and remove; one thread runs.
 class TaskQueue {
 public:
     using Instant = std::chrono::steady_clock::time_point;
@@ -21,14 +21,14 @@ public:
     /// Absent when nothing is queued.
     using NextDue = std::optional<Instant>;
 
-    /// `nextChanged` is told when the next task is due, after every change. It is called with the
-    /// queue locked, so that what two threads report cannot arrive in the wrong order.
+    /// `nextChanged` receives the due time of the next task after every change. It is called with
+    /// the queue locked, so that the reports of two threads arrive in order.
     explicit TaskQueue(std::function<void(NextDue)> nextChanged);
 
     Id add(Instant due, platform::Task task);
     /// `interval` is above zero.
     Id addRepeating(Instant firstDue, Instant::duration interval, platform::Task task);
-    /// The task does not start any more. Safe from inside the task itself.
+    /// The task does not start again. Safe from inside the task itself.
     void remove(Id id);
     /// Runs the first task, if it is due.
     void runNext(Instant now);

@@ -7,7 +7,7 @@
 
 namespace stagehopper::linux_port {
 
-/// Signals that nobody has waited for yet, counted. Any thread.
+/// A counting semaphore. Any thread.
 class ThreadSemaphore final : public platform::Semaphore {
 public:
     void signal() override;

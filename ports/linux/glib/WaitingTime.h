@@ -8,8 +8,8 @@
 
 namespace stagehopper::linux_port {
 
-/// A wait that the steady clock can count: no shorter than `minimum`, no longer than a year, for
-/// an endless one would overflow it.
+/// A wait that the steady clock can count: no shorter than `minimum`, no longer than a year,
+/// because an endless wait would overflow it.
 inline std::chrono::steady_clock::duration waitingTime(
     platform::Duration wanted, platform::Duration minimum = platform::Duration::zero()) {
     constexpr platform::Duration maximum = std::chrono::hours(24 * 365);

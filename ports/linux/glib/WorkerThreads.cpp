@@ -38,7 +38,8 @@ void WorkerThreads::runTask(void* task, void* self) noexcept {
     ++handedOver;
     const std::unique_ptr<platform::Task> owned(static_cast<platform::Task*>(task));
     auto& workers = *static_cast<WorkerThreads*>(self);
-    // Counted first: whoever closes the pool and then finds nobody busy must be right.
+    // Counted before the check: a caller that closes the pool and then sees no busy thread must be
+    // right.
     ++workers.running_;
     if (!workers.closed_) (*owned)();
     --workers.running_;

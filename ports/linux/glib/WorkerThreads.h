@@ -10,8 +10,8 @@ struct _GThreadPool;
 
 namespace stagehopper::linux_port {
 
-/// Threads for work that may block; there are as many as work asks for, up to a limit far above
-/// what we use. Any thread.
+/// Threads for work that may block. Their number grows with the work, up to a limit far above our
+/// use. Any thread.
 class WorkerThreads {
 public:
     WorkerThreads();
@@ -21,7 +21,7 @@ public:
     WorkerThreads& operator=(const WorkerThreads&) = delete;
 
     void post(platform::Task task);
-    /// Tasks that have not started are dropped, now and later.
+    /// Drops the tasks that have not started, now and later.
     void close() { closed_ = true; }
     [[nodiscard]] bool areBusy() const { return running_ > 0; }
 

@@ -9,7 +9,7 @@
 namespace stagehopper::linux_port {
 namespace {
 
-/// What the user holds of a connection. Only jobs on the network thread hold the connection itself,
+/// The caller's handle of a connection. Only jobs on the network thread hold the connection itself,
 /// and only for as long as they run: it must not die anywhere else.
 class WebSocketHandle final : public platform::WebSocketTask {
 public:

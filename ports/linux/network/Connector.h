@@ -16,10 +16,10 @@ namespace stagehopper::linux_port {
 /// that. Network thread only.
 class Connector : public std::enable_shared_from_this<Connector> {
 public:
-    /// Without words when it is connected, else with the reason.
+    /// Empty when connected, else the reason.
     using Done = WireStream::Done;
 
-    /// The thread and the stream outlive it: whatever `done` holds sees to that.
+    /// The thread and the stream outlive it: `done` holds what keeps them alive.
     Connector(NetworkThread& thread, WireStream& stream) : thread_(thread), stream_(stream) {}
 
     void start(UrlParts url, Done done);

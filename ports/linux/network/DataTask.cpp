@@ -18,7 +18,7 @@ using boost::system::error_code;
 constexpr std::uint64_t bodyLimit = 16U << 20U;
 constexpr std::uint32_t headerLimit = 64U << 10U;
 
-/// One request on one connection. What it waits for keeps it alive.
+/// One request on one connection. Its pending operations keep it alive.
 class DataTask : public std::enable_shared_from_this<DataTask> {
 public:
     DataTask(NetworkThread& thread, UrlParts url,
@@ -79,7 +79,7 @@ private:
 
     void finish(platform::DataResult result) {
         const auto completion = std::exchange(completion_, nullptr);
-        // What we have ourselves cut short has failed, too.
+        // A request that we have cut short has failed as well.
         if (!completion) return;
         limit_.cancel();
         connector_->cancel();

@@ -10,7 +10,7 @@
 
 namespace stagehopper::linux_port {
 
-/// GETs `url` and posts the completion with what came of it. On the network thread.
+/// GETs `url` and posts the completion with the result. On the network thread.
 void startDataTask(NetworkThread& thread, const std::string& url, std::chrono::milliseconds limit,
                    std::function<void(platform::DataResult)> completion);
 

@@ -13,17 +13,17 @@ struct SocketAddress {
     socklen_t size = 0;
 };
 
-/// What is known of a host: its addresses, best first, or why there are none.
+/// The result for a host: its addresses, best first, or the reason why there are no addresses.
 struct HostLookup {
     std::vector<SocketAddress> addresses;
-    /// Words for a person; empty when there are addresses.
+    /// The reason as text; empty when there are addresses.
     std::string problem;
 };
 
-/// `host` is a number: nobody needs to be asked. Any thread.
+/// For a `host` that is a number and needs no lookup. Any thread.
 bool isNumericHost(const std::string& host);
 
-/// Asks the system. May block for many seconds. Any thread.
+/// Looks the host up with the system's resolver. May block for many seconds. Any thread.
 HostLookup lookUpHost(const std::string& host, const std::string& port);
 
 }  // namespace stagehopper::linux_port

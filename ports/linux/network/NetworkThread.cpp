@@ -31,7 +31,7 @@ private:
 
 }  // namespace
 
-// One thread runs it: the hint saves locks that nobody would contend for.
+// One thread runs it: the hint saves needless locks.
 NetworkThread::NetworkThread() : context_(std::make_unique<boost::asio::io_context>(1)) {
     const SignalsBlocked blocked;
     thread_ = std::thread([this] { run(); });
@@ -61,8 +61,8 @@ void NetworkThread::end() {
     ending_ = true;
     std::unique_lock lock(mutex_);
     if (std::exchange(ended_, true)) return;
-    // Behind the jobs that are queued: a connection that was closed a moment ago still says so to
-    // its peer.
+    // Behind the jobs that are queued: a connection that has just been closed still sends its
+    // closing message.
     boost::asio::post(*context_, [this] {
         for (const auto& connection : kept_) connection->leave();
         context_->stop();
@@ -96,7 +96,7 @@ void NetworkThread::lookUp(const std::string& host, const std::string& port,
         post([this, id, found = lookUpHost(host, port)] { answer(id, found); });
         return;
     }
-    // Left alone when it is not needed any more: it knows a number, and owns nothing of ours.
+    // An abandoned lookup keeps running: it holds only a number and owns nothing of ours.
     auto ask = [weak = weak_from_this(), id, host, port] {
         auto found = lookUpHost(host, port);
         if (const auto self = weak.lock()) {

@@ -21,7 +21,7 @@ namespace stagehopper::linux_port {
 class Connection {
 public:
     virtual ~Connection() = default;
-    /// The thread is about to end: says goodbye, if that needs no waiting.
+    /// The thread is about to end: sends a closing message, if that needs no waiting.
     virtual void leave() = 0;
 };
 
@@ -33,7 +33,7 @@ class NetworkThread : public std::enable_shared_from_this<NetworkThread> {
 public:
     using Job = std::function<void()>;
 
-    /// Starts the thread, so that no job can fail for the lack of one.
+    /// Starts the thread, so that no later job can fail because a thread cannot be started.
     NetworkThread();
     /// `end` must have been called.
     ~NetworkThread();

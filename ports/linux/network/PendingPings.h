@@ -12,18 +12,18 @@
 
 namespace stagehopper::linux_port {
 
-/// Which ping still waits for its pong. Each carries its number: a server that is late may answer
-/// only the last one, and that answers those before it, too. No thread of its own, no locks.
-class PendingPings {
+/// The pings that still wait for their pong. Each carries a number: a slow server may answer only
+/// the last ping, and that pong also answers the earlier ones. No thread of its own, no locks.
+class PingLedger {
 public:
     using Handler = std::function<void(std::optional<platform::UrlError>)>;
 
     void add(Handler handler);
     /// The payload of the next ping that has not been sent; it counts as sent from here on.
     std::optional<std::string> takeUnsent();
-    /// The handlers that this pong answers, oldest first; none if it answers no ping of ours.
+    /// The handlers that this pong answers, oldest first; empty for an unknown payload.
     std::vector<Handler> answeredBy(std::string_view pongPayload);
-    /// All that wait, oldest first.
+    /// All waiting handlers, oldest first.
     std::vector<Handler> takeAll();
 
 private:

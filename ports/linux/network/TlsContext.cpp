@@ -8,7 +8,7 @@ boost::asio::ssl::context makeTlsContext() {
     boost::asio::ssl::context context(boost::asio::ssl::context::tls_client);
     SSL_CTX_set_min_proto_version(context.native_handle(), TLS1_2_VERSION);
     context.set_verify_mode(boost::asio::ssl::verify_peer);
-    // Without any there, no certificate is trusted.
+    // Without certificates there, none is trusted.
     boost::system::error_code ignored;
     context.set_default_verify_paths(ignored);
     return context;

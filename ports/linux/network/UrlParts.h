@@ -6,24 +6,24 @@
 
 namespace stagehopper::linux_port {
 
-/// What a client needs of an address.
+/// The parts of a URL that a client needs.
 struct UrlParts {
     /// In lower case.
     std::string scheme;
     /// A name or a number; an IPv6 number without its brackets.
     std::string host;
-    /// Decimal; the scheme's own if the address names none.
+    /// Decimal; the scheme's default if the URL has no port.
     std::string port;
-    /// Path and query as they were written, without the fragment; "/" if there are none.
+    /// Path and query as written, without the fragment; "/" if both are missing.
     std::string target;
 
-    /// By https or wss.
+    /// True for https and wss.
     [[nodiscard]] bool isEncrypted() const { return scheme == "https" || scheme == "wss"; }
     /// For the Host header: brackets around IPv6, the port unless it is the scheme's own.
     [[nodiscard]] std::string authority() const;
 };
 
-/// Nothing if `url` is none, or is none of http, https, ws and wss. Any thread.
+/// Absent for an invalid URL and for schemes other than http, https, ws and wss. Any thread.
 std::optional<UrlParts> splitUrl(std::string_view url);
 
 }  // namespace stagehopper::linux_port

@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t messageLimit = 1U << 20U;
 constexpr int goingAway = 1001;
-/// What stands for the code of a close frame that has none.
+/// The code reported for a close frame without one.
 constexpr int noCode = 1005;
 
 }  // namespace
@@ -38,7 +38,7 @@ void WebSocketConnection::resume() {
     wire_ = std::make_unique<Wire>(thread_);
     const auto self = shared_from_this();
     startTimer(limits_.handshake, [self] {
-        // It may have expired in the very moment in which the handshake came to its end.
+        // It may have expired at the moment when the handshake finished.
         if (self->phase_ == Phase::connecting) self->fail("The connection timed out");
     });
     wire_->connector->start(*parts, [self, parts = *parts](const std::string& problem) {
@@ -138,7 +138,7 @@ void WebSocketConnection::sendNextPing() {
                              [self = shared_from_this()](error_code error) {
                                  self->sendingPing_ = false;
                                  if (!error) return self->sendNextPing();
-                                 // A read that is under way says better what has happened.
+                                 // A pending read reports the cause more precisely.
                                  if (self->held_) self->fail(error.message());
                              });
 }
@@ -146,7 +146,7 @@ void WebSocketConnection::sendNextPing() {
 void WebSocketConnection::cancel(int closeCode) {
     if (phase_ == Phase::over) return;
     const bool wasOpen = phase_ == Phase::open;
-    // What has come but was not fetched is given up, too.
+    // A received message that was not fetched is dropped as well.
     held_.reset();
     endWith("The connection was cancelled");
     if (!wasOpen) return closeSocket();

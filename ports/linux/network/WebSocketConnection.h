@@ -22,8 +22,8 @@ namespace stagehopper::linux_port {
 
 /// The client's end of one WebSocket connection. Network thread only, but for the constructor.
 ///
-/// One read is always under way, because control frames come with it; a message that nobody has
-/// asked for ends that until it is fetched, so that a server cannot fill our memory.
+/// One read is always under way, because control frames come with it; reading pauses while a
+/// received message waits to be fetched, so that a server cannot fill our memory.
 class WebSocketConnection final : public Connection,
                                   public std::enable_shared_from_this<WebSocketConnection> {
 public:
@@ -56,10 +56,10 @@ private:
     void readNext();
     void readDone(boost::system::error_code error);
     void sendNextPing();
-    /// Whatever is pending gets these words as its error, and so does what is asked for later.
+    /// Pending and later calls fail with this text.
     void endWith(const std::string& words);
     void fail(const std::string& words);
-    /// The words for what the server's close frame said.
+    /// Describes the server's close frame.
     [[nodiscard]] std::string closedByServer() const;
     void startTimer(std::chrono::milliseconds limit, std::function<void()> expired);
     void closeSocket();

@@ -9,7 +9,7 @@ namespace {
 namespace asio = boost::asio;
 using boost::system::error_code;
 
-/// The certificate must be for this host, as RFC 6125 compares names.
+/// The certificate must be valid for this host, by the name rules of RFC 6125.
 bool expectHost(SSL* ssl, const std::string& host) {
     // A zone names one of our own interfaces, and no certificate knows it.
     const std::string address = host.substr(0, host.find('%'));

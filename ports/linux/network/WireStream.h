@@ -22,7 +22,7 @@ class WireStream {
 public:
     using Socket = boost::asio::ip::tcp::socket;
     using executor_type = Socket::executor_type;
-    /// Without words when it has worked, else with the reason.
+    /// Empty on success, else the reason.
     using Done = std::function<void(const std::string& problem)>;
 
     explicit WireStream(boost::asio::io_context& context)
@@ -34,9 +34,9 @@ public:
     /// The TLS handshake with a server that must prove that it is `host`, a name or an address. The
     /// context outlives it.
     void encrypt(boost::asio::ssl::context& context, const std::string& host, Done done);
-    /// Tells an encrypted peer that nothing more comes, and does not wait for its answer.
+    /// Sends an encrypted peer the end of the stream and does not wait for its answer.
     void sayGoodbye();
-    /// Says goodbye and closes the socket; what is under way fails.
+    /// Ends the encryption, if any, and closes the socket. Pending operations fail.
     void close();
 
     // What the library asks of a stream.
@@ -55,7 +55,7 @@ public:
     }
 
 private:
-    /// Shared with the last words of an encrypted connection, which may outlive us.
+    /// Shared with the shutdown of an encrypted connection, which may outlive us.
     struct Wire {
         explicit Wire(boost::asio::io_context& context) : socket(context) {}
         Socket socket;
@@ -66,9 +66,8 @@ private:
     std::shared_ptr<Wire> wire_;
 };
 
-// The library finds these by their argument, when a WebSocket connection has ended. Left to itself
-// it would then wait for the server to close first, for as long as that takes, and hold back what
-// it has found out.
+// The library finds these by their argument, when a WebSocket connection has ended. Its default is
+// to wait without limit for the server to close first, and to hold back its result until then.
 
 inline void beast_close_socket(WireStream& stream) {
     stream.close();

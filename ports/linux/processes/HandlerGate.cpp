@@ -8,7 +8,7 @@ void HandlerGate::pass(platform::TerminationHandler handler, std::int32_t status
     ++inside_;
     lock.unlock();
     handler(status);
-    // What it holds is let go inside, too.
+    // The handler's captures are also destroyed inside the gate.
     handler = nullptr;
     lock.lock();
     if (--inside_ == 0) emptied_.notify_all();

@@ -7,13 +7,13 @@
 
 namespace stagehopper::linux_port {
 
-/// Lets termination handlers pass until it is closed, so that none of them meets services that are
-/// gone. Any thread. Shared by the processes, which outlive whoever made them.
+/// Lets termination handlers pass until it is closed, so that no handler uses services that are
+/// gone. Any thread. Shared by the processes, which outlive their maker.
 class HandlerGate {
 public:
     /// Calls the handler, unless the gate is closed; then drops it.
     void pass(platform::TerminationHandler handler, std::int32_t status);
-    /// No handler starts any more.
+    /// No further handler starts.
     void close();
     /// Not from inside a handler.
     void waitUntilEmpty();

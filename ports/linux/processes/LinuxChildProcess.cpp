@@ -43,7 +43,7 @@ platform::Outcome LinuxChildProcess::launch(platform::TerminationHandler onTermi
 }
 
 platform::Outcome LinuxChildProcess::start(platform::TerminationHandler onTermination) {
-    // The thread comes first: a program whose exit nobody notices must not be started.
+    // The thread comes first: a program must not start without a thread that notices its exit.
     std::promise<std::shared_ptr<RunningProgram>> started;
     std::thread(&attend, started.get_future(), gate_, std::move(onTermination)).detach();
     auto spawned = spawn(options_);

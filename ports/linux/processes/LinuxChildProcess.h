@@ -12,8 +12,8 @@ namespace stagehopper::linux_port {
 class HandlerGate;
 class RunningProgram;
 
-/// A program that runs as it stands. Any thread. A thread of its own notices its exit; that thread
-/// belongs to nobody, so the program may outlive this handle and all of us.
+/// A real program, run without a substitute. Any thread. A detached thread waits for its exit, so
+/// that the program may outlive this handle and this process.
 class LinuxChildProcess final : public platform::ChildProcess {
 public:
     LinuxChildProcess(platform::ChildProcessOptions options, std::shared_ptr<HandlerGate> gate);

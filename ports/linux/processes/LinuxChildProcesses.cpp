@@ -12,11 +12,11 @@ namespace stagehopper::linux_port {
 
 namespace {
 
-/// Whoever started us may have had this ignored; the system would then keep no exit status for us.
+/// Our parent may have ignored this signal; the system would then keep no exit status for us.
 void keepExitStatuses() {
     struct sigaction action {};
     ::sigaction(SIGCHLD, nullptr, &action);
-    // Somebody in this process may listen for it, who must not lose it.
+    // Another part of this process may handle this signal and must not lose it.
     if (action.sa_handler == SIG_IGN) std::signal(SIGCHLD, SIG_DFL);
 }
 

@@ -8,11 +8,12 @@ namespace stagehopper::linux_port {
 
 class HandlerGate;
 
-/// Makes processes: the programs of this system, and what stands here for macOS's. Any thread.
+/// Makes processes: the programs of this system, and the substitutes for macOS programs. Any
+/// thread.
 class LinuxChildProcesses final : public platform::ChildProcesses {
 public:
     LinuxChildProcesses();
-    /// Termination handlers that run are awaited; none starts any more. The programs go on.
+    /// Waits for the running termination handlers and starts no others. The programs keep running.
     ~LinuxChildProcesses() override;
     LinuxChildProcesses(const LinuxChildProcesses&) = delete;
     LinuxChildProcesses& operator=(const LinuxChildProcesses&) = delete;
@@ -20,7 +21,7 @@ public:
     std::shared_ptr<platform::ChildProcess> makeChildProcess(
         platform::ChildProcessOptions options) override;
 
-    /// No termination handler starts any more.
+    /// No further termination handler starts.
     void close();
     /// Whether a handler runs. It cannot be stopped, and it may be using the port.
     [[nodiscard]] bool hasRunningHandlers() const;

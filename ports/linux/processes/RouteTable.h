@@ -6,7 +6,7 @@
 
 namespace stagehopper::linux_port {
 
-/// A way out of this network, by a machine that can be addressed.
+/// A default route through a gateway with an address.
 struct DefaultRoute {
     std::string gateway;
     std::string interface;
@@ -16,7 +16,7 @@ struct DefaultRoute {
 };
 
 /// The default routes in the kernel's own table (the text of /proc/net/route), the preferred one
-/// first. Lines that are no routes are passed over. Pure.
+/// first. Invalid lines are skipped. Pure.
 std::vector<DefaultRoute> defaultRoutes(std::string_view kernelTable);
 
 /// One line a route: `default GATEWAY FLAGS INTERFACE`.

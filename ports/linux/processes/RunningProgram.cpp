@@ -9,8 +9,8 @@ namespace stagehopper::linux_port {
 
 namespace {
 
-/// `waitid`, whatever signals come meanwhile. The exit status or the number of the signal; 0 when
-/// somebody else has taken the program's end.
+/// `waitid`, retried after signals. The exit status or the number of the signal; 0 when other code
+/// has already collected the exit.
 std::int32_t waitFor(pid_t process, int options) {
     siginfo_t end{};
     while (::waitid(P_PID, static_cast<id_t>(process), &end, WEXITED | options) != 0) {
@@ -22,7 +22,8 @@ std::int32_t waitFor(pid_t process, int options) {
 }  // namespace
 
 void RunningProgram::awaitExit() {
-    // Only looked at here: until the exit is collected, nobody else gets the program's number.
+    // Only peeked at here: until the exit is collected, the kernel does not reuse the process
+    // number.
     waitFor(process_, WNOWAIT);
     const std::scoped_lock lock(mutex_);
     status_ = waitFor(process_, WNOHANG);

@@ -18,7 +18,7 @@ public:
     RunningProgram(pid_t process, posix::FileDescriptor lifeline)
         : process_(process), lifeline_(std::move(lifeline)) {}
 
-    /// Blocks until the program has exited, and takes note of how. Once.
+    /// Blocks until the program has exited and stores its status. Call once.
     void awaitExit();
     /// SIGTERM, unless it has exited.
     void terminate();

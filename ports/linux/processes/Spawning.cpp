@@ -43,7 +43,7 @@ private:
     posix_spawnattr_t attributes_{};
 };
 
-/// Texts as C hands them to a program: pointers into `texts`, a null pointer at the end.
+/// Arguments in the form that C wants: pointers into `texts` and a null pointer at the end.
 std::vector<char*> pointersTo(std::vector<std::string>& texts) {
     std::vector<char*> pointers;
     for (auto& text : texts) pointers.push_back(text.data());
@@ -65,8 +65,8 @@ std::vector<std::string> entries(const platform::Environment& environment) {
     return lines;
 }
 
-/// A terminal that nobody types at: our side of it, and the path of the other. Not open when the
-/// system has none to give.
+/// A terminal without a user: our side of it, and the path of the other side. Not open when the
+/// system has no free terminal.
 struct Terminal {
     posix::FileDescriptor ours;
     std::string path;
@@ -97,7 +97,7 @@ void describeSignals(posix_spawnattr_t* attributes, bool inOwnSession) {
 
 void describeFiles(posix_spawn_file_actions_t* actions, const posix::FileDescriptor& output,
                    const Terminal& terminal, const platform::ChildProcessOptions& options) {
-    // The first terminal that a session opens is its own, as long as it is open there.
+    // The first terminal that a session opens becomes its controlling terminal.
     const char* input = terminal.ours.isOpen() ? terminal.path.c_str() : nullDevice;
     ::posix_spawn_file_actions_addopen(actions, STDIN_FILENO, input, O_RDONLY, 0);
     if (output.isOpen()) {

@@ -11,11 +11,11 @@ namespace stagehopper::linux_port {
 
 class HandlerGate;
 
-/// Stands for a program that this system does not have: a text takes the place of what it would
-/// print. From its launch on it has exited, with status 0. Any thread.
+/// Replaces a program that this system does not have: a text replaces its output. It counts as
+/// exited, with status 0, from its launch. Any thread.
 class StandInProcess final : public platform::ChildProcess {
 public:
-    /// `output` is asked at the launch.
+    /// `output` is called at launch.
     StandInProcess(std::function<std::string()> output, std::shared_ptr<HandlerGate> gate);
 
     platform::Outcome launch(platform::TerminationHandler onTermination) override;
@@ -32,7 +32,7 @@ private:
     std::string unread_;
 };
 
-/// Stands for a program that must not run here: its launch is refused.
+/// Replaces a program that must not run here: its launch is refused.
 class RefusedProcess final : public platform::ChildProcess {
 public:
     explicit RefusedProcess(std::string reason) : reason_(std::move(reason)) {}

@@ -14,7 +14,7 @@ namespace stagehopper::linux_port {
 
 namespace {
 
-/// Where systems keep their ping. Not the user's path: what stands first there is not ours to run.
+/// Where systems keep their ping. Not the user's PATH: its first match may be an unknown program.
 constexpr std::array pings{"/usr/bin/ping", "/bin/ping", "/usr/sbin/ping", "/sbin/ping"};
 
 std::string currentRoutes() {

@@ -22,9 +22,9 @@ struct Answer {
 /// What is done instead of running a program.
 using ToolSubstitute = std::variant<Executable, Refusal, Answer>;
 
-/// Programs are asked for by the places where macOS has them. Its route listing and its ping have
-/// their like here; its scripting language and its switch for the neighbour radio do not, and a
-/// file of that name would be something else. Every other program is what it is. Any thread.
+/// Callers name programs by their paths on macOS. Its route listing and its ping have counterparts
+/// here. Its scripting language and its switch for the neighbor radio have none, and a file of that
+/// name would be a different program. Every other path is used as given. Any thread.
 ToolSubstitute systemTool(const platform::ChildProcessOptions& options);
 
 }  // namespace stagehopper::linux_port

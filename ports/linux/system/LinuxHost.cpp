@@ -23,7 +23,7 @@ std::optional<std::string> LinuxHost::bundleIdentifier() {
 }
 
 std::optional<std::filesystem::path> LinuxHost::bundleResourceDirectory() {
-    // Not the first argument: whoever starts a program may write anything there.
+    // Not the first argument: the parent process may set it to anything.
     std::error_code error;
     const auto executable = std::filesystem::read_symlink("/proc/self/exe", error);
     if (error) return std::nullopt;
@@ -43,7 +43,7 @@ platform::Environment LinuxHost::environment() {
         const std::string_view text(*entry);
         const auto nameEnd = text.find('=');
         if (nameEnd == 0 || nameEnd == std::string_view::npos) continue;
-        // Of two with one name the first counts, as for everybody who asks the system.
+        // The first of two entries with one name counts, as in getenv.
         variables.emplace(text.substr(0, nameEnd), text.substr(nameEnd + 1));
     }
     return variables;
@@ -63,7 +63,7 @@ std::string LinuxHost::localizedTime(platform::Date date) {
     const std::time_t seconds =
         std::chrono::floor<std::chrono::seconds>(date.time_since_epoch()).count();
     std::tm local{};
-    // Reads the zone anew where it has changed: computers travel.
+    // Reads the time zone again: it changes when a computer travels.
     tzset();
     if (localtime_r(&seconds, &local) == nullptr) return {};
     return mediumTime(std::setlocale(LC_TIME, nullptr), local);

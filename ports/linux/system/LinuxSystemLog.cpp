@@ -14,7 +14,7 @@ namespace {
 
 constexpr gssize terminatedText = -1;
 
-/// Straight to the journal's socket, not through GLib's logging: whoever listens there may log
+/// Straight to the journal's socket, not through GLib's logging: a handler installed there may log
 /// through us.
 void writeToJournal(std::string_view message) {
     const std::array<GLogField, 3> fields{{

@@ -4,8 +4,8 @@
 
 namespace stagehopper::linux_port {
 
-/// Standard error, one write for each message, and the journal, unless standard error leads there
-/// already. Any thread; no failure shows.
+/// Standard error, one write for each message, and the journal, unless standard error is connected
+/// to it. Any thread; failures are ignored.
 class LinuxSystemLog final : public platform::SystemLog {
 public:
     LinuxSystemLog();

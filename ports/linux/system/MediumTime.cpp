@@ -26,7 +26,7 @@ std::string utf8(const UChar* text, std::int32_t length) {
 }  // namespace
 
 std::string mediumTime(const char* locale, const std::tm& time) {
-    // The local time of day as if it were a universal one: the zone is dealt with already.
+    // The local time of day as if it were a universal one: the zone is already applied.
     std::tm universal = time;
     const auto milliseconds = 1000.0 * static_cast<double>(timegm(&universal));
     UErrorCode status = U_ZERO_ERROR;
@@ -37,7 +37,7 @@ std::string mediumTime(const char* locale, const std::tm& time) {
     const auto length = udat_format(format.get(), milliseconds, text.data(),
                                     static_cast<std::int32_t>(text.size()), nullptr, &status);
     if (U_FAILURE(status) != 0) return {};
-    // Newer tables put a narrow no-break space there, which no one who searches a log types.
+    // Newer tables put a narrow no-break space there, which a user searching the log does not type.
     std::ranges::replace(text, u'\u202F', u' ');
     return utf8(text.data(), length);
 }

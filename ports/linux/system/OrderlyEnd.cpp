@@ -15,7 +15,7 @@ void endOrderly(GlibDispatch& dispatch, LinuxChildProcesses& childProcesses,
         keyboard.reset();
         std::_Exit(status);
     }
-    // Its answers use the controller, too.
+    // Its completions use the controller.
     urlSession.reset();
 }
 

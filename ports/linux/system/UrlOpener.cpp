@@ -15,7 +15,7 @@ constexpr std::string_view accessibilitySettings =
 struct SettingsProgram {
     const char* program;
     const char* page;
-    /// In the desktop's own name for itself.
+    /// By the name that the desktop gives itself.
     std::string_view desktop;
 };
 
@@ -33,7 +33,7 @@ bool start(const SettingsProgram& settings) {
     if (!path) return false;
     std::string page = settings.page != nullptr ? settings.page : "";
     std::array<char*, 3> arguments{path.get(), page.empty() ? nullptr : page.data(), nullptr};
-    // Without G_SPAWN_DO_NOT_REAP_CHILD GLib forks twice, and no zombie is left to us.
+    // Without G_SPAWN_DO_NOT_REAP_CHILD GLib forks twice, and we have no zombie to collect.
     return g_spawn_async(
                nullptr, arguments.data(), nullptr,
                static_cast<GSpawnFlags>(G_SPAWN_STDOUT_TO_DEV_NULL | G_SPAWN_STDERR_TO_DEV_NULL),
@@ -47,7 +47,7 @@ bool openAccessibilitySettings() {
         if (desktop.find(settings.desktop) != std::string_view::npos && start(settings))
             return true;
     }
-    // On a desktop that we do not know, any settings program is better than none.
+    // On an unknown desktop, try each settings program.
     for (const auto& settings : settingsPrograms) {
         if (start(settings)) return true;
     }

@@ -40,7 +40,7 @@ void AccessibilityBus::connectionChanged() {
     hangs_ = false;
     asker_ = std::make_shared<const int>();
     if (connection_.get() == nullptr) return service_.findAddressLater();
-    // Starts the registry where no program has needed it yet.
+    // Starts the registry if no program has needed it yet.
     callInBackground(connection_.get(), at_spi_call::children({registryBus, registryRoot}), asker_,
                      &ignore);
 }
@@ -147,7 +147,7 @@ std::optional<ObjectReference> AccessibilityBus::applicationOf(platform::Pid pro
 void AccessibilityBus::registerEventListener() {
     if (eventListenerRegistered_) return;
     eventListenerRegistered_ = true;
-    // An event that nobody sends: it is the listening that counts, not what is heard.
+    // An event that no program sends: the registration matters, not the events.
     call({{registryBus, "/org/a11y/atspi/registry"},
           "org.a11y.atspi.Registry",
           "RegisterEvent",

@@ -17,16 +17,15 @@
 
 namespace stagehopper::linux_port {
 
-/// Our way to the accessibility bus. Main thread only. It connects beside the main loop from the
-/// moment it is made, and again whenever that bus is lost. While there is no connection every call
-/// fails at once, so that one task of the main loop never meets two connections.
+/// Our connection to the accessibility bus. Main thread only. It connects without blocking as soon
+/// as it is made, and again whenever the bus is lost. Without a connection every call fails at
+/// once, so that one task of the main loop never uses two connections.
 ///
-/// A program that once let a call time out is left alone for a short while: a hung program costs
-/// one limit, not one for each question. So does a hung bus, until it answers again.
+/// After a timeout a program gets no calls for a short while, so that a hung program costs one time
+/// limit, not one for each call. The same holds for a hung bus, until it answers again.
 class AccessibilityBus {
 public:
-    /// For one round of calls, however many there are in it. A bus that works answers in well under
-    /// a millisecond.
+    /// For one round of any number of calls. A healthy bus answers in well under a millisecond.
     static constexpr RoundLimits limits{.bus = std::chrono::milliseconds{80},
                                         .all = std::chrono::milliseconds{500}};
 
@@ -35,12 +34,12 @@ public:
     AccessibilityBus(const AccessibilityBus&) = delete;
     AccessibilityBus& operator=(const AccessibilityBus&) = delete;
 
-    /// Whether the desktop has accessibility switched on and its bus is there. Asks nobody.
+    /// Whether the desktop has accessibility switched on and its bus is connected. Makes no calls.
     [[nodiscard]] bool isEnabled() const;
-    /// Switches accessibility on for the whole desktop. Returns before that has happened.
+    /// Switches accessibility on for the whole desktop. Returns before it is on.
     void enable() { service_.enable(); }
 
-    /// All calls at once; the results stand in their order.
+    /// Sends all calls at once; the results have the order of the calls.
     std::vector<CallResult> call(std::vector<BusCall> calls);
     CallResult call(BusCall call);
     /// The children of each object, in one round.
@@ -48,12 +47,12 @@ public:
     /// Performs the object's first action, which chooses a menu item. Without an answer it counts
     /// as performed, see UIElement::press.
     platform::AccessibilityError doFirstAction(const ObjectReference& object);
-    /// The root of the program that this process has put on the bus.
+    /// The root object of this process's program on the bus.
     std::optional<ObjectReference> applicationOf(platform::Pid process);
-    /// Forgotten with the connection.
+    /// Cleared when the connection is lost.
     ProgramCache& programCache() { return programCache_; }
-    /// Makes toolkits keep the cache that they answer bulk reads from: some do so only for a client
-    /// that listens to events.
+    /// Makes toolkits keep the cache that bulk reads use: some keep it only for clients that listen
+    /// to events.
     void registerEventListener();
 
 private:
@@ -66,7 +65,7 @@ private:
     std::map<std::string, Instant> backoffUntil_;
     bool eventListenerRegistered_ = false;
     bool hangs_ = false;
-    /// Answers that come over an earlier connection are dropped.
+    /// Replies from an earlier connection are dropped.
     std::shared_ptr<const int> asker_;
     BusConnection connection_;
     AccessibilityService service_;

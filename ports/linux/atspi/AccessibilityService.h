@@ -10,21 +10,21 @@
 namespace stagehopper::linux_port {
 
 /// The desktop's accessibility service on the session bus: it knows whether accessibility is
-/// switched on and where its bus is. Main thread only; nothing here blocks. The service, and the
-/// session bus, may come late, hang, go and come back.
+/// switched on and where its bus is. Main thread only; nothing here blocks. The service and the
+/// session bus may start late, hang, stop and return.
 class AccessibilityService {
 public:
-    /// `addressFound` runs on the main loop when the service has told where its bus is.
+    /// `addressFound` runs on the main loop with the address of the service's bus.
     explicit AccessibilityService(std::function<void(const std::string&)> addressFound);
     ~AccessibilityService();
     AccessibilityService(const AccessibilityService&) = delete;
     AccessibilityService& operator=(const AccessibilityService&) = delete;
 
-    /// As the service said last; false while there is none.
+    /// The service's last report; false without a service.
     [[nodiscard]] bool isEnabled() const { return enabled_; }
-    /// Switches accessibility on for the whole desktop. Returns before that has happened.
+    /// Switches accessibility on for the whole desktop. Returns before it is on.
     void enable();
-    /// Asks again after a while where the bus is. Starts the service where it does not run.
+    /// Requests the bus address again after a while. Starts the service if it does not run.
     void findAddressLater();
 
 private:
@@ -51,7 +51,7 @@ private:
     /// The connection that the two above belong to.
     ObjectPointer<GDBusConnection> watched_;
     SourcePointer retry_;
-    /// Answers to questions of an earlier session, or to nobody, are dropped.
+    /// Replies to calls of an earlier session are dropped.
     std::shared_ptr<const int> asker_;
 };
 

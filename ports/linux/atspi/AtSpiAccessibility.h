@@ -11,9 +11,9 @@ class TrustDialog;
 class X11Desktop;
 
 /// Other programs' interfaces through the accessibility bus. Main thread only. `desktop` outlives
-/// it: it answers for the windows of programs that are not on that bus.
+/// it: it provides the windows of programs that are not on that bus.
 ///
-/// Connects when it is made, so that no slide step has to wait for that.
+/// Connects when it is made, so that no slide step waits for the connection.
 class AtSpiAccessibility final : public platform::Accessibility {
 public:
     explicit AtSpiAccessibility(X11Desktop& desktop);

@@ -20,7 +20,7 @@ BusCall role(const ObjectReference& object);
 BusCall states(const ObjectReference& object);
 }  // namespace at_spi_call
 
-/// What the replies say; absent, or the invalid role, where the call failed.
+/// Reads the replies; absent, or the invalid role, for a failed call.
 namespace at_spi_reply {
 std::optional<References> children(const CallResult& result);
 std::optional<std::string> name(const CallResult& result);

@@ -47,7 +47,7 @@ inline constexpr std::uint64_t visible = 1ULL << 30U;
 
 /// Whether it is a top-level window of its program.
 bool isWindow(AtSpiRole role);
-/// Whether it only arranges others, so that a menu bar may be found inside. A root pane is none:
+/// Whether it only arranges other objects, so that a menu bar may be inside. Not a root pane:
 /// LibreOffice keeps a second menu bar there, and a press in that one takes the focus.
 bool isLayout(AtSpiRole role);
 /// The role of something `depth` levels below a menu bar (1 is a menu of the bar itself). Only

@@ -5,7 +5,7 @@ namespace stagehopper::linux_port {
 namespace {
 
 /// Object, application, parent, place among its siblings, number of children, interfaces, name,
-/// role, description, states. Older toolkits send another type, which we do without.
+/// role, description, states. Older toolkits send another type, which we ignore.
 constexpr const char* replyType = "(a((so)(so)(so)iiassusau))";
 
 VariantPointer field(const VariantPointer& tuple, gsize index) {

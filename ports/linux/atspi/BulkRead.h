@@ -9,9 +9,8 @@
 
 namespace stagehopper::linux_port {
 
-/// What a toolkit's cache says about all objects of a program, in one round trip. The toolkit
-/// reads titles and roles at that moment; it leaves objects out at will, and the order of children
-/// is not in it.
+/// A toolkit's cache of all objects of a program, read in one round trip. The toolkit reads titles
+/// and roles at that moment. It may omit objects, and it does not contain the order of children.
 class BulkRead {
 public:
     struct Entry {
@@ -20,13 +19,13 @@ public:
         bool hasChildren = false;
     };
 
-    /// The call to send, for the program that `object` belongs to. Toolkits answer it only after
+    /// The call to send to the program of `object`. Toolkits answer it only after
     /// AccessibilityBus::registerEventListener.
     static BusCall call(const ObjectReference& object);
-    /// Empty when the program of `object` has no cache to offer or took too long.
+    /// Empty when the program of `object` has no cache or took too long.
     BulkRead(const ObjectReference& object, const CallResult& result);
 
-    /// Null for an object that the cache leaves out.
+    /// Null for an object that is not in the cache.
     [[nodiscard]] const Entry* find(const ObjectReference& object) const;
 
 private:

@@ -7,7 +7,7 @@ namespace stagehopper::linux_port {
 
 namespace {
 
-/// Makes a main context of its own the one that replies come to, for as long as it stands.
+/// Routes replies to a private main context for its lifetime.
 class PrivateContext {
 public:
     PrivateContext() : context_(g_main_context_new()) {
@@ -35,7 +35,7 @@ CallFailure failureOf(const GError* error) {
     if (g_error_matches(error, G_IO_ERROR, G_IO_ERROR_INVALID_ARGUMENT) != FALSE) {
         return CallFailure::unexpectedReply;
     }
-    // What did not come from the other side does not tell what the other side did.
+    // A local error does not show what the other side did.
     if (g_dbus_error_is_remote_error(error) == FALSE) return CallFailure::unanswered;
     if (error->domain != G_DBUS_ERROR) return CallFailure::refused;
     switch (error->code) {
@@ -79,13 +79,13 @@ void send(GDBusConnection* connection, const BusCall& call, std::chrono::millise
                            static_cast<int>(limit.count()), cancellable, callback, data);
 }
 
-/// Any answer to it shows that the bus works.
+/// A call to the bus itself. Any reply shows that the bus works.
 BusCall questionToTheBus() {
     constexpr const char* bus = "org.freedesktop.DBus";
     return {{bus, "/org/freedesktop/DBus"}, bus, "GetId", "(s)", nullptr};
 }
 
-/// Gives a round up when the bus has not answered by then.
+/// Cancels a round if the bus has not answered in time.
 struct BusWatch {
     const Slot& bus;
     GCancellable* round;
@@ -113,7 +113,7 @@ void backgroundReplyCame(GObject* connection, GAsyncResult* result, gpointer dat
 Round callTogether(GDBusConnection* connection, std::vector<BusCall> calls, RoundLimits limits) {
     const PrivateContext context;
     const ObjectPointer<GCancellable> cancellable(g_cancellable_new());
-    // The bus takes calls in their order, so that its own answer does not wait for anybody.
+    // The bus handles calls in order, so that its own reply does not wait for a program.
     calls.insert(calls.begin(), questionToTheBus());
     std::size_t pending = calls.size();
     std::vector<Slot> slots(calls.size());

@@ -23,7 +23,7 @@ struct BusCall {
     ObjectReference object;
     const char* interface = nullptr;
     const char* method = nullptr;
-    /// The type that the reply must have, as "(s)".
+    /// The type that the reply must have, such as "(s)".
     const char* replyType = nullptr;
     VariantPointer arguments;
 };
@@ -32,7 +32,7 @@ enum class CallFailure {
     none,
     /// Nothing has left this process.
     notSent,
-    /// Sent. Whether the other side has acted, or will act, is unknown.
+    /// Sent. It is unknown whether the other side has acted or will act.
     unanswered,
     /// Carried out, with a reply of another type.
     unexpectedReply,
@@ -52,7 +52,7 @@ struct CallResult {
 struct RoundLimits {
     /// Until the bus itself has answered.
     std::chrono::milliseconds bus;
-    /// Until everybody has.
+    /// Until all programs have answered.
     std::chrono::milliseconds all;
 };
 
@@ -63,13 +63,13 @@ struct Round {
     bool busAnswered = false;
 };
 
-/// Sends all calls before it waits for the first reply, and keeps the limits for the whole. Nothing
-/// else of this thread runs meanwhile: the replies come through a main context of their own. Any
-/// thread.
+/// Sends all calls before it waits for the first reply. The limits apply to the whole round.
+/// Nothing else runs on this thread meanwhile: the replies arrive through a private main context.
+/// Any thread.
 Round callTogether(GDBusConnection* connection, std::vector<BusCall> calls, RoundLimits limits);
 
 /// Sends a call and returns. `done` runs on this thread's main loop, unless `asker` is gone by
-/// then. The reply may take as long as it takes.
+/// then. The reply has no time limit.
 void callInBackground(GDBusConnection* connection, const BusCall& call,
                       std::weak_ptr<const void> asker, std::function<void(CallResult)> done);
 

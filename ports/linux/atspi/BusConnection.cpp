@@ -18,7 +18,7 @@ BusConnection::~BusConnection() {
 }
 
 GDBusConnection* BusConnection::get() const {
-    // The system's thread takes note of the end before our loop hears of it.
+    // GLib's thread notices the end before our loop does.
     if (connection_ && g_dbus_connection_is_closed(connection_.get()) != FALSE) return nullptr;
     return connection_.get();
 }

@@ -8,8 +8,8 @@
 
 namespace stagehopper::linux_port {
 
-/// A private connection to a message bus. Main thread only; nothing here blocks: it opens beside
-/// the main loop, and a bus that does not answer is given up after a while.
+/// A private connection to a message bus. Main thread only; nothing here blocks: it opens
+/// asynchronously, and gives up after a while if the bus does not answer.
 class BusConnection {
 public:
     /// `changed` runs on the main loop when it has opened, when it could not open, and when the
@@ -19,15 +19,15 @@ public:
     BusConnection(const BusConnection&) = delete;
     BusConnection& operator=(const BusConnection&) = delete;
 
-    /// Drops what there is and opens a connection to this address.
+    /// Drops any connection and opens one to this address.
     void open(const std::string& address);
     /// Null while it is not open.
     [[nodiscard]] GDBusConnection* get() const;
-    /// The address that it is open to, or is being opened to; empty for neither.
+    /// The address of the open or opening connection; empty without either.
     [[nodiscard]] const std::string& address() const { return address_; }
 
 private:
-    /// Outlives us while the system still works on it.
+    /// Outlives us while GLib still works on it.
     struct Attempt {
         BusConnection* owner;
         ObjectPointer<GCancellable> cancellable;

@@ -6,9 +6,9 @@ namespace stagehopper::linux_port {
 
 namespace {
 
-// A menu bar lies a few panels deep.
+// A menu bar is a few panels deep.
 constexpr int maxMenuBarDepth = 8;
-// A level with more objects than that is contents, not layout.
+// A level with more objects holds content, not layout.
 constexpr std::size_t maxLevelWidth = 300;
 
 }  // namespace

@@ -8,8 +8,8 @@ namespace stagehopper::linux_port {
 
 class AccessibilityBus;
 
-/// The menu bar of a window: the one nearest to it, first in reading order. Only panels and the
-/// like are looked into, level by level, so that a document of any size costs nothing.
+/// The menu bar of a window: the one nearest to its root, first in reading order. Searches only
+/// panels and similar objects, level by level, so that the size of a document does not matter.
 std::optional<ObjectReference> findMenuBar(AccessibilityBus& bus, const ObjectReference& window);
 
 }  // namespace stagehopper::linux_port

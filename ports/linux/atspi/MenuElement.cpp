@@ -41,7 +41,7 @@ platform::AccessibilityError MenuElement::press() const {
 std::string_view MenuElement::role() const {
     const auto& node = tree_->node(index_);
     if (node.depth == 0) return platform::accessibility_role::menuBar;
-    // What stands in the bar needs no look at its children, which would read its whole menu.
+    // A menu of the bar is not asked for its children, because that would read the whole menu.
     const bool hasChildren = node.depth == 1 || !node.children.empty();
     return menuRole(node.role, node.depth, hasChildren);
 }
@@ -51,7 +51,7 @@ std::optional<bool> MenuElement::isEnabled() const {
     const auto states =
         at_spi_reply::states(bus.call(at_spi_call::states(tree_->node(index_).object)));
     if (!states) return std::nullopt;
-    // Toolkits set both bits for what can be chosen; an object without any is gone.
+    // Toolkits set both bits for an item that can be chosen.
     return (*states & at_spi_state::enabled) != 0 && (*states & at_spi_state::sensitive) != 0;
 }
 

@@ -9,7 +9,7 @@
 namespace stagehopper::linux_port {
 
 /// A menu bar, or something below one. Role, title and children are those of the tree it belongs
-/// to; whether it is enabled is asked at the moment of reading. Main thread only.
+/// to; whether it is enabled is read on demand. Main thread only.
 class MenuElement final : public platform::UIElement {
 public:
     MenuElement(std::shared_ptr<MenuTree> tree, std::size_t index)

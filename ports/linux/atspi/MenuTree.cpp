@@ -7,12 +7,12 @@ namespace stagehopper::linux_port {
 
 namespace {
 
-// Deeper than any menu; a malformed tree must end somewhere.
+// Deeper than any menu. Ends the reading of a malformed tree.
 constexpr std::size_t maxMenuDepth = 9;
-// Likewise, for a tree without an end in its breadth.
+// Likewise for a tree of unlimited width.
 constexpr std::size_t maxNodes = 20'000;
-// From here on one big answer about the whole program comes sooner than many small ones, and with
-// it at hand the rest of the bar costs no more than one menu.
+// From this size one large reply about the whole program is faster than many small ones, and makes
+// the rest of the bar as cheap as one menu.
 constexpr std::size_t bulkFrom = 100;
 
 }  // namespace
@@ -45,8 +45,7 @@ MenuTree::Level MenuTree::readInBulk() {
     bus_->registerEventListener();
     Level others;
     std::vector<BusCall> calls;
-    // First, since its answer takes longest to be taken in; the program works on the rest
-    // meanwhile.
+    // First, because its reply takes longest to read; the program works on the rest meanwhile.
     calls.push_back(BulkRead::call(nodes_[0].object));
     for (const auto menu : nodes_[0].children) {
         if (nodes_[menu].loaded) continue;

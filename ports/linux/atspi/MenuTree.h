@@ -12,10 +12,9 @@ namespace stagehopper::linux_port {
 class AccessibilityBus;
 class BulkRead;
 
-/// The menus below one menu bar as they were when they were first asked for: the bar's own menus
-/// when the tree is made, everything below one of them when its children are wanted. Reading level
-/// by level takes as many round trips as the menu is deep, instead of several for each item.
-/// Main thread only.
+/// The menus below one menu bar as they were when first read: the bar's own menus when the tree is
+/// made, everything below one of them when its children are requested. Reading level by level takes
+/// as many round trips as the menu is deep, instead of several for each item. Main thread only.
 class MenuTree {
 public:
     struct Node {

@@ -59,7 +59,7 @@ platform::AccessibilityError ProgramElement::press() const {
 
 std::vector<ProgramElement::BusWindow> ProgramElement::busWindows() const {
     std::vector<BusWindow> windows;
-    // Our own windows would have to be described by this very thread, which waits for the answer.
+    // Our own windows would be described by this thread, which would wait for itself.
     if (process_ == getpid()) return windows;
     auto cached = bus_->programCache().find(process_);
     auto replies = cached ? readWindows(*cached) : std::nullopt;
@@ -131,8 +131,8 @@ UIElementRef ProgramElement::focusedWindow() const {
 }
 
 UIElementRef ProgramElement::menuBar() const {
-    // The active window only: during a slide show the editor's menu is still there, and a press in
-    // it is accepted and does nothing.
+    // Only of the active window: during a slide show the editor's menu still exists, and accepts a
+    // press without any effect.
     const auto windows = busWindows();
     const auto* active = activeWindow(windows);
     if (active == nullptr) return nullptr;
@@ -148,7 +148,7 @@ const ProgramElement::BusWindow* ProgramElement::activeWindow(
     const auto first = std::ranges::find_if(windows, isActive);
     if (first == windows.end()) return nullptr;
     if (std::ranges::count_if(windows, isActive) == 1) return &*first;
-    // A window that our own second keyboard has visited may call itself active too.
+    // A window that has received keys from our own keyboard may also report itself as active.
     const auto focused = desktop_.focusedWindow();
     const auto real = std::ranges::find_if(windows, [&](const BusWindow& window) {
         return window.active && focused && focused->process == process_ &&

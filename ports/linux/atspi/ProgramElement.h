@@ -14,9 +14,9 @@ namespace stagehopper::linux_port {
 
 class X11Desktop;
 
-/// The root of a program's interface. Its windows are those on the accessibility bus; where it has
-/// none there (a program that is not on that bus, or hangs), the window manager answers for them,
-/// and there is no menu bar. Main thread only. `desktop` outlives it.
+/// The root of a program's interface. Its windows come from the accessibility bus. For a program
+/// without windows there (it is not on that bus, or hangs), the window manager lists them, and
+/// there is no menu bar. Main thread only. `desktop` outlives it.
 class ProgramElement final : public platform::UIElement {
 public:
     ProgramElement(std::shared_ptr<AccessibilityBus> bus, X11Desktop& desktop,

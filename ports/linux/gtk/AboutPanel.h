@@ -4,7 +4,7 @@
 
 namespace stagehopper::linux_port {
 
-/// The window that tells name, version and licence. Main thread only. Closed with its owner.
+/// The window with name, version and license. Main thread only. Closed with its owner.
 class AboutPanel {
 public:
     AboutPanel() = default;
@@ -12,8 +12,8 @@ public:
     AboutPanel(const AboutPanel&) = delete;
     AboutPanel& operator=(const AboutPanel&) = delete;
 
-    /// Shows the panel beside `parent`, or brings the one that is open to the front. The program
-    /// goes on beside it.
+    /// Shows the panel beside `parent`, or brings the one that is open to the front. Does not block
+    /// the program.
     void show(GtkWindow* parent);
 
 private:

@@ -11,7 +11,7 @@ bool openDisplay() {
     g_set_application_name(displayName);
     gdk_set_allowed_backends("x11,*");
     if (gtk_init_check(nullptr, nullptr) == FALSE) return false;
-    // After the toolkit has set its own idea of it. Window managers and desktops know us by it.
+    // Replaces the toolkit's default. Window managers and desktops identify us by it.
     gdk_set_program_class(programName);
     return true;
 }

@@ -6,8 +6,8 @@
 
 namespace stagehopper::linux_port {
 
-/// Carries out an editing action in whatever has the focus inside `window`. Nothing happens when
-/// that is no page, or when the action is no editing action.
+/// Performs an editing action in the focused page of `window`. Does nothing without a focused page,
+/// and for other actions.
 void performEditing(platform::MenuAction action, GtkWindow* window);
 
 }  // namespace stagehopper::linux_port

@@ -6,7 +6,7 @@ namespace stagehopper::linux_port {
 
 namespace {
 
-// Longer than a compositor that is well takes, too short for somebody to miss a picture.
+// Longer than a healthy compositor needs, short enough to go unnoticed.
 constexpr guint timeoutMilliseconds = 100;
 
 }  // namespace
@@ -60,7 +60,7 @@ gboolean FrameReplyWatch::timePassed(void* self) noexcept {
 void FrameReplyWatch::answer() {
     auto* window = gtk_widget_get_window(window_);
     auto* display = gdk_window_get_display(window);
-    // The counter that would say which frame it was, is left out: GDK goes on with any.
+    // The frame counter is left out: GDK accepts any value.
     XEvent message{};
     message.xclient.type = ClientMessage;
     message.xclient.window = GDK_WINDOW_XID(window);

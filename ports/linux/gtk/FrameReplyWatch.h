@@ -6,15 +6,14 @@
 
 namespace stagehopper::linux_port {
 
-/// Keeps a window painting when the compositor owes it an answer.
+/// Keeps a window painting when the compositor does not answer a frame.
 ///
-/// After each frame of a window, GDK paints no other until the compositor says that the frame is
-/// on the screen, and it waits without limit. A compositor notices frames by a counter that it
-/// watches from the moment it knows the window. It learns of a window that no window manager
-/// manages only after that window is shown: a first frame that was painted meanwhile is never
-/// answered, and the window would stay as it was then, blank, until it is hidden. After a tenth of
-/// a second this answers in the compositor's place. Main thread only; does nothing on other
-/// desktops than X11.
+/// After each frame of a window, GDK paints no other until the compositor reports the frame as
+/// shown, and it waits without limit. A compositor notices frames by a counter that it watches from
+/// the moment it knows the window. It learns of a window that no window manager manages only after
+/// that window is shown: a first frame that was painted meanwhile is never answered, and the window
+/// would stay blank until it is hidden. After a tenth of a second this class sends the answer
+/// itself. Main thread only; does nothing on desktops other than X11.
 class FrameReplyWatch {
 public:
     /// Of a top-level window, which outlives the watch and has no X window yet.

@@ -26,7 +26,7 @@ LinuxApplication::LinuxApplication(GlibDispatch& dispatch)
       alive_(std::make_shared<LinuxApplication*>(this)) {
     g_signal_connect(application_.get(), "activate", G_CALLBACK(&LinuxApplication::activated),
                      this);
-    // Without a session bus this succeeds as well, and nobody is found.
+    // Without a session bus this also succeeds, as the only instance.
     g_application_register(G_APPLICATION(application_.get()), nullptr, nullptr);
     gtk_window_set_default_icon(applicationIcon(windowIconPixels).get());
     for (const int number : quitSignals) {
@@ -38,8 +38,8 @@ LinuxApplication::LinuxApplication(GlibDispatch& dispatch)
 
 LinuxApplication::~LinuxApplication() {
     g_signal_handlers_disconnect_by_data(application_.get(), this);
-    // Ends what registering began: otherwise the toolkit keeps an application that never ran, and
-    // the bus keeps its name.
+    // Undoes the registration: otherwise the toolkit keeps an application that never ran, and the
+    // bus keeps its name.
     if (!ran_ && isRegistered() && !isRunningElsewhere()) {
         g_signal_emit_by_name(application_.get(), "shutdown");
     }
@@ -50,7 +50,7 @@ void LinuxApplication::setDelegate(std::weak_ptr<platform::ApplicationDelegate> 
 }
 
 void LinuxApplication::setActivationPolicy(platform::ActivationPolicy /*policy*/) {
-    // Every program with a window is an ordinary one here.
+    // No such policies exist here.
 }
 
 void LinuxApplication::setMainMenu(const platform::MainMenu& menu) {
@@ -80,7 +80,7 @@ int LinuxApplication::run() {
 void LinuxApplication::activated(GApplication* /*application*/, void* self) noexcept {
     auto& application = *static_cast<LinuxApplication*>(self);
     if (application.launched_) {
-        // Started a second time: the user looks for the one that runs.
+        // The program was started a second time: show the running one.
         application.activate();
     } else {
         application.launch();
@@ -89,7 +89,7 @@ void LinuxApplication::activated(GApplication* /*application*/, void* self) noex
 
 void LinuxApplication::launch() {
     launched_ = true;
-    // Ours to end: GTK would end the loop with the last window, unasked.
+    // We end the loop ourselves: GTK would end it with the last window.
     g_application_hold(G_APPLICATION(application_.get()));
     if (const auto delegate = delegate_.lock()) delegate->applicationDidFinishLaunching();
 }
@@ -102,7 +102,7 @@ int LinuxApplication::interrupted(void* self) noexcept {
 void LinuxApplication::terminate() {
     if (over_) return;
     over_ = true;
-    // What was closed just now goes from the screen at once: the delegate may block for seconds.
+    // Closed windows leave the screen at once: the delegate may block for seconds.
     gdk_display_flush(gdk_display_get_default());
     if (const auto delegate = delegate_.lock()) delegate->applicationWillTerminate();
     dispatch_.close();
@@ -116,8 +116,8 @@ void LinuxApplication::windowOpened(LinuxWindow& window) {
 
 void LinuxApplication::windowClosed(LinuxWindow& window) {
     if (std::erase(openWindows_, &window) == 0 || !openWindows_.empty()) return;
-    // Later, since a window may be closed from inside any operation of the delegate; but before all
-    // that is queued: who closes the panel does not want the steps that still wait.
+    // Later, since a window may be closed from inside any operation of the delegate; but before the
+    // queued tasks: a user who closes the panel does not want the waiting steps.
     using Alive = std::weak_ptr<LinuxApplication*>;
     g_idle_add_full(
         G_PRIORITY_HIGH, [](void* alive) { return askWhetherToQuit(*static_cast<Alive*>(alive)); },

@@ -14,8 +14,8 @@ namespace stagehopper::linux_port {
 
 class GlibDispatch;
 
-/// The program on the desktop and on the session bus, where only one of a kind runs. Main thread
-/// only. `dispatch` outlives it; its windows do not.
+/// The program on the desktop and on the session bus, which allows one instance. Main thread only.
+/// `dispatch` outlives it; its windows do not.
 class LinuxApplication final : public platform::Application, public LinuxWindowOwner {
 public:
     /// The display is open.
@@ -54,12 +54,13 @@ private:
     platform::MainMenu mainMenu_;
     std::vector<LinuxWindow*> openWindows_;
     AboutPanel aboutPanel_;
-    /// Listening from the start: whoever is told to quit while launching quits in good order too.
+    /// Attached from the start, so that a signal during launch also ends the program in order.
     std::vector<SourcePointer> quitSources_;
     bool ran_ = false;
     bool launched_ = false;
     bool over_ = false;
-    /// What is posted holds this weakly and does nothing when it is gone. Last: it dies first.
+    /// Posted work holds this weakly and does nothing after its end. Last member, so that it is
+    /// destroyed first.
     std::shared_ptr<LinuxApplication*> alive_;
 };
 

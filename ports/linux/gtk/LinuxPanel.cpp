@@ -14,7 +14,7 @@ namespace {
 // noexcept here and below: an exception must not travel through GTK; it ends the program.
 int paintNothing(GtkWidget* /*window*/, cairo_t* context, void* /*data*/) noexcept {
     cairo_set_source_rgba(context, 0, 0, 0, 0);
-    // Replaces what was painted before instead of adding nothing to it.
+    // Replaces the previous picture instead of blending with it.
     cairo_set_operator(context, CAIRO_OPERATOR_SOURCE);
     cairo_paint(context);
     cairo_set_operator(context, CAIRO_OPERATOR_OVER);
@@ -40,7 +40,7 @@ LinuxPanel::LinuxPanel(const platform::PanelOptions& options, platform::SystemLo
 
 LinuxPanel::~LinuxPanel() {
     g_signal_handlers_disconnect_by_data(gtk_widget_get_screen(window_.get()), this);
-    // The page outlives its panel when somebody else holds it.
+    // The page outlives its panel when it has another owner.
     setContentView(nullptr);
     gtk_widget_destroy(window_.get());
 }
@@ -111,7 +111,7 @@ void LinuxPanel::compositedChanged(GdkScreen* /*screen*/, void* self) noexcept {
 void LinuxPanel::raiseAbove(unsigned long mappedWindow) {
     if (gtk_widget_get_mapped(window_.get()) == FALSE) return;
     auto* ours = gtk_widget_get_window(window_.get());
-    // Two panels that answered each other's showing would never come to rest; raising maps nothing.
+    // Two panels that react to each other's mapping would loop forever; raising maps nothing.
     if (mappedWindow != GDK_WINDOW_XID(ours)) gdk_window_raise(ours);
 }
 

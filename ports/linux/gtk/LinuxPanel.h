@@ -14,12 +14,12 @@ namespace stagehopper::linux_port {
 
 class LinuxWebView;
 
-/// A window that no window manager manages: it stands exactly on its frame, on every desktop,
-/// without the focus, and above full-screen windows. So nothing of the style mask, the level and
-/// the collection behaviour is left to be done, and it never hides by itself. Main thread only.
+/// A window that no window manager manages: it keeps exactly its frame, on every desktop, without
+/// the focus, and above full-screen windows. The style mask, the level and the collection behavior
+/// need no further work, and it never hides by itself. Main thread only.
 ///
-/// A clear one shows only while somebody composes the screen; without that its clear parts would
-/// be black. It comes back by itself. The system log is told, once for each panel.
+/// A clear panel is visible only while a compositor runs, because its clear parts would be black
+/// otherwise. It returns with the compositor. The system log gets one line for each panel.
 class LinuxPanel final : public platform::Panel {
 public:
     /// `log` outlives the panel.

@@ -21,7 +21,7 @@ platform::Rect frameOf(GdkMonitor* monitor) {
 /// The monitor that shows most of another program's window; null when the window is gone.
 GdkMonitor* monitorWith(WindowId id) {
     auto* display = gdk_display_get_default();
-    // The window may go while we ask for its place.
+    // The window may close while we query its position.
     gdk_x11_display_error_trap_push(display);
     const ObjectPointer<GdkWindow> window(gdk_x11_window_foreign_new_for_display(display, id));
     GdkMonitor* monitor =

@@ -14,7 +14,7 @@ class X11Desktop;
 
 /// The monitors as GDK knows them. Main thread only. The display is open; `desktop` outlives it.
 ///
-/// However many signals one change brings, observers hear of it once.
+/// Observers are notified once for each change, whatever the number of its signals.
 class LinuxScreens final : public platform::Screens {
 public:
     explicit LinuxScreens(X11Desktop& desktop);
@@ -32,7 +32,7 @@ private:
 
     X11Desktop& desktop_;
     std::vector<std::weak_ptr<platform::ScreenObserver>> observers_;
-    /// Null unless observers are about to be told.
+    /// Null unless a notification is pending.
     SourcePointer telling_;
 };
 

@@ -15,7 +15,7 @@ public:
 
     std::shared_ptr<platform::Window> makeWindow(const platform::WindowOptions& options) override;
     std::shared_ptr<platform::Panel> makePanel(const platform::PanelOptions& options) override;
-    /// The frame has no say: a view fills its window.
+    /// The frame is ignored: a view fills its window.
     std::shared_ptr<platform::WebView> makeWebView(
         const platform::Rect& frame, const platform::WebViewConfiguration& configuration) override;
 

@@ -11,7 +11,7 @@ namespace {
 ObjectPointer<GtkWidget> makeView(WebKitUserContentManager* content) {
     auto* view = GTK_WIDGET(g_object_ref_sink(g_object_new(
         WEBKIT_TYPE_WEB_VIEW, "user-content-manager", content, "is-ephemeral", TRUE, nullptr)));
-    // A page of buttons gains nothing from the graphics processor, and its drivers cost memory.
+    // A page of buttons gains nothing from the graphics processor, and its drivers use memory.
     webkit_settings_set_hardware_acceleration_policy(
         webkit_web_view_get_settings(WEBKIT_WEB_VIEW(view)),
         WEBKIT_HARDWARE_ACCELERATION_POLICY_NEVER);
@@ -66,7 +66,7 @@ void LinuxWebView::setFrame(const platform::Rect& /*frame*/) {}
 // noexcept here and below: an exception must not travel through GLib; it ends the program.
 int LinuxWebView::loadFailed(WebKitWebView* /*view*/, WebKitLoadEvent /*event*/, char* /*uri*/,
                              GError* /*error*/, void* /*self*/) noexcept {
-    // Instead of WebKit's own page about the error: the view stays empty.
+    // The view stays empty instead of showing WebKit's error page.
     return TRUE;
 }
 

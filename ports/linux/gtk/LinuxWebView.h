@@ -14,11 +14,11 @@
 
 namespace stagehopper::linux_port {
 
-/// A WebKit page. Main thread only. Nothing that it stores outlives it: what another program once
-/// left under the backend's address does not come back in it.
+/// A WebKit page. Main thread only. Its storage ends with it, so that data that another program
+/// stored under the backend's address does not come back.
 ///
 /// When the process that shows the page ends, the page is loaded again, as often as `ReloadLimit`
-/// allows. The system log is told.
+/// allows, with a line in the system log.
 class LinuxWebView final : public platform::WebView {
 public:
     /// `log` outlives the view.
@@ -27,13 +27,13 @@ public:
     LinuxWebView(const LinuxWebView&) = delete;
     LinuxWebView& operator=(const LinuxWebView&) = delete;
 
-    /// The page may name pictures, styles and scripts of any folder, so `readAccess` grants
-    /// nothing more. It never sees what is in a file, and frames show no files.
+    /// The page may name pictures, styles and scripts of any folder, so `readAccess` grants nothing
+    /// more. It cannot read the contents of files, and frames show no files.
     void loadFile(const std::filesystem::path& file,
                   const std::filesystem::path& readAccess) override;
     void evaluateJavaScript(std::string_view script) override;
     void setDrawsBackground(bool drawsBackground) override;
-    /// The frame has no say: a view fills its window or panel and follows its size.
+    /// The frame is ignored: a view fills its window or panel and follows its size.
     void setFrame(const platform::Rect& frame) override;
 
     [[nodiscard]] GtkWidget* widget() const { return view_.get(); }

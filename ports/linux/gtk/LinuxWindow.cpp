@@ -12,7 +12,7 @@ namespace stagehopper::linux_port {
 
 namespace {
 
-/// A widget that its window or container does not own alone.
+/// Takes a share in a new widget.
 ObjectPointer<GtkWidget> owned(GtkWidget* widget) {
     return ObjectPointer<GtkWidget>(static_cast<GtkWidget*>(g_object_ref_sink(widget)));
 }
@@ -116,7 +116,7 @@ int LinuxWindow::deleteRequested(GtkWidget* /*window*/, GdkEvent* /*event*/, voi
 }
 
 void LinuxWindow::tellDelegate() {
-    // Let go first: whatever it does, it hears of this window once.
+    // Released first, so that the delegate is notified once, whatever it does.
     if (const auto delegate = std::exchange(delegate_, {}).lock()) {
         delegate->windowWillClose(this);
     }
@@ -128,7 +128,7 @@ void LinuxWindow::close() {
     tellDelegate();
     // The delegate may have dropped the window, which has closed it.
     if (alive.expired() || !window_) return;
-    // The page outlives its window when somebody else holds it.
+    // The page outlives its window when it has another owner.
     setContentView(nullptr);
     removeMenu();
     const auto window = std::move(window_);

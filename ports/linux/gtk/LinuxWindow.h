@@ -30,11 +30,10 @@ protected:
 };
 
 /// A GTK window: the menu bar and, below it, the content, whose size is the window's size as the
-/// program sees it. Main thread only. After it was closed every call does nothing. `owner` outlives
-/// it.
+/// program sees it. Main thread only. After closing, calls do nothing. `owner` outlives it.
 ///
-/// The window manager places it unless it is centred; it also decides about the button that
-/// miniaturizes.
+/// The window manager places it unless it is centered, and decides whether it has a minimize
+/// button.
 class LinuxWindow final : public platform::Window {
 public:
     LinuxWindow(LinuxWindowOwner& owner, const platform::WindowOptions& options);
@@ -68,14 +67,14 @@ private:
     platform::Size contentSize_;
     ObjectPointer<GtkWidget> window_;
     GtkWidget* layout_;
-    /// Stands for the content's size also while there is no content.
+    /// Keeps the content's size while there is no content.
     GtkWidget* contentFrame_;
     GtkWidget* menuBar_ = nullptr;
     ObjectPointer<GtkAccelGroup> menuKeys_;
     std::shared_ptr<LinuxWebView> content_;
     std::weak_ptr<platform::WindowDelegate> delegate_;
     bool opened_ = false;
-    /// Tells whether the delegate has dropped us. Last: it dies first.
+    /// Shows whether the delegate has dropped us. Last member, so that it is destroyed first.
     std::shared_ptr<LinuxWindow*> alive_;
 };
 

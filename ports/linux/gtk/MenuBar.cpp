@@ -16,7 +16,7 @@ struct Choice {
 
 // noexcept: an exception must not travel through GTK; it ends the program here.
 void chosen(GtkMenuItem* /*item*/, void* choice) noexcept {
-    // A copy: acting may replace the menu, and this choice with it.
+    // A copy: the action may replace the menu and this item.
     const Choice made = *static_cast<Choice*>(choice);
     made.handler(made.action);
 }

@@ -13,7 +13,7 @@ using MenuActionHandler = std::function<void(platform::MenuAction)>;
 
 /// A menu bar for one window, and the keys of its items. Main thread only.
 struct MenuBar {
-    /// Owned by whatever it is put into.
+    /// Owned by its container.
     GtkWidget* widget;
     /// To be added to the window.
     ObjectPointer<GtkAccelGroup> keys;

@@ -16,8 +16,8 @@ struct UserScriptUnref {
     void operator()(WebKitUserScript* script) const { webkit_user_script_unref(script); }
 };
 
-/// The way of the messages of one name. It belongs to GLib's closure, so it lives as long as a
-/// message is on its way, even when the view is dropped meanwhile.
+/// Where the messages of one name go. GLib's closure owns it, so that it outlives the delivery of a
+/// message, even when the view is dropped.
 struct MessageRoute {
     std::string name;
     std::string signature;
@@ -91,7 +91,7 @@ void PageBridge::addMessageHandler(const std::string& name,
                                    std::shared_ptr<platform::ScriptMessageHandler> handler) {
     auto route = std::make_unique<MessageRoute>(MessageRoute{name, signature_, std::move(handler)});
     const std::string signal = "script-message-received::" + name;
-    // Connected before the name is registered: from then on messages may come.
+    // Connected first: messages may arrive once the name is registered.
     connections_.push_back(g_signal_connect_data(content_.get(), signal.c_str(),
                                                  G_CALLBACK(&messageReceived), route.release(),
                                                  &forgetRoute, GConnectFlags{}));

@@ -13,9 +13,9 @@ namespace stagehopper::linux_port {
 
 /// The scripts and the message handlers of one view. Main thread only.
 ///
-/// WebKitGTK offers a handler to every frame of a view, whatever its origin, and does not tell
-/// which one has posted. So a script of ours lets the main frame sign what it posts, with a word
-/// that no other frame can read; a message without it is dropped.
+/// WebKitGTK offers a handler to every frame of a view, whatever its origin, and does not report
+/// which frame has posted. So a script of ours makes the main frame sign its messages with a word
+/// that no other frame can read. A message without it is dropped.
 class PageBridge {
 public:
     explicit PageBridge(const platform::WebViewConfiguration& configuration);

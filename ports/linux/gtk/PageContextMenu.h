@@ -4,8 +4,8 @@
 
 namespace stagehopper::linux_port {
 
-/// The page's context menu offers what an editor needs and nothing of a browser; where nothing is
-/// left there is no menu.
+/// The page's context menu offers editing commands and no browser commands. Without commands no
+/// menu appears.
 void keepOnlyEditingCommands(WebKitWebView* view);
 
 }  // namespace stagehopper::linux_port

@@ -11,7 +11,8 @@ void tellPagesTheUsersLanguages() {
     std::vector<const char*> languages;
     for (const auto* const* each = g_get_language_names(); *each != nullptr; ++each) {
         const std::string_view name(*each);
-        // Each comes with and without a character set; and the last one is no language.
+        // Each language comes with and without a character set. The last entry, "C", is not a
+        // language.
         if (name == "C" || name.find_first_of(".@") != std::string_view::npos) continue;
         languages.push_back(*each);
     }

@@ -50,7 +50,7 @@ bool PageNavigation::isRefused(WebKitPolicyDecision* decision,
         return !isPage(uri) && !isOfThisMachine(uri);
     }
     if (type == WEBKIT_POLICY_DECISION_TYPE_RESPONSE) {
-        // Only here WebKitGTK tells whether it is the main frame that is to change.
+        // Only here does WebKitGTK report whether the main frame is to change.
         auto* response = WEBKIT_RESPONSE_POLICY_DECISION(decision);
         auto* request = webkit_response_policy_decision_get_request(response);
         return webkit_response_policy_decision_is_main_frame_main_resource(response) != FALSE &&

@@ -6,8 +6,8 @@
 
 namespace stagehopper::linux_port {
 
-/// Keeps a view on its one page. What the user drops on it, a link, or a frame that names the main
-/// frame as its target would else replace the page, and the new one would have its rights.
+/// Keeps a view on its one page. Otherwise a drop by the user, a link, or a frame that targets the
+/// main frame could replace the page, and the new page would have its rights.
 ///
 /// Frames may show what this machine serves at 127.0.0.1, nothing else. No window is opened and
 /// nothing is printed. Main thread only; the view must not outlive it.
@@ -18,7 +18,7 @@ public:
     PageNavigation(const PageNavigation&) = delete;
     PageNavigation& operator=(const PageNavigation&) = delete;
 
-    /// From now on this is the page.
+    /// Sets the allowed page.
     void setPage(const std::filesystem::path& page) { page_ = page; }
 
 private:

@@ -4,7 +4,7 @@
 
 namespace stagehopper::linux_port {
 
-/// A length or position as GTK has them: whole points.
+/// Converts a length or position to GTK's whole points.
 inline int pixels(double length) {
     return static_cast<int>(std::lround(length));
 }

@@ -13,7 +13,7 @@ struct BytesUnref {
 }  // namespace
 
 std::optional<std::string> scriptText(JSCValue* value) {
-    // The value `undefined` arrives as none at all.
+    // The value `undefined` arrives as a null pointer.
     if (value == nullptr || !jsc_value_is_string(value)) return std::nullopt;
     // The conversion to UTF-8 would end the text at the first lone surrogate.
     const ObjectPointer<JSCValue> wellFormed(

@@ -7,8 +7,8 @@ struct _GtkWidget;
 
 namespace stagehopper::linux_port {
 
-/// Tells the user that slides cannot be turned without accessibility, and offers to switch it on.
-/// Non-modal: the presentation goes on beside it. Main thread only. Closed with its owner.
+/// A dialog that explains that slides need accessibility and offers to switch it on. Non-modal: it
+/// does not block the presentation. Main thread only. Closed with its owner.
 class TrustDialog {
 public:
     TrustDialog() = default;
@@ -16,8 +16,8 @@ public:
     TrustDialog(const TrustDialog&) = delete;
     TrustDialog& operator=(const TrustDialog&) = delete;
 
-    /// Returns at once; `enable` runs when the user accepts. While one is open, it is raised
-    /// instead. Without a display nothing happens.
+    /// Returns at once; `enable` runs when the user accepts. An open dialog is raised instead.
+    /// Without a display nothing happens.
     void show(std::function<void()> enable);
 
 private:

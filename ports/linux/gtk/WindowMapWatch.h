@@ -6,11 +6,11 @@
 
 namespace stagehopper::linux_port {
 
-/// Tells when any program shows a top-level window on the X desktop. Main thread only. On other
-/// desktops it tells nothing.
+/// Reports each top-level window that a program shows on the X desktop. Main thread only. Reports
+/// nothing on other desktops.
 class WindowMapWatch {
 public:
-    /// `onMap` is told the window's X id.
+    /// `onMap` receives the window's X id.
     explicit WindowMapWatch(std::function<void(unsigned long)> onMap);
     ~WindowMapWatch();
     WindowMapWatch(const WindowMapWatch&) = delete;
@@ -20,7 +20,7 @@ private:
     static GdkFilterReturn filter(GdkXEvent* event, GdkEvent* translated, void* self) noexcept;
 
     std::function<void(unsigned long)> onMap_;
-    /// The root window; null where there is none.
+    /// The root window; null on other desktops.
     GdkWindow* root_;
 };
 

@@ -4,8 +4,8 @@
 
 namespace stagehopper::linux_port {
 
-/// Shows a window above the others and gives it the keyboard, also when the user has worked in
-/// another program since.
+/// Shows a window above the others and gives it the keyboard, even after the user has worked in
+/// another program.
 void raiseWindow(GtkWindow* window);
 
 }  // namespace stagehopper::linux_port

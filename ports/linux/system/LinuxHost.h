@@ -4,8 +4,7 @@
 
 namespace stagehopper::linux_port {
 
-/// This process and its user. Any thread. The time of day follows the locale that the entry point
-/// has set.
+/// This process. Any thread. The time of day follows the locale that the entry point has set.
 class LinuxHost final : public platform::Host {
 public:
     /// The command line as the system handed it to `main`.

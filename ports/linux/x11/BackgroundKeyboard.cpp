@@ -15,15 +15,15 @@ using platform::Outcome;
 
 namespace {
 
-/// By then a program has worked off the key that it got, or is taken for hung.
+/// After this time a program has handled its key or counts as hung.
 constexpr std::chrono::seconds keyHandlingLimit{10};
 
 constexpr std::array<KeySym, 4> ourKeys{XK_Next, XK_Prior, XK_Right, XK_Left};
 
 }  // namespace
 
-/// Between its ends nobody else's request is served, so that what was verified still holds when
-/// the key comes.
+/// During its lifetime the server handles no request of another client, so that what we verified
+/// still holds when the key is sent.
 class BackgroundKeyboard::ServerGrab {
 public:
     explicit ServerGrab(X11Connection& connection) : connection_(connection) {
@@ -42,7 +42,7 @@ private:
 };
 
 BackgroundKeyboard::BackgroundKeyboard() : support_(supportsMasterDevices(connection_)) {
-    // What stands in the way now is reported with each key.
+    // A failure now is reported with each key.
     static_cast<void>(ensureDevices());
 }
 
@@ -66,8 +66,8 @@ Outcome BackgroundKeyboard::press(WindowId window, unsigned long keySymbol, Focu
     const auto code = keyCode(keySymbol);
     if (code == 0) return Outcome::refused("the keyboard has no such key");
     const ServerGrab grab(connection_);
-    // Where our focus stayed beside the user's and the user's then left, the program believes
-    // that it has none and drops keys; arriving anew tells it better.
+    // If our focus stayed with the user's and the user's then left, the program believes that it
+    // has no focus and drops keys. A new focus event corrects that.
     if (policy == FocusPolicy::clear && !userFocusIsIn(window)) clearFocus();
     auto placed = placeFocus(window);
     if (placed) XTestFakeKeyEvent(connection_.display(), code, True, CurrentTime);
@@ -92,8 +92,8 @@ Outcome BackgroundKeyboard::release(WindowId window, unsigned long keySymbol, Fo
         clearFocus();
         sendUserFocusIn();
     } else if (policy == FocusPolicy::clear && !userFocusIsIn(window)) {
-        // Where the user's focus is, ours stays: toolkits do not tell the keyboards apart and
-        // would believe that the user's has gone.
+        // Our focus stays where the user's focus is: toolkits do not distinguish the keyboards and
+        // would believe that the user's focus has left.
         clearFocus();
     }
     if (placed && trap.succeeded()) return Outcome::done();
@@ -109,7 +109,7 @@ Outcome BackgroundKeyboard::ensureDevices() {
 
 Outcome BackgroundKeyboard::acquireDevices() {
     const XErrorTrap trap(connection_);
-    // No program sees the pair while it stands without our hold.
+    // No program sees the pair before we hold it.
     const ServerGrab grab(connection_);
     isHeld_ = false;
     devices_ = findMasterDevices(connection_);
@@ -126,15 +126,16 @@ Outcome BackgroundKeyboard::acquireDevices() {
 
 bool BackgroundKeyboard::devicesExist() {
     const XErrorTrap trap(connection_);
-    // By name: a number of ours may be another's when ours were removed by hand.
+    // By name: another device may have our id after ours were removed by hand.
     return findMasterDevices(connection_) == devices_;
 }
 
 void BackgroundKeyboard::settle() {
     auto* display = connection_.display();
-    // From here on, key events that this connection makes are our own keyboard's.
+    // From here on, key events from this connection come from our own keyboard.
     XISetClientPointer(display, None, devices_.pointer);
-    // A crashed predecessor may have left a key down; in no window, nobody sees it come up.
+    // A crashed instance may have left a key pressed. Without a focus window no program sees the
+    // release.
     clearFocus();
     for (const auto key : ourKeys) {
         XTestFakeKeyEvent(display, keyCode(key), False, CurrentTime);
@@ -165,7 +166,7 @@ WindowId BackgroundKeyboard::focusOf(int keyboard) {
 
 void BackgroundKeyboard::sendUserFocusIn() {
     const auto line = withParents(focusOf(devices_.usersKeyboard));
-    // The window manager's frame first, as the server would.
+    // The window manager's frame first, in the server's order.
     for (auto window = line.rbegin(); window != line.rend(); ++window) {
         const bool isFocus = *window == line.front();
         sendFocusIn(*window, isFocus ? NotifyNonlinear : NotifyNonlinearVirtual);
@@ -196,7 +197,8 @@ bool BackgroundKeyboard::userFocusIsIn(WindowId window) {
 }
 
 unsigned BackgroundKeyboard::keyCode(unsigned long keySymbol) {
-    // Nobody else reads this connection's events; among them are changes of the keyboard's map.
+    // Only this function reads the connection's events, which include changes of the keyboard
+    // mapping.
     while (connection_.isOpen() && XPending(connection_.display()) > 0) {
         XEvent event;
         XNextEvent(connection_.display(), &event);

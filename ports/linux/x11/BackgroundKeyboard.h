@@ -11,13 +11,13 @@
 
 namespace stagehopper::linux_port {
 
-/// A keyboard and a pointer of our own beside the user's, on a connection of their own. The pointer
-/// comes with the keyboard; it is held still and invisible. Main thread only.
+/// A keyboard and a pointer of our own beside the user's, on their own connection. The pointer
+/// comes with the keyboard; it is grabbed and invisible. Main thread only.
 ///
-/// The devices outlive a program that crashed; they are found again by their name. Those that this
-/// object made are removed with it. Those that it found stay: mutter crashes when a pair that it
-/// has seen without our hold is removed and another one is made. So do those that just sent a key:
-/// GTK ends a program that finds the device of an event gone.
+/// The devices survive a crash and are found again by name. This object removes the devices that it
+/// made. It keeps devices that it found: mutter crashes when a pair that it has seen without our
+/// grab is removed and another one is made. It also keeps devices that have just sent a key: GTK
+/// ends a program that finds the device of an event gone.
 class BackgroundKeyboard {
 public:
     BackgroundKeyboard();
@@ -25,10 +25,11 @@ public:
     BackgroundKeyboard(const BackgroundKeyboard&) = delete;
     BackgroundKeyboard& operator=(const BackgroundKeyboard&) = delete;
 
-    /// Presses a key in this window. Refused, with nothing sent, when our focus cannot be there.
+    /// Presses a key in this window. Refused without sending anything when the window does not take
+    /// our focus.
     platform::Outcome press(WindowId window, unsigned long keySymbol, FocusPolicy policy);
-    /// Releases a key that was pressed there. When that window is gone, the key is released all
-    /// the same, in no window, and the outcome says so.
+    /// Releases a key that was pressed in this window. If the window is gone, the key is released
+    /// in no window, and the outcome is refused.
     platform::Outcome release(WindowId window, unsigned long keySymbol, FocusPolicy policy);
 
 private:
@@ -44,7 +45,7 @@ private:
     [[nodiscard]] WindowId focusOf(int keyboard);
     void sendUserFocusIn();
     [[nodiscard]] bool userFocusIsIn(WindowId window);
-    /// A window and the ones around it, innermost first, without the root.
+    /// A window and its ancestors, innermost first, without the root.
     [[nodiscard]] std::vector<WindowId> withParents(WindowId window);
     void sendFocusIn(WindowId window, int detail);
     [[nodiscard]] unsigned keyCode(unsigned long keySymbol);

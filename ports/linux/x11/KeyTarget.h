@@ -8,9 +8,9 @@
 
 namespace stagehopper::linux_port {
 
-/// The window of `process` that keys for it go to: its full-screen one, which is the slide show,
-/// else the one with the user's focus, else its topmost; minimised ones only when there is no
-/// other. Absent when the process has no window to work in.
+/// The window of `process` that receives its keys: its full-screen window, which is the slide show,
+/// else the one with the user's focus, else its topmost. Minimized windows only when there is no
+/// other. Absent when the process has no suitable window.
 std::optional<WindowId> keyTarget(const std::vector<TopLevelWindow>& windows, platform::Pid process,
                                   WindowId focused);
 

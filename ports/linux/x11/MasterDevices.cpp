@@ -34,9 +34,9 @@ Cursor makeEmptyCursor(Display* display, Window root) {
     return cursor;
 }
 
-/// Puts the pointer into the lower right corner, beside the edges, where some desktops wait for it.
+/// Puts the pointer into the lower right corner, but off the edges, to which some desktops react.
 void park(Display* display, Window root, int pointer) {
-    // Xlib's own size of the screen is that of the start.
+    // Xlib's size of the screen is the size at connection time.
     XWindowAttributes screen{};
     XGetWindowAttributes(display, root, &screen);
     constexpr int besideTheEdge = 2;
@@ -118,7 +118,7 @@ Outcome holdPointer(X11Connection& connection, const MasterDevices& devices) {
     const auto status = XIGrabDevice(display, devices.pointer, root, CurrentTime, cursor,
                                      XIGrabModeAsync, XIGrabModeAsync, False, &mask);
     if (status == GrabSuccess) {
-        // The grab ends with us; this cursor and the place stay, and hide a pointer that we leave
+        // The grab ends with us. This cursor and the position stay and hide a pointer that we leave
         // behind.
         XIDefineCursor(display, devices.pointer, root, cursor);
         park(display, root, devices.pointer);

@@ -6,7 +6,7 @@ namespace stagehopper::linux_port {
 
 class X11Connection;
 
-/// The master devices that matter to us, by their numbers; 0 where there is none.
+/// The ids of our pair of master devices and of the user's keyboard; 0 means absent.
 struct MasterDevices {
     int pointer = 0;
     int keyboard = 0;
@@ -16,15 +16,15 @@ struct MasterDevices {
     bool operator==(const MasterDevices&) const = default;
 };
 
-/// Whether this server can have a second pair of master devices.
+/// Whether this server supports a second pair of master devices.
 platform::Outcome supportsMasterDevices(X11Connection& connection);
-/// Our pair, if it is there (after a crash it still is), and the user's keyboard. This and the
-/// following run inside an `XErrorTrap`. Main thread only.
+/// Our pair, if it exists (it survives a crash), and the user's keyboard. This and the following
+/// run inside an `XErrorTrap`. Main thread only.
 MasterDevices findMasterDevices(X11Connection& connection);
 platform::Outcome makeMasterDevices(X11Connection& connection);
 void removeMasterDevices(X11Connection& connection, const MasterDevices& devices);
-/// Takes our pointer for this connection alone: its events reach no program, and it has no cursor.
-/// Refused while another connection holds it.
+/// Grabs our pointer for this connection: its events reach no program, and it has no cursor.
+/// Refused while another connection holds the grab.
 platform::Outcome holdPointer(X11Connection& connection, const MasterDevices& devices);
 
 }  // namespace stagehopper::linux_port

@@ -11,9 +11,9 @@ namespace stagehopper::linux_port {
 class BackgroundKeyboard;
 class X11Desktop;
 
-/// Keys by way of a second, hidden pair of master devices, whose focus is ours to place: the
-/// target's program sees an ordinary key press while the user's keyboard, focus and modifiers stay
-/// out of it. Main thread only. `desktop` outlives it.
+/// Sends keys through a second, hidden pair of master devices, whose focus we set: the target
+/// program sees an ordinary key press, and the user's keyboard, focus and modifiers are not
+/// involved. Main thread only. `desktop` outlives it.
 class MasterKeyboard final : public platform::KeyboardEvents {
 public:
     explicit MasterKeyboard(X11Desktop& desktop);
@@ -37,7 +37,7 @@ private:
 
     X11Desktop& desktop_;
     std::unique_ptr<BackgroundKeyboard> keyboard_;
-    /// A release goes where its press went, whichever window has come up meanwhile.
+    /// A release goes to the window of its press, even if another window has opened meanwhile.
     std::optional<HeldKey> held_;
 };
 

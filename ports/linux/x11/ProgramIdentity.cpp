@@ -38,7 +38,7 @@ constexpr std::array knownPrograms{
 
 std::string lowerCase(std::string_view text) {
     std::string lower(text);
-    // Names of classes and executables: what is not ASCII is not in the table.
+    // The table is all ASCII.
     std::ranges::transform(lower, lower.begin(), [](char c) {
         return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
     });
@@ -56,7 +56,7 @@ std::optional<std::string> lookUp(std::string_view trace) {
 }
 
 std::optional<std::string> knownIdentity(const ProgramTraces& traces) {
-    // A trace of a better kind in any window goes before a worse one in the first.
+    // A better kind of name in any window wins over a worse kind in the first window.
     for (const auto member :
          {&WindowNames::gtkApplicationId, &WindowNames::instanceName, &WindowNames::className}) {
         for (const auto& window : traces.windows) {

@@ -6,7 +6,7 @@
 
 namespace stagehopper::linux_port {
 
-/// How one window presents its program.
+/// The names that one window gives its program.
 struct WindowNames {
     std::string gtkApplicationId;
     std::string instanceName;
@@ -14,16 +14,16 @@ struct WindowNames {
     bool fullScreen = false;
 };
 
-/// What is known about a process: all its windows, and the base name of its executable, empty when
-/// that cannot be read.
+/// The names found for a process: those of all its windows, and the base name of its executable,
+/// which is empty when it cannot be read.
 struct ProgramTraces {
     std::vector<WindowNames> windows;
     std::string executable;
 };
 
-/// The identity of the product behind a process. A product that exists on other systems too has the
-/// same identity here; other programs have their application id, else the class name of their first
-/// window, else the name of their executable. Absent when there is no trace at all.
+/// The identity of the product behind a process. A product that also exists on other systems has
+/// the same identity here; other programs have their application id, else the class name of their
+/// first window, else the name of their executable. Absent without any name.
 ///
 /// How to add a program: docs/architecture.md.
 std::optional<std::string> programIdentity(const ProgramTraces& traces);

@@ -67,8 +67,8 @@ public:
     [[nodiscard]] TopLevelWindow collect(WindowId id, const PropertyCookies& cookies) const {
         TopLevelWindow window;
         window.id = id;
-        // The server knows who is at the other end. What a program writes into _NET_WM_PID is its
-        // number inside its own sandbox.
+        // The server knows the process behind a window. A program in a sandbox writes its number
+        // inside the sandbox into _NET_WM_PID.
         window.process = clientProcess(cookies.client);
         const auto written = numbers(cookies.process);
         if (!window.process && !written.empty() && written.front() != 0) {
@@ -99,8 +99,8 @@ private:
                                 XCB_GET_PROPERTY_TYPE_ANY, 0, maxPropertyLength);
     }
 
-    /// The value of a property with items of `format` bits; empty when there is none. An error,
-    /// that of a window that is gone, is taken out of the connection with its answer.
+    /// The value of a property with items of `format` bits; empty when it is missing. Also takes
+    /// the error for a window that is gone off the connection.
     [[nodiscard]] std::string value(xcb_get_property_cookie_t cookie, int format) const {
         xcb_generic_error_t* error = nullptr;
         const ReplyPointer<xcb_get_property_reply_t> reply(

@@ -8,10 +8,9 @@ namespace stagehopper::linux_port {
 
 class X11Connection;
 
-/// Describes windows, without their places in the stack, in one round trip however many they are:
-/// a slide step looks at all windows several times, and each trip is time that the presenter
-/// waits. What is gone is described by nothing but its id. Main thread only, inside an
-/// `XErrorTrap`.
+/// Describes windows, without their stacking positions, in one round trip: a slide step reads all
+/// windows several times, and the presenter waits for each trip. A window that is gone has only its
+/// id. Main thread only, inside an `XErrorTrap`.
 std::vector<TopLevelWindow> describeWindows(X11Connection& connection,
                                             const std::vector<WindowId>& ids);
 

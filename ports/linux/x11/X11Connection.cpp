@@ -11,13 +11,13 @@ namespace stagehopper::linux_port {
 
 namespace {
 
-// Xlib's handlers are global and carry no pointer of ours.
+// Xlib's handlers are global and have no user data.
 XErrorTrap* innermost = nullptr;
 XErrorHandler errorHandlerBefore = nullptr;
 XIOErrorHandler lossHandlerBefore = nullptr;
 
-/// Whether the server has dealt with everything that was sent: so it has when the last request was
-/// a question and its answer is here.
+/// Whether the server has handled every request. True when the last request had a reply and it has
+/// arrived.
 bool isAnswered(Display* display) {
     return XLastKnownRequestProcessed(display) + 1 == XNextRequest(display);
 }
@@ -26,7 +26,7 @@ bool isAnswered(Display* display) {
 
 X11Connection::X11Connection() : display_(XOpenDisplay(nullptr)) {
     if (display_ == nullptr) return;
-    // Xlib would end the program after a lost connection; the trap has noted the loss by then.
+    // Xlib would end the program after a lost connection. By then the trap has noted the loss.
     XSetIOErrorExitHandler(
         display_, [](Display*, void*) {}, nullptr);
 }
@@ -80,7 +80,7 @@ XErrorTrap::XErrorTrap(X11Connection& connection) : connection_(connection), out
 }
 
 XErrorTrap::~XErrorTrap() {
-    // Errors of requests that are still on their way must not meet the handler that comes back.
+    // Errors of pending requests must not reach the handler that is restored.
     if (connection_.isOpen() && !isAnswered(connection_.display()))
         XSync(connection_.display(), False);
     innermost = outer_;

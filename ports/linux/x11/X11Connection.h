@@ -2,15 +2,15 @@
 
 #include <string>
 
-// Xlib's own name for its display; its header is kept out of ours because it defines macros such
-// as None, Bool and Status.
+// Xlib's own name for its display; we do not include its header because it defines macros such as
+// None, Bool and Status.
 struct _XDisplay;
 
 namespace stagehopper::linux_port {
 
-/// One connection to the X server, or none where there is no server. Main thread only.
+/// One connection to the X server. Not open without a server. Main thread only.
 ///
-/// Every use stands in the scope of an `XErrorTrap`: without one, Xlib ends the program on errors.
+/// Use it only in the scope of an `XErrorTrap`: without one, Xlib ends the program on errors.
 class X11Connection {
 public:
     X11Connection();
@@ -31,9 +31,9 @@ private:
     bool lost_ = false;
 };
 
-/// Collects the X errors of one connection while it stands: windows vanish between any two calls.
-/// Errors of other connections, GDK's say, go to the handler that was there before. A lost
-/// connection is noted there instead of ending the program. Main thread only; traps may nest.
+/// Collects the X errors of one connection during its lifetime, because windows may vanish between
+/// any two calls. Errors of other connections, such as GDK's, go to the previous handler. The loss
+/// of the connection is noted in it and does not end the program. Main thread only; traps may nest.
 class XErrorTrap {
 public:
     explicit XErrorTrap(X11Connection& connection);
@@ -41,9 +41,9 @@ public:
     XErrorTrap(const XErrorTrap&) = delete;
     XErrorTrap& operator=(const XErrorTrap&) = delete;
 
-    /// Waits for the server; whether everything since the trap was set went through.
+    /// Waits for the server. True if no request has failed since the trap was set.
     [[nodiscard]] bool succeeded();
-    /// The first error, in words; empty when there was none.
+    /// The text of the first error; empty without an error.
     [[nodiscard]] std::string reason() const;
 
 private:

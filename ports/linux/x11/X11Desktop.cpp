@@ -12,7 +12,7 @@ namespace stagehopper::linux_port {
 
 namespace {
 
-/// A server that runs in circles of parents does not exist, but a loop needs an end.
+/// No server has circular parents, but a loop needs a limit.
 constexpr int maxWindowDepth = 64;
 
 }  // namespace
@@ -43,8 +43,8 @@ std::optional<TopLevelWindow> X11Desktop::focusedWindow() {
     Window focus = None;
     int revertTo = 0;
     XGetInputFocus(connection_.display(), &focus, &revertTo);
-    // The server's word counts: _NET_ACTIVE_WINDOW lags behind it, and is all there is while the
-    // focus rests on a window that nobody manages, such as a launcher's.
+    // The server's focus comes first: _NET_ACTIVE_WINDOW lags behind it. It is the only source
+    // while an unmanaged window, such as a launcher's, has the focus.
     auto window = managedWindowAbove(focus);
     if (window == None) {
         const auto active = properties.numbers(connection_.rootWindow(), "_NET_ACTIVE_WINDOW");

@@ -8,19 +8,19 @@
 
 namespace stagehopper::linux_port {
 
-/// The X desktop as its window manager describes it: which windows there are, whose they are, and
-/// which one the user types into. Main thread only. Without an X display every answer is empty.
+/// The X desktop as its window manager describes it: its windows, their processes, and the window
+/// with the user's focus. Main thread only. Without an X display every result is empty.
 class X11Desktop {
 public:
     X11Desktop();
 
-    /// The managed windows, oldest first. Each call asks the server anew.
+    /// The managed windows, oldest first. Each call queries the server.
     std::vector<TopLevelWindow> windows();
-    /// The managed window that gets the user's keys; absent when none does.
+    /// The managed window with the user's focus; absent without one.
     std::optional<TopLevelWindow> focusedWindow();
-    /// What the window manager calls itself; empty without one.
+    /// The window manager's name; empty without one.
     std::string windowManagerName();
-    /// Acts with the user's own keyboard and pointer.
+    /// The connection whose input is the user's keyboard and pointer.
     X11Connection& connection() { return connection_; }
 
 private:

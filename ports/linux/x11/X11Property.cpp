@@ -40,7 +40,7 @@ std::string validUtf8(const std::string& bytes) {
 }
 
 Atom X11Property::atom(const char* name) const {
-    // Xlib remembers the answers: one round trip for each name and connection.
+    // Xlib caches atoms: one round trip for each name and connection.
     return XInternAtom(connection_.display(), name, False);
 }
 
@@ -48,7 +48,7 @@ std::vector<unsigned long> X11Property::numbers(WindowId window, const char* nam
     const auto property = read(connection_.display(), window, atom(name), maxPropertyLength);
     std::vector<unsigned long> numbers;
     if (property.format != 32 || property.count == 0) return numbers;
-    // Xlib hands 32-bit items out as longs.
+    // Xlib returns 32-bit items as longs.
     numbers.resize(property.count);
     std::memcpy(numbers.data(), property.data.get(), property.count * sizeof(unsigned long));
     return numbers;

@@ -10,7 +10,7 @@ namespace stagehopper::linux_port {
 
 class X11Connection;
 
-/// An X atom, by the name that stands for it on the wire.
+/// An X atom, Xlib's number for a name.
 using Atom = unsigned long;
 
 /// In units of four bytes. Longer lists and texts are cut off; no sane program has them.
@@ -19,8 +19,8 @@ inline constexpr std::uint32_t maxPropertyLength = 64 * 1024;
 /// Replaces what is not UTF-8. Any thread.
 std::string validUtf8(const std::string& bytes);
 
-/// Reading of window properties. Main thread only, inside an `XErrorTrap`: a window that is gone
-/// has no properties.
+/// Reads window properties. Main thread only, inside an `XErrorTrap`. A window that is gone has no
+/// properties.
 class X11Property {
 public:
     explicit X11Property(X11Connection& connection) : connection_(connection) {}
@@ -29,7 +29,7 @@ public:
     /// A property of 32-bit numbers (windows, atoms, cardinals); empty when it is missing or of
     /// another type.
     [[nodiscard]] std::vector<unsigned long> numbers(WindowId window, const char* name) const;
-    /// A property of bytes, without its conversion to UTF-8; empty when it is missing.
+    /// A property of bytes, not converted to UTF-8; empty when it is missing.
     [[nodiscard]] std::string bytes(WindowId window, const char* name) const;
     [[nodiscard]] bool exists(WindowId window, const char* name) const;
 

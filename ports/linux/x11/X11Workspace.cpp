@@ -15,14 +15,14 @@ namespace {
 using platform::Pid;
 using platform::RunningApplication;
 
-/// Empty when the process is gone or belongs to someone else.
+/// Empty when the process is gone or belongs to another user.
 std::string executableName(Pid process) {
     std::error_code error;
     const auto target =
         std::filesystem::read_symlink("/proc/" + std::to_string(process) + "/exe", error);
     if (error) return {};
     std::string name = target.filename().string();
-    // What the kernel adds after an update has replaced the running program's file.
+    // The kernel adds this after an update has replaced the running program's file.
     constexpr std::string_view replaced = " (deleted)";
     if (name.ends_with(replaced)) name.resize(name.size() - replaced.size());
     return name;

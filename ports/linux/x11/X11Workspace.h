@@ -8,7 +8,7 @@ namespace stagehopper::linux_port {
 
 class X11Desktop;
 
-/// The programs on an X desktop, known by their windows. Main thread only. `desktop` outlives it.
+/// The programs that have windows on an X desktop. Main thread only. `desktop` outlives it.
 class X11Workspace final : public platform::Workspace {
 public:
     explicit X11Workspace(X11Desktop& desktop) : desktop_(desktop) {}

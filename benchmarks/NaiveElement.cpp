@@ -12,7 +12,7 @@ std::optional<AttributeValue> NaiveElement::attributeValue(AccessibilityAttribut
     namespace reply = linux_port::at_spi_reply;
     if (attribute == AccessibilityAttribute::role) {
         const auto role = reply::role(bus_.call(call::role(object_)));
-        // A submenu's role says so by itself in GTK.
+        // In GTK a submenu has a role of its own.
         return AttributeValue{std::string(linux_port::menuRole(role, depth_, false))};
     }
     if (attribute == AccessibilityAttribute::title) {

@@ -25,7 +25,7 @@ private:
     std::size_t depth_;
 };
 
-/// The menu bar of the program's active window; null when there is none.
+/// The menu bar of the program's active window; null without one.
 std::shared_ptr<const NaiveElement> naiveMenuBar(linux_port::AccessibilityBus& bus,
                                                  platform::Pid process);
 

@@ -40,7 +40,7 @@ constexpr auto keyHold = std::chrono::milliseconds(50);
 constexpr auto betweenSteps = std::chrono::milliseconds(50);
 constexpr auto limit = std::chrono::seconds(10);
 
-/// Passes on what it is given, and tells when a press and when a release has been posted.
+/// Forwards keys and records when a press has been posted.
 class ObservedKeyboard final : public platform::KeyboardEvents {
 public:
     explicit ObservedKeyboard(platform::KeyboardEvents& keyboard) : keyboard_(keyboard) {}

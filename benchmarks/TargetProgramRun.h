@@ -8,7 +8,7 @@
 
 namespace stagehopper::benchmarks {
 
-/// A program of ours to be stepped or searched, running for as long as this stands.
+/// A program of ours to be stepped or searched, which runs during the lifetime of this object.
 class TargetProgramRun {
 public:
     /// Waits, for a limited time, until it writes its first line.

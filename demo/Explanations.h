@@ -5,7 +5,7 @@
 
 namespace stagehopper::desktop {
 
-/// What a diagnostic line tells, in plain words; empty for a line that speaks for itself.
+/// Explains a diagnostic line in plain words; empty for a line that needs no explanation.
 [[nodiscard]] std::string explanationOf(std::string_view diagnosticLine);
 
 }  // namespace stagehopper::desktop

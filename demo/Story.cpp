@@ -16,7 +16,7 @@ constexpr std::chrono::seconds limit{10};
 
 // Beside the numbers of the slides, so that both can be seen.
 constexpr Area panelPlace{752, 8, 520, 680};
-// Where the phone's pointer stands, as a share of the screen and so of the phone's pad: on the
+// The position of the phone's pointer, as a share of the screen and of the phone's pad: on the
 // slide, beside its number.
 constexpr double pointedX = 0.4;
 constexpr double pointedY = 0.3;

@@ -13,10 +13,10 @@ namespace stagehopper::desktop {
 
 /// One session of a presenter: Impress shows a deck, a phone and Stagehopper's panel turn its
 /// slides, and the overlay shows where the phone points. Everything is real but the screens. Each
-/// operation throws DesktopError when something does not come out as told.
+/// operation throws DesktopError when its expected result does not appear.
 class Story {
 public:
-    /// What stands on the screens, by language.
+    /// The texts on the screens, by language.
     struct Words {
         const char* locale;
         std::string language;
@@ -36,7 +36,7 @@ private:
     void openTheDeck();
     void startStagehopper();
     void scanTheCode();
-    /// Does something, then waits for this slide, and tells both.
+    /// Performs an action, waits for this slide, and narrates both.
     void stepTo(int slide, const std::string& what, const std::function<void()>& act);
     void pointWithThePhone();
     void takePictures(const std::filesystem::path& folder);

@@ -1,5 +1,5 @@
-// stagehopper-story FOLDER [en|zh]: tells what the program does, by doing it on a virtual desktop.
-// The last lines are the paths of the pictures that it leaves in the folder.
+// stagehopper-story FOLDER [en|zh]: shows what the program does on a virtual desktop. The last
+// lines are the paths of the pictures that it leaves in the folder.
 
 #include <filesystem>
 #include <iostream>

@@ -1,4 +1,4 @@
-// Who owns the second keyboard, and what is said when there is none.
+// The owner of the background keyboard, and the reasons given without one.
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -83,7 +83,7 @@ TEST_F(BackgroundKeyboard, OfALivingProgramIsNotShared) {
     EXPECT_EQ(second.sendKey(typing_->pid()), "refused another program has the second keyboard");
     EXPECT_EQ(first.sendKey(typing_->pid()), sent);
 
-    // It comes free: the second one has it as soon as it needs it.
+    // The keyboard is free: the second process takes it with its next key.
     EXPECT_EQ(first.quit(), 0);
     EXPECT_EQ(second.sendKey(typing_->pid()), sent);
     EXPECT_EQ(pointers().size(), 1U);

@@ -1,7 +1,7 @@
 // A program with a slide menu that is busy at a bad moment, for the tests. To us it is Impress.
 //
-// stagehopper_busy_slides MILLISECONDS: for that long its main loop stands still, once, right after
-// the state of its menu item was first read, so that it sees the press that follows only then.
+// stagehopper_busy_slides MILLISECONDS: its main loop blocks once for that time, right after the
+// state of its menu item was first read, so that it sees the following press only afterwards.
 // Writes "busy", "awake", and "step next" or "step previous" for each step, whether by the menu or
 // by a key.
 

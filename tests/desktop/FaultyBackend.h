@@ -14,12 +14,12 @@
 
 namespace stagehopper::desktop {
 
-/// A backend on a port of the range in which the program looks, with one meeting, that does with
-/// each slide socket what a test tells it: byte by byte, so that it can break every rule. It also
-/// serves the pages that a test gives it. One thread, and threads of its own.
+/// A backend on a port of the range in which the program looks, with one meeting, that lets a test
+/// control each slide socket byte by byte, so that it can break every rule. It also serves the
+/// pages that a test gives it. One thread, and threads of its own.
 class FaultyBackend {
 public:
-    /// What becomes of the next slide sockets.
+    /// How the next slide sockets are handled.
     enum class Handshake { accepted, refused, neverAnswered };
 
     /// Listens at once; throws DesktopError when the port is taken.
@@ -34,7 +34,7 @@ public:
     /// False: pings get no pong.
     void setAnswersPings(bool answers) { answersPings_ = answers; }
 
-    /// Waits for the socket that is opened as the `count`th, and is told so by its request.
+    /// Waits until the slide socket number `count` has been requested.
     [[nodiscard]] bool waitForSocket(std::size_t count, Limit limit = std::chrono::seconds(10));
     /// Path and query of each slide socket so far.
     [[nodiscard]] std::vector<std::string> targets() const;
@@ -75,7 +75,7 @@ private:
     /// By method and target.
     std::map<std::string, std::string> pages_;
     std::optional<int> closeCode_;
-    /// The newest slide socket, -1 when there is none; and all that are open.
+    /// The newest slide socket, or -1; and all open ones.
     int socket_ = -1;
     std::vector<int> open_;
     std::vector<std::thread> threads_;

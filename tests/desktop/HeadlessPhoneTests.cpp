@@ -1,4 +1,5 @@
-// The phone without a screen: what it does to a page, what it tells, and that it leaves nothing.
+// The phone without a screen: its actions on a page, its reports, and that it leaves no process
+// behind.
 
 #include <gdk-pixbuf/gdk-pixbuf.h>
 #include <gmock/gmock.h>

@@ -4,7 +4,7 @@
 
 namespace stagehopper::desktop {
 
-/// Where the program writes its diagnostic lines; the same for everybody on this machine.
+/// Where the program writes its diagnostic lines; the same for all users of this machine.
 inline constexpr const char* debugLogFile = "/tmp/stagehopper_debug.log";
 
 /// Puts the user's own log file aside, and back at its end. Two test runs at once wait for each

@@ -1,6 +1,6 @@
-// The port's second keyboard in a process of its own, for the tests: made at the start, which
-// "ready" tells, and given up when SIGTERM comes or standard input ends. Each number read is a
-// process that gets one key; "sent", or "refused REASON", is the answer.
+// The port's second keyboard in a process of its own, for the tests: made at the start, reported by
+// "ready", and removed on SIGTERM or at the end of standard input. Each number read is a process
+// that gets one key; the reply is "sent" or "refused REASON".
 
 #include <unistd.h>
 

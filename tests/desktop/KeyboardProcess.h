@@ -21,7 +21,7 @@ public:
     [[nodiscard]] std::string sendKey(pid_t process);
     /// Lets it end by itself; its exit status, or absent when it does not end.
     std::optional<int> quit();
-    /// Waits for its end, too.
+    /// Sends a signal and waits for the end of the process.
     std::optional<int> signal(int number);
 
 private:

@@ -212,8 +212,8 @@ private:
             << "a second cursor at" << seen.str() << history_.str();
     }
 
-    /// The user's is to be seen. Ours never is while its program lives; left alone, it shows in its
-    /// corner what a window there defines.
+    /// The user's cursor is visible. Ours never is while its program runs. A leftover pointer shows
+    /// the cursor of a window in its corner.
     [[nodiscard]] bool mayHaveACursor(const ScreenPoint& pixel) const {
         const auto isNear = [&pixel](const ScreenPoint& place) {
             constexpr int cursorSize = 32;

@@ -1,5 +1,5 @@
-// The debug log file, which lies where everybody can write: it comes back when it is deleted, and
-// what somebody put in its place is left alone.
+// The debug log file, in a folder that all users can write to: it is made again after deletion, and
+// a file planted in its place is not touched.
 
 #include <gmock/gmock.h>
 

@@ -27,7 +27,7 @@ constexpr int outsideX = 20;
 constexpr int outsideY = 20;
 
 /// A square in the middle, green in every page but the first that was loaded after a clean start:
-/// that one is told to change its colour by the host's own script call.
+/// that page changes its color at a script call of the host.
 constexpr const char* page = R"(<!doctype html>
 <meta charset="utf-8">
 <style>
@@ -51,7 +51,7 @@ protected:
         panel_ = std::make_unique<RemotePanel>(desktop_, pages);
     }
 
-    /// Whether the overlay has not painted or the compositor does not show it, is to be seen here.
+    /// Shows whether the overlay has not painted or the compositor does not show it.
     void TearDown() override {
         if (!HasFailure()) return;
         std::cout << "the screen, " << inWords(pixel(insideX, insideY)) << ":\n"
@@ -206,7 +206,7 @@ TEST_F(OverlayOnDesktop, CoversOneScreenOnlyWhenAnotherIsConnectedAndAllWhenThat
     show();
     ASSERT_TRUE(becomes(insideX, insideY, magenta));
     // GTK knows screens by their outputs, and the X server has one, here that of the right screen.
-    // It is told when the first output changes.
+    // It is notified when the first output changes.
     xrandr(
         "xrandr --setmonitor left 400/100x720/190+0+0 none && "
         "xrandr --setmonitor right 880/200x720/190+400+0 screen && "
@@ -242,7 +242,7 @@ class MovingOverlay : public OverlayOnDesktop {
 protected:
     MovingOverlay() : OverlayOnDesktop(DesktopOptions{}, movingPage) {}
 
-    /// The places at which the square is to be seen.
+    /// The positions of the visible square.
     std::vector<int> placesLit() {
         std::vector<int> lit;
         const auto screen = Picture::of(desktop_.display(), desktop_.display().root());

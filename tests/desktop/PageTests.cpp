@@ -83,7 +83,7 @@ TEST_F(PanelPage, IsNotReplacedByAFileThatIsDroppedOnIt) {
 
 TEST_F(PanelPage, IsNotReplacedByALinkThatIsDroppedOnIt) {
     drop("http://127.0.0.1:3041/other");
-    // That far it goes: only the answer tells WebKitGTK for which frame it is.
+    // The request is sent: WebKitGTK learns only from the response which frame it is for.
     EXPECT_TRUE(waitFor(
         [this] {
             const auto all = server_.requests();

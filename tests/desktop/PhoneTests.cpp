@@ -26,7 +26,7 @@ protected:
         link_ = joinLink();
         phone_.open(link_);
         expectState("Connected");
-        // The program itself is in the room, too, when it has found it.
+        // The program itself also joins the room when it has found it.
         if (!driven_.logs("native_ws_ready", 0, limit)) {
             throw std::runtime_error("the room was not joined:\n" + driven_.output());
         }

@@ -1,5 +1,5 @@
-// What the other desktop tests stand on: the decks open in the real programs, keys turn them, and
-// the pixels tell which slide is up.
+// The basis of the other desktop tests: the decks open in the real programs, keys turn them, and
+// the pixels show which slide is up.
 
 #include <gtest/gtest.h>
 

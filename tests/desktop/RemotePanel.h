@@ -6,11 +6,11 @@
 
 namespace stagehopper::desktop {
 
-/// Puts the page of RemotePanel into a folder of the desktop and tells which.
+/// Puts the page of RemotePanel into a folder of the desktop and returns the folder.
 [[nodiscard]] std::filesystem::path writeRemotePage(const VirtualDesktop& desktop);
 
-/// The real program with a page that does what the test tells it to, when it tells it: so a step
-/// can come while any other window has the focus. One thread.
+/// The real program with a page that the test controls, so that a step can come while any other
+/// window has the focus. One thread.
 class RemotePanel {
 public:
     /// Waits until the page listens; throws DesktopError.

@@ -109,8 +109,8 @@ TEST_F(Typing, WithShiftHeldIsNotDisturbedByFortyStepsToEvince) {
     expectThatTypingAndSteppingDoNotMeet(*openInEvince(desktop_));
 }
 
-// Openbox, like others, takes our keyboard's focus for the user's and has to be told better after
-// each key. It does not composite, so the slide is read from the page's title.
+// Openbox, like others, takes our keyboard's focus for the user's and must be corrected after each
+// key. It does not composite, so the slide is read from the page's title.
 TEST(TypingUnderOpenbox, WithShiftHeldIsNotDisturbedByFortyStepsToFirefox) {
     DesktopOptions options;
     options.windowManager = {"openbox", "--sm-disable"};

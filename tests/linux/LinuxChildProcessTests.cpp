@@ -1,4 +1,4 @@
-// What children find on Linux; what every port promises of them stands among the contract's tests.
+// What children find on Linux; the contract tests cover what every port promises.
 
 #include <gmock/gmock.h>
 #include <sys/wait.h>
@@ -105,7 +105,7 @@ TEST_F(LinuxChildProcess, NoSignalIsIgnoredOrBlockedInIt) {
     std::uint64_t blockedThere = 0;
     std::uint64_t ignoredThere = 0;
     ASSERT_TRUE(lines >> std::hex >> blockedThere >> ignoredThere) << found;
-    // Above them stand two that the C library keeps for itself.
+    // The two above them belong to the C library.
     constexpr std::uint64_t ordinarySignals = 0x7fffffff;
     EXPECT_EQ(blockedThere & ordinarySignals, 0U);
     EXPECT_EQ(ignoredThere & ordinarySignals, 0U);

@@ -1,4 +1,4 @@
-// What is taken away when the program ends, and what not while it is still in use.
+// Which objects are destroyed when the program ends, and which are kept while they are in use.
 
 #include "ports/linux/system/OrderlyEnd.h"
 

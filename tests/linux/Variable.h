@@ -6,7 +6,7 @@
 
 namespace stagehopper::linux_port {
 
-/// An environment variable that has another value, or none, for a while.
+/// Sets or removes an environment variable during its lifetime.
 class Variable {
 public:
     Variable(const char* name, const char* value) : name_(name) {

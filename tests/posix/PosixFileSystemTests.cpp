@@ -1,5 +1,5 @@
-// The log file stands in a folder where everybody may write; here are the kernel's answers to what
-// others do there.
+// The log file is in a folder that all users can write to. These tests show the kernel's answers to
+// what others do there.
 
 #include <gmock/gmock.h>
 #include <sys/stat.h>

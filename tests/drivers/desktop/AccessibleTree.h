@@ -18,8 +18,8 @@ struct Widget {
     std::string path;
 };
 
-/// Looks into other programs through the accessibility bus. Every call asks anew: nothing that was
-/// seen earlier is kept, so what it tells is so now. One thread.
+/// Looks into other programs through the accessibility bus. Every call reads again: nothing is
+/// cached. One thread.
 class AccessibleTree {
 public:
     /// Throws DesktopError.
@@ -28,7 +28,7 @@ public:
     /// The root of a process's tree.
     [[nodiscard]] std::optional<Widget> program(pid_t process) const;
     /// The first widget below `root`, in reading order, with this role, whose name contains `name`.
-    /// What stands in menu bars is not looked at.
+    /// Does not search menu bars.
     [[nodiscard]] std::optional<Widget> find(const Widget& root, AtspiRole role,
                                              const std::string& name) const;
     /// Waits for a widget of a process that is on the screen; throws DesktopError.

@@ -43,8 +43,7 @@ public:
     [[nodiscard]] const ProgramOutput& output() const { return output_; }
 
     [[nodiscard]] bool isRunning();
-    /// To the program itself, not to its group.
-    /// After SIGSTOP it stands still when this returns.
+    /// To the program itself, not to its group. After SIGSTOP it has stopped when this returns.
     void signal(int number) const;
     /// Waits until it has ended: the exit status, or 128 and the number of the signal that ended
     /// it, as shells have it.

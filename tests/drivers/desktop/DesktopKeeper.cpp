@@ -41,7 +41,7 @@ void clearAway(const std::filesystem::path& folder) {
 [[noreturn]] void keep(int lifeline, const std::filesystem::path& folder) {
     setsid();
     for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGPIPE}) ::signal(number, SIG_IGN);
-    // Our maker's streams must not stay open for our sake: somebody may wait for their end.
+    // We must not keep our parent's streams open: a reader may wait for their end.
     const int nothing = open("/dev/null", O_RDWR);
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) dup2(nothing, stream);
     dup2(lifeline, 3);

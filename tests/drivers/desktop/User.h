@@ -9,7 +9,7 @@
 
 namespace stagehopper::desktop {
 
-/// The person at the keyboard and the mouse: events that no program can tell from real ones.
+/// The person at the keyboard and the mouse: events that no program can distinguish from real ones.
 class User {
 public:
     explicit User(const XDisplay& display) : display_(display) {}
@@ -23,7 +23,7 @@ public:
     void release(KeySym key) const;
     /// Presses the keys in order and releases them in reverse: {XK_Control_L, XK_q}.
     void strike(const std::vector<KeySym>& keys) const;
-    /// Letters, digits and blanks, as they stand on the keys: no Shift is added.
+    /// Letters, digits and blanks as on the keys, without Shift.
     void type(std::string_view text) const;
 
 private:

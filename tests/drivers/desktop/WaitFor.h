@@ -7,8 +7,8 @@ namespace stagehopper::desktop {
 
 using Limit = std::chrono::milliseconds;
 
-/// Looks at a condition until it holds or the time is up; tells whether it came to hold. For what
-/// other programs do, of which nobody sends us notice.
+/// Polls a condition until it holds or the time is up; returns whether it holds. For actions of
+/// other programs that send no notification.
 template <class Condition>
 [[nodiscard]] bool waitFor(Condition&& condition, Limit limit) {
     constexpr std::chrono::milliseconds betweenLooks{5};

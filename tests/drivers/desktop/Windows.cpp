@@ -8,7 +8,7 @@ namespace stagehopper::desktop {
 
 namespace {
 
-// Requests say who asks: 2 is a tool by which the user acts, which window managers obey.
+// Requests name their source: 2 is a tool of the user, which window managers obey.
 constexpr long fromTheUser = 2;
 
 struct Relatives {

@@ -1,5 +1,5 @@
 // with-virtual-desktop [--no-accessibility] -- COMMAND ARGUMENT...: runs a command on a virtual
-// desktop and ends as it ends.
+// desktop and exits with its status.
 
 #include <csignal>
 #include <iostream>

@@ -22,10 +22,10 @@ public:
     [[nodiscard]] Window root() const { return DefaultRootWindow(display_.get()); }
     [[nodiscard]] Atom atom(const char* name) const;
 
-    /// Runs requests and tells whether the server accepted all of them.
+    /// Runs requests and returns whether the server accepted all of them.
     bool accepts(const std::function<void()>& requests) const;
 
-    /// A property that is a list of 32-bit values; empty when there is none.
+    /// A property that is a list of 32-bit values; empty when it is missing.
     [[nodiscard]] std::vector<unsigned long> numbers(Window window, const char* property) const;
     [[nodiscard]] std::string text(Window window, const char* property) const;
     /// The server's present time.

@@ -29,8 +29,8 @@ std::string consoleText(const Json& arguments) {
     return text;
 }
 
-/// Lets the page itself look, for so long that asking is cheap and so short that a page that goes
-/// meanwhile costs little. Timers rather than animation frames: a page at rest may draw none.
+/// Lets the page itself poll, long enough to make calls rare, and short enough that a vanished page
+/// costs little. Timers rather than animation frames: a page at rest may draw none.
 std::string lookFor(const std::string& expression) {
     return R"js((async () => {
         let error = '';
@@ -114,7 +114,7 @@ void BrowserPage::waitFor(const std::string& expression, Limit limit) {
 }
 
 std::vector<std::string> BrowserPage::consoleMessages() {
-    // What was told before this answer is heard by then.
+    // Events sent before this reply have been handled by then.
     pipe_.call("Runtime.evaluate", {{"expression", "0"}});
     return consoleMessages_;
 }

@@ -21,8 +21,8 @@ constexpr int browserWritesAt = 4;
 }  // namespace
 
 DebuggerPipe::DebuggerPipe() {
-    // A socket rather than two pipes: writing to a browser that is gone is then an error that can
-    // be told, and not a signal that ends us.
+    // A socket rather than two pipes: writing to a browser that is gone is then an error that we
+    // can report, and not a signal that ends us.
     std::array<int, 2> ends{};
     if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0) {
         throw DesktopError("no connection to a browser could be made");

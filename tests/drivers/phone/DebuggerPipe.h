@@ -12,8 +12,8 @@
 namespace stagehopper::desktop {
 
 /// A conversation with a browser's debugger over open files that it is started with, without a
-/// network port that others could reach: JSON messages, each ended by a zero byte. What the browser
-/// tells by itself is heard while we wait for something. One thread.
+/// network port that others could reach: JSON messages, each ended by a zero byte. Events of the
+/// browser are handled while we wait for a reply. One thread.
 class DebuggerPipe {
 public:
     using EventHandler =
@@ -30,8 +30,8 @@ public:
     /// To be called once the browser has it, so that we notice when the browser ends.
     void closeBrowserEnd();
 
-    /// Must be set before the first call. It may not make calls itself; what it throws comes out
-    /// of the call during which the event was heard.
+    /// Must be set before the first call. It may not make calls itself; its exceptions leave the
+    /// call during which the event arrived.
     void onEvent(EventHandler handler) { handler_ = std::move(handler); }
     /// The session that all further calls are for; before, they are for the browser as a whole.
     void setSession(std::string session) { session_ = std::move(session); }
@@ -41,8 +41,8 @@ public:
     nlohmann::json call(const std::string& method,
                         const nlohmann::json& parameters = nlohmann::json::object(),
                         Limit limit = std::chrono::seconds(20));
-    /// Hears what is told until the condition holds; false when the time is up. Throws
-    /// DesktopError when the browser goes.
+    /// Handles events until the condition holds; false when the time is up. Throws DesktopError
+    /// when the browser goes.
     [[nodiscard]] bool listenUntil(const std::function<bool()>& condition, Limit limit);
 
 private:

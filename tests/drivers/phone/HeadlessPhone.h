@@ -14,14 +14,14 @@
 namespace stagehopper::desktop {
 
 struct PhoneOptions {
-    /// As navigator.language tells it: "en", "zh-CN".
+    /// The value of navigator.language: "en", "zh-CN".
     std::string language = "en";
     bool darkMode = false;
 };
 
-/// A phone of 390 by 844, upright, with touch and a real browser, that nobody sees. It has nothing
-/// to do with the windows of the desktop, but ends with it and keeps its files there. What does
-/// not come about in time throws DesktopError. One thread.
+/// A phone of 390 by 844, upright, with touch and a real headless browser. It is independent of the
+/// desktop's windows, but ends with the desktop and keeps its files there. A timeout throws
+/// DesktopError. One thread.
 class HeadlessPhone {
 public:
     static constexpr int width = 390;
@@ -31,7 +31,7 @@ public:
 
     explicit HeadlessPhone(const VirtualDesktop& desktop, const PhoneOptions& options = {});
 
-    /// Loads an address anew, also when only what stands behind its # differs.
+    /// Loads an address again, even when only its fragment differs.
     void open(const std::string& url) { page_->open(url); }
     void reload() { page_->reload(); }
 
@@ -46,7 +46,7 @@ public:
     void touchMove(double x, double y);
     void touchEnd();
 
-    /// Waits for an element and tells its text as it is shown.
+    /// Waits for an element and returns its visible text.
     [[nodiscard]] std::string text(const std::string& cssSelector);
     /// See BrowserPage.
     [[nodiscard]] nlohmann::json evaluate(const std::string& expression) {

@@ -11,7 +11,7 @@ namespace stagehopper::desktop {
 
 constexpr int slideCount = 5;
 
-/// Each slide is filled with its own colour, so that a look at the pixels tells which one is up.
+/// Each slide is filled with its own colour, so that the pixels show which one is up.
 constexpr std::array<Colour, slideCount> slideColours{{{0xC0, 0x39, 0x2B},
                                                        {0x24, 0x71, 0xA3},
                                                        {0x1E, 0x84, 0x49},
@@ -21,7 +21,8 @@ constexpr std::array<Colour, slideCount> slideColours{{{0xC0, 0x39, 0x2B},
 /// A slide's colour as "#C0392B".
 [[nodiscard]] std::string hexColour(int slide);
 
-/// The slide whose colour covers most of the picture, from 1; absent when none covers a good part.
+/// The slide whose colour covers most of the picture, from 1; absent when no slide covers a large
+/// part.
 [[nodiscard]] std::optional<int> slideIn(const Picture& picture);
 
 /// The deck as a presentation in flat OpenDocument XML.

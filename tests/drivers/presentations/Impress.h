@@ -17,7 +17,7 @@ public:
     void startShow();
     /// Ends it with Escape.
     void endShow();
-    /// Whether this is the slide in the editor, as it tells assistive technology.
+    /// Whether this slide is in the editor, as reported to assistive technology.
     [[nodiscard]] bool editorSays(int slide) const;
 
 private:

@@ -9,7 +9,7 @@ namespace stagehopper::desktop {
 
 namespace {
 
-/// Puts a PDF file together: numbered objects, then the table of where each of them stands.
+/// Builds a PDF file: numbered objects, then the table of their positions.
 class PdfWriter {
 public:
     /// Objects get their numbers in the order of their adding, from 1.

@@ -11,8 +11,8 @@
 
 namespace stagehopper::desktop {
 
-/// The real program `stagehopper`, as it lies beside ours, running on a virtual desktop. One
-/// thread. The desktop must outlive it.
+/// The real program `stagehopper` from our own folder, running on a virtual desktop. One thread.
+/// The desktop must outlive it.
 class DrivenProgram {
 public:
     /// Starts it with its own pages, or with those of this folder, and waits for its window;

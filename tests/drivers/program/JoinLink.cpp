@@ -15,7 +15,7 @@ namespace {
 constexpr int firstPort = 3000;
 constexpr int lastPort = 3050;
 
-/// The whole answer to a request; empty when nobody answers.
+/// The whole response to a request; empty without a server.
 std::string answerOf(int port, const std::string& request) {
     const linux_port::ObjectPointer<GSocketClient> client(g_socket_client_new());
     g_socket_client_set_timeout(client.get(), 2);

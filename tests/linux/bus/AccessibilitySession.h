@@ -26,7 +26,7 @@ public:
     /// The service that knows the accessibility bus comes up on the session bus.
     void startService();
     void stopService();
-    /// It stands still: calls to it are never answered.
+    /// It is stopped: calls to it are never answered.
     std::atomic<bool> serviceHangs = false;
 
     /// A program with a window and a menu; what it does with a press is said in its source.

@@ -15,7 +15,7 @@ public:
     explicit PrivateBus(std::filesystem::path folder);
 
     [[nodiscard]] const std::string& address() const { return address_; }
-    /// It stands still, with all its connections open, until it goes on.
+    /// It is stopped, with all its connections open, until it continues.
     void hang() const;
     void goOn() const;
     void die();

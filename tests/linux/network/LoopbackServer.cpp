@@ -258,7 +258,7 @@ void LoopbackServer::acceptAll() {
     }
 }
 
-// Bound, but not listening: the system refuses, and gives the port to nobody else.
+// Bound, but not listening: the system refuses connections and does not reuse the port.
 UnusedPort::UnusedPort() : socket_(newSocket()), port_(bindToLoopback(socket_.number())) {}
 
 std::string UnusedPort::authority() const {

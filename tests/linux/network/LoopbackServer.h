@@ -24,7 +24,7 @@ struct Frame {
 
 /// A close frame's payload.
 std::string closePayload(int code);
-/// The code in a close frame's payload; 1005 when there is none.
+/// The code in a close frame's payload; 1005 without one.
 int closeCodeIn(std::string_view payload);
 
 /// An open socket that is closed with its owner.
@@ -49,7 +49,7 @@ public:
 
     /// Encrypts what follows; false when the client does not go along.
     bool encrypt(SSL_CTX& context);
-    /// The server that the client has asked for when it began to encrypt; empty when it named none.
+    /// The server name that the client sent in the TLS handshake; empty without one.
     [[nodiscard]] std::string serverName() const;
     /// Says in the encrypted connection that nothing more comes.
     void sayGoodbye();
@@ -105,7 +105,7 @@ public:
     LoopbackServer& operator=(const LoopbackServer&) = delete;
 
     [[nodiscard]] int port() const { return port_; }
-    /// Host and port, as they stand in an address.
+    /// Host and port, as in an address.
     [[nodiscard]] std::string authority() const;
 
 private:
@@ -126,7 +126,7 @@ private:
     std::thread acceptor_;
 };
 
-/// A port of the loopback interface where nobody listens, and nobody else will while it lives.
+/// A port of the loopback interface without a listener, reserved during its lifetime.
 class UnusedPort {
 public:
     UnusedPort();
@@ -137,7 +137,7 @@ private:
     int port_ = 0;
 };
 
-/// A port that neither accepts nor refuses a connection: too many others wait before it.
+/// A port that neither accepts nor refuses a connection, because its queue is full.
 class CrowdedPort {
 public:
     CrowdedPort();

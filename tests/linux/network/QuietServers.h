@@ -7,8 +7,8 @@
 
 namespace stagehopper {
 
-/// A server that takes connections and says nothing; it counts those who have asked something, and
-/// those who have left.
+/// A server that accepts connections and sends nothing. It counts the clients that have sent
+/// something, and those that have left.
 struct SilentServer {
     Collected<int> asked;
     Collected<int> left;

@@ -103,7 +103,7 @@ TEST_F(Backend, OneThatCannotBeRunIsTriedThreeTimes) {
     expectGoodEnd(*driven);
 }
 
-TEST_F(Backend, OneThatHangsHoldsNothingUpAndIsEndedAtQuit) {
+TEST_F(Backend, OneThatHangsBlocksNothingAndIsEndedAtQuit) {
     installScript("exec sleep 1000");
     const auto driven = start();
     ASSERT_TRUE(driven->logs("(attempt 1/3)", 0, limit));

@@ -45,7 +45,7 @@ TEST_F(BackgroundKeyboard, IsGoneAfterANormalEnd) {
 
 // GTK asks for the pointer that belongs to the keyboard of a key, and ends its program with an X
 // error when it is gone by then.
-TEST_F(BackgroundKeyboard, StaysForTheSakeOfAProgramThatStillHasAKeyToWorkOff) {
+TEST_F(BackgroundKeyboard, StaysWhileAProgramMayStillHaveAKeyToHandle) {
     for (std::size_t life = 1; life <= 10; ++life) {
         KeyboardProcess process(desktop_);
         typing_->signal(SIGSTOP);
@@ -60,7 +60,7 @@ TEST_F(BackgroundKeyboard, StaysForTheSakeOfAProgramThatStillHasAKeyToWorkOff) {
     EXPECT_EQ(pointers().size(), 1U);
 }
 
-TEST_F(BackgroundKeyboard, OfAKilledProgramIsTakenOverAndStaysFromThenOn) {
+TEST_F(BackgroundKeyboard, OfAKilledProgramIsTakenOverAndKept) {
     KeyboardProcess killed(desktop_);
     const auto leftOver = pointers();
     ASSERT_EQ(leftOver.size(), 1U);
@@ -89,7 +89,7 @@ TEST_F(BackgroundKeyboard, OfALivingProgramIsNotShared) {
     EXPECT_EQ(pointers().size(), 1U);
 }
 
-TEST_F(BackgroundKeyboard, IsLeftToItsOwnerByAProgramThatCouldNotHaveIt) {
+TEST_F(BackgroundKeyboard, StaysWithItsOwnerWhenARefusedProgramQuits) {
     KeyboardProcess first(desktop_);
     KeyboardProcess second(desktop_);
     EXPECT_EQ(second.quit(), 0);
@@ -97,7 +97,7 @@ TEST_F(BackgroundKeyboard, IsLeftToItsOwnerByAProgramThatCouldNotHaveIt) {
     EXPECT_EQ(first.sendKey(typing_->pid()), sent);
 }
 
-TEST_F(BackgroundKeyboard, ThatTheServerCannotMakeIsRefusedInWordsUntilItCan) {
+TEST_F(BackgroundKeyboard, ThatTheServerCannotMakeIsRefusedWithAReasonUntilItCan) {
     ASSERT_GT(exhaustMasterDevices(desktop_.display()), 0);
     KeyboardProcess process(desktop_);
     const auto answer = process.sendKey(typing_->pid());
@@ -109,7 +109,7 @@ TEST_F(BackgroundKeyboard, ThatTheServerCannotMakeIsRefusedInWordsUntilItCan) {
     EXPECT_TRUE(typing_->output().waitForLine("key Right", limit));
 }
 
-TEST_F(BackgroundKeyboard, ThatIsRemovedByHandIsMadeAgainForTheNextKey) {
+TEST_F(BackgroundKeyboard, ThatWasRemovedByHandIsMadeAgainForTheNextKey) {
     KeyboardProcess process(desktop_);
     ASSERT_EQ(pointers().size(), 1U);
     removePointer(desktop_.display(), pointers().front());
@@ -118,7 +118,7 @@ TEST_F(BackgroundKeyboard, ThatIsRemovedByHandIsMadeAgainForTheNextKey) {
 }
 
 // Of a minimised window the server takes the focus away, and with it where a key would go.
-TEST_F(BackgroundKeyboard, SendsNothingToAMinimisedWindowAndSaysWhy) {
+TEST_F(BackgroundKeyboard, RefusesAKeyToAMinimizedWindowWithAReason) {
     KeyboardProcess process(desktop_);
     auto* display = desktop_.display().get();
     XIconifyWindow(display, window_, DefaultScreen(display));

@@ -36,12 +36,12 @@ TEST_F(Bridge, ABodyOfTenMegabytesArrivesWhole) {
     EXPECT_EQ(lines.front(), "panel_debug " + std::string(10 * 1024 * 1024, 'x'));
 }
 
-TEST_F(Bridge, ANulByteInABodyArrivesAsItIs) {
+TEST_F(Bridge, ANulByteInABodyArrivesUnchanged) {
     EXPECT_EQ(diagnosticsOf("post('DBG:before\\u0000behind')"),
               std::vector{"panel_debug before\0behind"s});
 }
 
-TEST_F(Bridge, CharactersOfAllPlanesArriveAsTheyAre) {
+TEST_F(Bridge, CharactersOfAllPlanesArriveUnchanged) {
     EXPECT_EQ(diagnosticsOf("post('DBG:é 幻灯片 🎞')"),
               std::vector{"panel_debug é 幻灯片 🎞"s});
 }
@@ -67,7 +67,7 @@ TEST_F(Bridge, AStepOfThePageOfADirectionAloneHasNoTagAndNoSource) {
     EXPECT_EQ(lines.front(), "native_bridge_received direction=prev seq=- source=");
 }
 
-TEST_F(Bridge, OverlayDataOfThePanelGoesNowhere) {
+TEST_F(Bridge, OverlayDataOfThePanelIsIgnored) {
     EXPECT_TRUE(diagnosticsOf("electronAPI.sendOverlayData({}); "
                               "electronAPI.sendParticipantsUpdate([])")
                     .empty());
@@ -87,7 +87,7 @@ TEST_F(Bridge, AStepStillWorksAfterABurstOfHugeBodies) {
     EXPECT_TRUE(panel_->logs("blocked_no_target", mark));
 }
 
-TEST_F(Bridge, BodiesThatAreNoTextsAreIgnored) {
+TEST_F(Bridge, BodiesOtherThanStringsAreIgnored) {
     EXPECT_TRUE(
         diagnosticsOf("for (const body of [5, 1.5, true, null, undefined, {a: 1}, ['DBG:x'],"
                       " new Date()]) post(body)")

@@ -71,7 +71,7 @@ TEST_F(BusyProgram, TakesTwoStepsForASecondTapWhileItIsBusy) {
     EXPECT_EQ(stepsInAll(), 2U) << panel()->output();
 }
 
-TEST_F(BusyProgram, ThatStandsStillFromTheStartGetsOneKeyForEachTap) {
+TEST_F(BusyProgram, ThatIsStoppedFromTheStartGetsOneKeyForEachTap) {
     start(0s);
     tap();
     program().signal(SIGSTOP);

@@ -153,7 +153,7 @@ TEST_F(HeadlessPhoneTest, ReallyLoadsWhenOnlyTheFragmentDiffersAndWhenReloading)
     EXPECT_EQ(phone.evaluate("location.hash"), "#two");
 }
 
-TEST_F(HeadlessPhoneTest, TellsTheErrorsOfThePage) {
+TEST_F(HeadlessPhoneTest, ReportsTheErrorsOfThePage) {
     write("faulty.html",
           "<script>console.log('fine'); console.error('wrong', 7);</script>"
           "<script>throw new Error('not caught');</script>"
@@ -177,7 +177,7 @@ TEST_F(HeadlessPhoneTest, GoesOfflineAndComesBack) {
     phone.waitFor("navigator.onLine");
 }
 
-TEST_F(HeadlessPhoneTest, SaysWhatDoesNotComeAbout) {
+TEST_F(HeadlessPhoneTest, NamesTheConditionThatTimedOut) {
     constexpr std::chrono::milliseconds soon{300};
     HeadlessPhone phone(desktop_);
     EXPECT_THAT(wordsOf([&] { phone.open(address("missing.html")); }),

@@ -252,11 +252,11 @@ void expectTheDesktopToLive(const std::string& windowManager) {
     }
 }
 
-TEST(BackgroundKeyboardOverManyLives, LeavesMutterAliveAndNothingToBeSeen) {
+TEST(BackgroundKeyboardOverManyLives, KeepsMutterAliveAndShowsNoSecondCursor) {
     expectTheDesktopToLive("mutter --x11 --sm-disable");
 }
 
-TEST(BackgroundKeyboardOverManyLives, LeavesOpenboxAliveAndNothingToBeSeen) {
+TEST(BackgroundKeyboardOverManyLives, KeepsOpenboxAliveAndShowsNoSecondCursor) {
     expectTheDesktopToLive("openbox --sm-disable");
 }
 

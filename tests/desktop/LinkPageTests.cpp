@@ -85,7 +85,7 @@ protected:
     std::unique_ptr<ChildProgram> browser_;
 };
 
-TEST_P(LinkPage, SaysNothingToAPageOfABrowser) {
+TEST_P(LinkPage, SendsNothingToAPageInABrowser) {
     EXPECT_TRUE(waitFor([this] { return told("over"); }, limit)) << browser_->output().text();
     EXPECT_TRUE(told("a%20window%20was%20opened"));
     EXPECT_THAT(server_.targets(), Not(Contains(HasSubstr("%20by%20"))));

@@ -52,7 +52,7 @@ TEST_F(LogFile, HoldsEveryLineWithItsTime) {
     EXPECT_THAT(messages, testing::Contains("[slide_nav] panel_debug hello"));
 }
 
-TEST_F(LogFile, IsMadeAnewWhenItWasDeleted) {
+TEST_F(LogFile, IsMadeAgainAfterItsDeletion) {
     RemotePanel panel(desktop_);
     ASSERT_TRUE(fs::remove(logFile));
     log(panel, "after");
@@ -84,7 +84,7 @@ TEST_F(LogFile, IsNotMadeThroughALinkToNothing) {
     EXPECT_FALSE(fs::exists(target));
 }
 
-TEST_F(LogFile, ThatIsAPipeNobodyReadsDoesNotHoldTheProgramUp) {
+TEST_F(LogFile, ThatIsAPipeWithoutAReaderDoesNotBlockTheProgram) {
     ASSERT_EQ(mkfifo(logFile.c_str(), 0600), 0);
     RemotePanel panel(desktop_);
     log(panel, "still here");

@@ -274,7 +274,7 @@ protected:
     OverlayWithoutCompositor() : OverlayOnDesktop({.windowManager = {"openbox", "--sm-disable"}}) {}
 };
 
-TEST_F(OverlayWithoutCompositor, HidesAndSaysSoOnce) {
+TEST_F(OverlayWithoutCompositor, HidesAndLogsThatOnce) {
     const auto before = Picture::of(desktop_.display(), desktop_.display().root());
     const auto mark = (*panel_)->mark();
     show();

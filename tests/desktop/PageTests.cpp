@@ -111,7 +111,7 @@ TEST_F(PanelPage, ShowsNoFileInAFrame) {
     expectStillThere();
 }
 
-TEST_F(PanelPage, FindsNothingOfWhatAServerLeftInItsLastRun) {
+TEST_F(PanelPage, FindsNoDataThatAServerStoredInItsLastRun) {
     // FaultyBackend allows its pages to be kept.
     server_.setPage("/kept", "<script>parent.postMessage('before', '*')</script>");
     const std::string look =

@@ -16,7 +16,7 @@ DesktopOptions withoutAccessibility() {
     return options;
 }
 
-TEST(Permission, WithoutAccessibilityAStepIsNotSentAndTheLogSaysWhy) {
+TEST(Permission, WithoutAccessibilityAStepIsNotSentAndTheLogGivesTheReason) {
     const VirtualDesktop desktop(withoutAccessibility());
     const auto evince = openInEvince(desktop);
     RemotePanel panel(desktop);
@@ -30,7 +30,7 @@ TEST(Permission, WithoutAccessibilityAStepIsNotSentAndTheLogSaysWhy) {
     EXPECT_EQ(evince->currentSlide(), 1);
 }
 
-TEST(Permission, WithoutAccessibilityTheUserIsAskedOnceAndThePageIsTold) {
+TEST(Permission, WithoutAccessibilityTheUserIsAskedOnceAndThePageIsNotified) {
     const VirtualDesktop desktop(withoutAccessibility());
     RemotePanel panel(desktop);
     panel.run("window._showAccessibilityHint = () => electronAPI.sendDebugLog('hint shown')");

@@ -160,7 +160,7 @@ TEST_F(PhoneRemote, ComesBackByItselfWhenTheBackendWasKilled) {
     EXPECT_TRUE(driven_.logs("native_ws_received direction=next", mark)) << driven_.output();
 }
 
-TEST_F(PhoneRemote, AWrongLinkIsToldInWordsAndTurnsNothing) {
+TEST_F(PhoneRemote, AWrongLinkShowsAReasonAndTurnsNoSlide) {
     auto wrong = link_;
     wrong.back() = wrong.back() == 'A' ? 'B' : 'A';
     HeadlessPhone other(desktop_);
@@ -201,7 +201,7 @@ TEST_F(PhoneRemote, APageElsewhereCanNeitherListNorCreateNorJoin) {
     EXPECT_EQ(joinLink(), link_);
 }
 
-TEST_F(PhoneRemote, SaysThatTheMeetingHasEnded) {
+TEST_F(PhoneRemote, ShowsThatTheMeetingHasEnded) {
     driven_.click("End meeting");
     expectState("The meeting has ended");
 }

@@ -39,7 +39,7 @@ TEST_F(Program, OpensItsPanelInFrontInItsSize) {
     EXPECT_GE(area->height, 680);
 }
 
-TEST_F(Program, ItsPanelWindowCanBeMadeAsSmallAsItsLeastSize) {
+TEST_F(Program, ItsPanelWindowShrinksToItsMinimumSize) {
     const DrivenProgram driven(desktop_);
     XSizeHints hints{};
     long supplied = 0;
@@ -96,7 +96,7 @@ TEST_F(Program, ListsInItsPanelWhatWasSent) {
     EXPECT_TRUE(waitFor([&] { return !tree.children(list).empty(); }, limit)) << tree.outline(list);
 }
 
-TEST_F(Program, SaysWhatIsWrongWithoutADisplay) {
+TEST_F(Program, ReportsAMissingDisplay) {
     const auto program = desktop_.start({"env", "-u", "DISPLAY", programFolder() / "stagehopper"});
     EXPECT_EQ(program->waitForExit(limit), 1);
     EXPECT_TRUE(program->output().waitForLine("cannot open a display", limit).has_value());

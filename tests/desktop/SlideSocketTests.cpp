@@ -70,7 +70,7 @@ TEST_F(SlideSocketFaults, ARefusedHandshakeIsTriedAgainUntilItIsAccepted) {
     expectGoodConnection(3);
 }
 
-TEST_F(SlideSocketFaults, AHandshakeThatIsNeverAnsweredHoldsNothingUp) {
+TEST_F(SlideSocketFaults, AHandshakeWithoutAnAnswerBlocksNothing) {
     expectGoodConnection(1);
     backend_.setHandshake(FaultyBackend::Handshake::neverAnswered);
     backend_.closeConnection();
@@ -110,7 +110,7 @@ TEST_F(SlideSocketFaults, ATagNestedWithoutEndIsIgnored) {
     EXPECT_EQ(panel_->program().output().count("native_ws_received", mark), 1U);
 }
 
-TEST_F(SlideSocketFaults, BytesThatAreNoTextAreDroppedAndTheConnectionStays) {
+TEST_F(SlideSocketFaults, BinaryMessagesAreDroppedAndTheConnectionStays) {
     expectGoodConnection(1);
     const auto mark = panel_->mark();
     backend_.sendBinary("\xFF\xFE\xFD");
@@ -119,7 +119,7 @@ TEST_F(SlideSocketFaults, BytesThatAreNoTextAreDroppedAndTheConnectionStays) {
     EXPECT_EQ(panel_->program().output().count("native_ws_receive_failed", mark), 0U);
 }
 
-TEST_F(SlideSocketFaults, ATextThatIsNoUtf8EndsTheConnection) {
+TEST_F(SlideSocketFaults, ATextWithInvalidUtf8EndsTheConnection) {
     expectGoodConnection(1);
     const auto mark = panel_->mark();
     backend_.sendText("\xFF\xFE\xFD");

@@ -150,7 +150,7 @@ TEST_F(Stepping, APanelInFrontDoesNotWaitForAnAnswerFromItself) {
         << panel->output();
 }
 
-TEST_F(Stepping, WithoutAnyPresentationTheLogSaysSo) {
+TEST_F(Stepping, WithoutAPresentationTheLogReportsIt) {
     RemotePanel panel(desktop());
     desktop().windows().activate(panel->panel());
     const auto mark = panel->mark();

@@ -67,7 +67,7 @@ TEST(VirtualDesktop, LeavesNothingBehindWhenItIsKilled) {
     expectNothingLeft(folder);
 }
 
-TEST(VirtualDesktop, SaysWhichProgramIsMissing) {
+TEST(VirtualDesktop, NamesTheMissingProgram) {
     const auto launcher = launch({"true"}, {"PATH=/nowhere"});
     EXPECT_EQ(launcher->waitForExit(limit), 1);
     EXPECT_TRUE(launcher->output().waitForLine("'Xvfb' could not be started", limit).has_value())

@@ -28,7 +28,7 @@ TEST(MenuRole, ASubmenuIsNeverAnItem) {
     EXPECT_EQ(menuRole(AtSpiRole::menuItem, 2, true), role::menu);
 }
 
-TEST(MenuRole, WhatOnlyStandsBetweenItemsIsUnknown) {
+TEST(MenuRole, ASeparatorIsUnknown) {
     EXPECT_EQ(menuRole(AtSpiRole::panel, 2, false), role::unknown);
     EXPECT_EQ(menuRole(AtSpiRole::invalid, 1, false), role::unknown);
 }
@@ -41,7 +41,7 @@ TEST(WindowRole, FramesAndDialogsAreWindowsAndPanelsAreNot) {
     EXPECT_FALSE(isWindow(AtSpiRole::invalid));
 }
 
-TEST(LayoutRole, ARootPaneIsNotLookedInto) {
+TEST(LayoutRole, ARootPaneIsNotSearched) {
     EXPECT_TRUE(isLayout(AtSpiRole::panel));
     EXPECT_TRUE(isLayout(AtSpiRole::viewport));
     EXPECT_FALSE(isLayout(AtSpiRole::rootPane));

@@ -38,7 +38,7 @@ TEST(KeyTarget, TheSlideShowGoesBeforeTheUsersWindow) {
     EXPECT_THAT(keyTarget({show, window(2, target, 5)}, target, 2), Optional(Eq(1U)));
 }
 
-TEST(KeyTarget, AMinimisedWindowIsTheLastResort) {
+TEST(KeyTarget, AMinimizedWindowIsTheLastResort) {
     auto minimised = window(1, target, 9);
     minimised.hidden = true;
     minimised.fullScreen = true;
@@ -52,7 +52,7 @@ TEST(KeyTarget, DocksAndDesktopsTakeNoKeys) {
     EXPECT_EQ(keyTarget({dock}, target, nowhere), std::nullopt);
 }
 
-TEST(KeyTarget, AWindowOfAnUnknownProcessBelongsToNobody) {
+TEST(KeyTarget, AWindowOfAnUnknownProcessTakesNoKeys) {
     auto stray = window(1, target, 9);
     stray.process.reset();
     EXPECT_EQ(keyTarget({stray, window(2, other, 1)}, target, 2), std::nullopt);
@@ -65,7 +65,7 @@ struct ManagerCase {
 
 class WindowManagers : public testing::TestWithParam<ManagerCase> {};
 
-TEST_P(WindowManagers, AreToldApartByTheirNames) {
+TEST_P(WindowManagers, AreDistinguishedByTheirNames) {
     EXPECT_EQ(focusPolicy(GetParam().name), GetParam().policy) << GetParam().name;
 }
 

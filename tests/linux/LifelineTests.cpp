@@ -75,7 +75,7 @@ TEST_F(Lifeline, EndsAProgramWhenWeAreKilled) {
     EXPECT_TRUE(endsSoon(child));
 }
 
-TEST_F(Lifeline, HangsUpOnNobodyWhoIsToStay) {
+TEST_F(Lifeline, DoesNotEndAProgramThatMayOutliveUs) {
     EXPECT_EXIT(dieWithAChild(false, idFile), testing::KilledBySignal(SIGKILL), "");
     EXPECT_TRUE(lives(childsId()));
 }

@@ -42,13 +42,13 @@ protected:
     LinuxChildProcesses processes;
 };
 
-TEST_F(LinuxChildProcess, RefusalsAreInTheSystemsWords) {
+TEST_F(LinuxChildProcess, RefusalsCarryTheSystemsErrorText) {
     EXPECT_EQ(refusalOf("/nonexistent/program"), "No such file or directory");
     EXPECT_EQ(refusalOf("/"), "Permission denied");
     EXPECT_EQ(refusalOf("/proc/self/exe/program"), "Not a directory");
 }
 
-TEST_F(LinuxChildProcess, AWorkingDirectoryThatIsNoneIsRefused) {
+TEST_F(LinuxChildProcess, AnInvalidWorkingDirectoryIsRefused) {
     auto options = shell("exit 0");
     options.currentDirectory = "/nonexistent";
     EXPECT_EQ(processes.makeChildProcess(options)->launch({}).reason(),
@@ -78,7 +78,7 @@ TEST_F(LinuxChildProcess, NoOpenFileOfOursReachesIt) {
     ::close(leaky);
 }
 
-TEST_F(LinuxChildProcess, OutputThatNobodyCapturesGoesNowhere) {
+TEST_F(LinuxChildProcess, UncapturedOutputIsDiscarded) {
     auto options = shell("[ \"$(readlink /proc/$$/fd/1)\" = /dev/null ]");
     options.capturesOutput = false;
     const auto process = processes.makeChildProcess(options);
@@ -118,7 +118,7 @@ TEST_F(LinuxChildProcess, ASignalThatEndedItIsItsStatus) {
     EXPECT_EQ(process->terminationStatus(), SIGKILL);
 }
 
-TEST_F(LinuxChildProcess, AStatusIsKeptAlsoWhenWeWereStartedWithoutInterestInChildren) {
+TEST_F(LinuxChildProcess, AStatusIsKeptEvenWhenOurParentIgnoredChildSignals) {
     std::signal(SIGCHLD, SIG_IGN);
     LinuxChildProcesses startedSo;
     const auto process = startedSo.makeChildProcess(shell("exit 4"));
@@ -157,7 +157,7 @@ TEST_F(LinuxChildProcess, ManyMayWaitForOneExit) {
     EXPECT_EQ(lasting->terminationStatus(), SIGTERM);
 }
 
-TEST_F(LinuxChildProcess, NoHandlerRunsAfterTheEndOfWhoMadeTheProcess) {
+TEST_F(LinuxChildProcess, NoHandlerRunsAfterTheEndOfTheProcessMaker) {
     std::atomic<bool> called{false};
     auto maker = std::make_optional<LinuxChildProcesses>();
     const auto process = maker->makeChildProcess({.executable = "/bin/sleep", .arguments = {"60"}});
@@ -168,7 +168,7 @@ TEST_F(LinuxChildProcess, NoHandlerRunsAfterTheEndOfWhoMadeTheProcess) {
     EXPECT_FALSE(called);
 }
 
-TEST_F(LinuxChildProcess, TheEndAwaitsAHandlerThatRuns) {
+TEST_F(LinuxChildProcess, TheEndWaitsForARunningHandler) {
     auto maker = std::make_optional<LinuxChildProcesses>();
     std::promise<void> entered;
     std::promise<void> released;
@@ -188,7 +188,7 @@ TEST_F(LinuxChildProcess, TheEndAwaitsAHandlerThatRuns) {
     EXPECT_TRUE(left);
 }
 
-TEST_F(LinuxChildProcess, ManyThatExitAtOnceAreAllNoticedOnce) {
+TEST_F(LinuxChildProcess, ManyExitsAtOnceAreEachReportedOnce) {
     constexpr int count = 50;
     std::atomic<int> exits{0};
     std::vector<std::shared_ptr<platform::ChildProcess>> started;

@@ -31,7 +31,7 @@ TEST_F(LinuxHostOfAProcess, AVariableIsHandedOnByteByByte) {
     EXPECT_THAT(host.environment(), Contains(Pair("STAGEHOPPER_\xE9", "x=y")));
 }
 
-TEST_F(LinuxHostOfAProcess, OfTwoVariablesWithOneNameTheFirstCounts) {
+TEST_F(LinuxHostOfAProcess, TheFirstOfTwoVariablesWithOneNameCounts) {
     std::string first = "TWICE=1";
     std::string second = "TWICE=2";
     std::string nameless = "=x";

@@ -49,7 +49,7 @@ INSTANTIATE_TEST_SUITE_P(
                     LocaleCase{"de_DE.UTF-8", "15:04:05"}, LocaleCase{"zh_CN.UTF-8", "15:04:05"},
                     LocaleCase{"C", "15:04:05"}, LocaleCase{"C.UTF-8", "15:04:05"}));
 
-TEST(LocalTime, IsThatOfTheZoneOfThisMoment) {
+TEST(LocalTime, UsesTheCurrentTimeZone) {
     {
         const Variable tokyo("TZ", "Asia/Tokyo");
         EXPECT_EQ(timeNow(), "00:04:05");

@@ -17,7 +17,7 @@ struct Case {
 
 class KnownPrograms : public testing::TestWithParam<Case> {};
 
-TEST_P(KnownPrograms, AreRecognisedByTheirTraces) {
+TEST_P(KnownPrograms, AreRecognizedByTheirTraces) {
     EXPECT_THAT(programIdentity(GetParam().traces), Optional(Eq(GetParam().identity)))
         << GetParam().what;
 }

@@ -27,7 +27,7 @@ protected:
     }
 };
 
-TEST_F(RouteTable, ADefaultRouteTellsItsGateway) {
+TEST_F(RouteTable, ADefaultRouteNamesItsGateway) {
     EXPECT_THAT(defaultRoutes(std::string(header) + byCable + neighbours),
                 ElementsAre(DefaultRoute{"192.168.1.1", "eth0", 100}));
 }
@@ -45,18 +45,18 @@ TEST_F(RouteTable, RoutesOfTheSameMetricKeepTheirOrder) {
                                     DefaultRoute{"192.168.1.2", "a", 0}));
 }
 
-TEST_F(RouteTable, ARouteThatIsDownOrRefusesOrHasNoGatewayIsNone) {
+TEST_F(RouteTable, ARouteThatIsDownOrRejectsOrHasNoGatewayIsSkipped) {
     EXPECT_THAT(defaultRoutes("eth0\t0\t0101A8C0\t0002\t0\t0\t0\t0\t0\t0\t0\n"), IsEmpty());
     EXPECT_THAT(defaultRoutes("lo\t0\t0101A8C0\t0203\t0\t0\t0\t0\t0\t0\t0\n"), IsEmpty());
     EXPECT_THAT(defaultRoutes("tun0\t0\t00000000\t0001\t0\t0\t0\t0\t0\t0\t0\n"), IsEmpty());
 }
 
-TEST_F(RouteTable, HalfOfTheWorldIsNoDefaultRoute) {
+TEST_F(RouteTable, ARouteToHalfOfTheAddressesIsNotADefaultRoute) {
     EXPECT_THAT(defaultRoutes("tun0\t00000000\t0101A8C0\t0003\t0\t0\t0\t00000080\t0\t0\t0\n"),
                 IsEmpty());
 }
 
-TEST_F(RouteTable, LinesThatAreNoRoutesArePassedOver) {
+TEST_F(RouteTable, InvalidLinesAreSkipped) {
     EXPECT_THAT(defaultRoutes(""), IsEmpty());
     EXPECT_THAT(defaultRoutes(header), IsEmpty());
     EXPECT_THAT(defaultRoutes("eth0\t00000000\t0101A8C0\n\n\xFF\t\t\neth0\t00000000\txyz\t0003"),

@@ -35,7 +35,7 @@ private:
     std::filesystem::path path_;
 };
 
-TEST(SystemTools, TheScriptingLanguageAndTheRadioSwitchAreRefusedWithWords) {
+TEST(SystemTools, TheScriptingLanguageAndTheRadioSwitchAreRefusedWithAReason) {
     for (const char* tool : {"/sbin/ifconfig", "/usr/bin/osascript"}) {
         const auto substitute = systemTool({.executable = tool});
         const auto* refusal = std::get_if<Refusal>(&substitute);
@@ -61,7 +61,7 @@ TEST(SystemTools, PingIsTheSystemsAndNotTheFirstInTheUsersPath) {
     EXPECT_TRUE(executable->path.is_absolute());
 }
 
-TEST(SystemTools, EverythingElseRunsAsItStands) {
+TEST(SystemTools, EveryOtherProgramRunsUnchanged) {
     for (const char* tool : {"/bin/sh", "/nonexistent", "/usr/sbin/netstat", "/usr/sbin/ping"}) {
         const auto substitute = systemTool({.executable = tool});
         const auto* executable = std::get_if<Executable>(&substitute);

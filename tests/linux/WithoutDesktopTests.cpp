@@ -17,7 +17,7 @@ protected:
     X11Desktop desktop;
 };
 
-TEST_F(WithoutDesktop, NobodyRunsAndNobodyIsInFront) {
+TEST_F(WithoutDesktop, NoProgramRunsAndNoneIsInFront) {
     X11Workspace workspace(desktop);
     EXPECT_TRUE(workspace.runningApplications().empty());
     EXPECT_EQ(workspace.frontmostApplication(), std::nullopt);

@@ -73,7 +73,7 @@ TEST_F(AccessibilityBusLife, AProgramOnTheBusShowsItsWindows) {
     EXPECT_THAT(windowsOf(program.pid()), ElementsAre("deck"));
 }
 
-TEST_F(AccessibilityBusLife, AServiceThatComesLateIsTrustedWhenItIsThere) {
+TEST_F(AccessibilityBusLife, AServiceThatStartsLateIsTrustedAfterItsStart) {
     EXPECT_FALSE(accessibility().isProcessTrusted());
     EXPECT_FALSE(AccessibilitySession::runUntil(
         [this] { return accessibility().isProcessTrusted(); }, 100ms));
@@ -107,7 +107,7 @@ TEST_F(AccessibilityBusLife, AnAccessibilityBusThatHangsAtTheStartCostsTheMainTh
     EXPECT_TRUE(becomesTrusted());
 }
 
-TEST_F(AccessibilityBusLife, ABusThatHangsLaterIsWaitedForOnceAndReadAgainWhenItGoesOn) {
+TEST_F(AccessibilityBusLife, ABusThatHangsLaterCostsOneLimitAndIsReadAgainWhenItContinues) {
     session.startService();
     const auto& program = session.startProgram();
     ASSERT_TRUE(becomesTrusted());
@@ -169,7 +169,7 @@ TEST_F(AccessibilityBusLife, ABusThatDiesWhileAProgramIsAskedYieldsNothing) {
     EXPECT_THAT(windowsOf(program.pid()), IsEmpty());
 }
 
-TEST_F(AccessibilityBusLife, ASessionBusThatDiedTakesTheTrustAlongAndGivesItBack) {
+TEST_F(AccessibilityBusLife, TheEndOfTheSessionBusEndsTheTrustUntilTheBusIsBack) {
     session.startService();
     ASSERT_TRUE(becomesTrusted());
     session.stopService();

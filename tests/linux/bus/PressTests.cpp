@@ -50,7 +50,7 @@ private:
     desktop::ChildProgram* program_ = nullptr;
 };
 
-TEST_F(Press, ThatIsDoneSucceeds) {
+TEST_F(Press, ThatIsPerformedSucceeds) {
     EXPECT_EQ(itemOfProgramThat("done")->press(), AccessibilityError::success);
     EXPECT_TRUE(programWasPressed());
 }
@@ -76,7 +76,7 @@ TEST_F(Press, WithoutAnAnswerCountsAsPressed) {
     EXPECT_TRUE(programWasPressed());
 }
 
-TEST_F(Press, OfAProgramThatStandsStillCountsAsPressedAndIsCarriedOutLater) {
+TEST_F(Press, OfAStoppedProgramCountsAsPressedAndIsPerformedLater) {
     const auto item = itemOfProgramThat("done");
     program().signal(SIGSTOP);
     const auto start = std::chrono::steady_clock::now();
@@ -103,7 +103,7 @@ TEST_F(Press, OfAProgramThatHasLeftTheBusFails) {
     EXPECT_EQ(item->press(), AccessibilityError::invalidElement);
 }
 
-TEST_F(Press, OfAProgramThatIsLeftAloneIsNotSentAndFails) {
+TEST_F(Press, OfAProgramInBackoffIsNotSentAndFails) {
     const auto item = itemOfProgramThat("done");
     program().signal(SIGSTOP);
     EXPECT_FALSE(item->attributeValue(AccessibilityAttribute::enabled)) << "it does not answer";
@@ -125,7 +125,7 @@ TEST_F(Press, OnABusThatDiesBeforeTheAnswerCountsAsPressed) {
     death.join();
 }
 
-TEST_F(Press, OnABusThatHangsCountsAsPressedSoonAndIsCarriedOutLater) {
+TEST_F(Press, OnABusThatHangsCountsAsPressedSoonAndIsPerformedLater) {
     const auto item = itemOfProgramThat("done");
     session.accessibilityBus.hang();
     const auto start = std::chrono::steady_clock::now();

@@ -16,7 +16,7 @@ using testing::ElementsAre;
 
 constexpr auto cancelledWords = "error: The connection was cancelled";
 
-TEST(Cancelling, WhileConnectingFailsWhatIsPending) {
+TEST(Cancelling, WhileConnectingFailsPendingCalls) {
     const CrowdedPort crowded;
     BeastUrlSession session;
     Outcomes outcomes;
@@ -28,7 +28,7 @@ TEST(Cancelling, WhileConnectingFailsWhatIsPending) {
     EXPECT_THAT(outcomes.first(1), ElementsAre(cancelledWords));
 }
 
-TEST(Cancelling, WhileTheHostIsLookedUpFailsWhatIsPending) {
+TEST(Cancelling, WhileTheHostIsLookedUpFailsPendingCalls) {
     DeafServer deaf;
     BeastUrlSession session;
     Outcomes outcomes;
@@ -70,7 +70,7 @@ TEST(Cancelling, DoesNotWaitLongForAServerThatNeverCloses) {
     EXPECT_THAT(deaf.frames.all(), ElementsAre("close 1001", "end"));
 }
 
-TEST(Cancelling, TwiceIsOnce) {
+TEST(Cancelling, TwiceHasTheEffectOfOnce) {
     DeafServer deaf;
     BeastUrlSession session({.closing = 50ms});
     Outcomes outcomes;
@@ -84,7 +84,7 @@ TEST(Cancelling, TwiceIsOnce) {
     EXPECT_THAT(deaf.frames.all(), ElementsAre("close 1001", "end"));
 }
 
-TEST(Cancelling, FromInsideACompletionFailsThoseThatFollow) {
+TEST(Cancelling, FromInsideACompletionFailsTheFollowingCalls) {
     const LoopbackServer server([](Peer& peer) {
         const auto request = peer.readRequest();
         if (!request) return;

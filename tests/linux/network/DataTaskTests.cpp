@@ -66,11 +66,11 @@ TEST(DataTask, ReadsABodyUpToTheEndOfTheStream) {
     EXPECT_EQ(answerTo("HTTP/1.0 200 OK\r\n\r\nall of it"), "200 all of it");
 }
 
-TEST(DataTask, AnAnswerWithoutBodyNeedsNone) {
+TEST(DataTask, AResponseMayHaveNoBody) {
     EXPECT_EQ(answerTo("HTTP/1.1 204 No Content\r\n\r\n"), "204 ");
 }
 
-TEST(DataTask, ReportsARedirectAsItIs) {
+TEST(DataTask, ReportsARedirectWithoutFollowingIt) {
     EXPECT_EQ(answerTo("HTTP/1.1 302 Found\r\nLocation: /b\r\nContent-Length: 0\r\n\r\n"), "302 ");
 }
 
@@ -83,7 +83,7 @@ TEST(DataTask, AHeadThatIsCutShortIsAnErrorWithoutAStatus) {
     EXPECT_THAT(answerTo("HTTP/1.1 200 OK\r\nContent-Le"), StartsWith("error: "));
 }
 
-TEST(DataTask, ABodyBeyondTheLimitIsAnErrorBeforeItHasCome) {
+TEST(DataTask, ABodyBeyondTheLimitIsAnErrorBeforeItArrives) {
     EXPECT_THAT(answerTo("HTTP/1.1 200 OK\r\nContent-Length: 99999999999\r\n\r\n"),
                 HasSubstr("body limit"));
 }
@@ -93,7 +93,7 @@ TEST(DataTask, AHeaderBeyondTheLimitIsAnError) {
                 HasSubstr("header limit"));
 }
 
-TEST(DataTask, ALargeHeaderWithinTheLimitIsNone) {
+TEST(DataTask, ALargeHeaderWithinTheLimitIsAccepted) {
     EXPECT_EQ(answerTo("HTTP/1.1 200 OK\r\nA: " + std::string(40'000, 'a') +
                        "\r\nContent-Length: 2\r\n\r\nok"),
               "200 ok");
@@ -103,7 +103,7 @@ TEST(DataTask, WhatIsNotHttpIsAnError) {
     EXPECT_THAT(answerTo("220 mail.example ESMTP\r\n\r\n"), StartsWith("error: "));
 }
 
-TEST(DataTask, AServerThatSaysNothingAndLeavesIsAnError) {
+TEST(DataTask, AServerThatLeavesWithoutAResponseIsAnError) {
     EXPECT_THAT(answerTo(""), StartsWith("error: "));
 }
 

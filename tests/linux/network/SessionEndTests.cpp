@@ -34,11 +34,11 @@ std::set<int> openFiles() {
     return numbers;
 }
 
-TEST(SessionEnd, WithoutEverBeingUsedIsNothing) {
+TEST(SessionEnd, WithoutAnyUseIsHarmless) {
     const BeastUrlSession session;
 }
 
-TEST(SessionThread, IsThereBeforeTheFirstRequestSoThatNoneFailsForLackOfIt) {
+TEST(SessionThread, StartsBeforeTheFirstRequestSoThatNoRequestFailsWithoutIt) {
     const LoopbackServer server([](Peer& peer) {
         peer.readRequest();
         peer.send("HTTP/1.1 204 No Content\r\n\r\n");
@@ -58,7 +58,7 @@ TEST(SessionThread, IsThereBeforeTheFirstRequestSoThatNoneFailsForLackOfIt) {
     EXPECT_THAT(outcomes.first(1), testing::ElementsAre("204 "));
 }
 
-TEST(SessionEnd, DropsAllThatIsUnderWayAndLeavesTheServers) {
+TEST(SessionEnd, DropsPendingWorkAndLeavesTheServers) {
     SilentServer silent;
     DeafServer deaf;
     Outcomes outcomes;
@@ -95,7 +95,7 @@ TEST(SessionEnd, DropsAllThatIsUnderWayAndLeavesTheServers) {
     EXPECT_EQ(outcomes.lines().size(), atTheEnd);
 }
 
-TEST(SessionEnd, ATaskThatIsLeftOverDoesNothingAnyMore) {
+TEST(SessionEnd, ATaskThatOutlivesTheSessionDoesNothing) {
     DeafServer deaf;
     Outcomes outcomes;
     std::shared_ptr<platform::WebSocketTask> task;
@@ -139,7 +139,7 @@ TEST(SessionEnd, LeavesNoFileOpenAndLetsNoChildInheritOne) {
     EXPECT_THAT(before, testing::IsSupersetOf(openFiles()));
 }
 
-TEST(SessionEnd, ComesRightBehindTheFirstUse) {
+TEST(SessionEnd, MayFollowTheFirstUseAtOnce) {
     DeafServer deaf;
     // Each time at another point of the connection's beginning.
     for (int i = 0; i < 200; ++i) {

@@ -61,17 +61,17 @@ TEST_F(Tls, ATrustedServerIsAskedUnderItsAddress) {
     EXPECT_EQ(serverName_, "");
 }
 
-TEST_F(Tls, ATrustedServerIsAskedUnderItsNameAndHearsIt) {
+TEST_F(Tls, ATrustedServerIsAskedUnderItsNameAndReceivesIt) {
     EXPECT_EQ(answerFrom(contextFor({"DNS:localhost"}), true), "200 fine");
     EXPECT_EQ(serverName_, "localhost");
 }
 
-TEST_F(Tls, ACertificateThatSignedItselfIsNotAccepted) {
+TEST_F(Tls, ASelfSignedCertificateIsNotAccepted) {
     EXPECT_EQ(answerFrom(makeServerContext(makeCertificate({"IP:127.0.0.1"}, nullptr))),
               "error: The server's certificate was not accepted: self-signed certificate");
 }
 
-TEST_F(Tls, AnAuthorityThatNobodyNamesIsNotTrusted) {
+TEST_F(Tls, AnUnlistedAuthorityIsNotTrusted) {
     const linux_port::Variable other{"SSL_CERT_FILE", "/nonexistent"};
     EXPECT_THAT(answerFrom(context_),
                 StartsWith("error: The server's certificate was not accepted: unable to get"));
@@ -101,7 +101,7 @@ TEST_F(Tls, ACertificateOfAnotherNameIsNotAccepted) {
     }
 }
 
-TEST_F(Tls, AServerOfAnOldVersionIsNotSpokenTo) {
+TEST_F(Tls, AServerWithAnOldTlsVersionIsRefused) {
     SSL_CTX_set_security_level(context_.get(), 0);
     SSL_CTX_set_min_proto_version(context_.get(), TLS1_VERSION);
     SSL_CTX_set_max_proto_version(context_.get(), TLS1_1_VERSION);
@@ -130,7 +130,7 @@ TEST_F(Tls, AServerThatNeverShakesHandsMeetsTheTimeLimit) {
     EXPECT_EQ(outcomes.lines().all().back(), "error: The connection timed out");
 }
 
-TEST_F(Tls, CancellingWhileHandsAreShakenLeavesTheServer) {
+TEST_F(Tls, CancelingDuringTheHandshakeLeavesTheServer) {
     Collected<int> left;
     Collected<int> came;
     const LoopbackServer server([&](Peer& peer) {
@@ -149,7 +149,7 @@ TEST_F(Tls, CancellingWhileHandsAreShakenLeavesTheServer) {
     EXPECT_TRUE(left.await(1));
 }
 
-TEST_F(Tls, ABodyUpToTheEndOfTheStreamNeedsTheServersGoodbye) {
+TEST_F(Tls, ABodyUpToTheEndOfTheStreamNeedsTheServersTlsShutdown) {
     for (const bool saysGoodbye : {true, false}) {
         const LoopbackServer server([&](Peer& peer) {
             if (!peer.encrypt(*context_) || !peer.readRequest()) return;
@@ -166,7 +166,7 @@ TEST_F(Tls, ABodyUpToTheEndOfTheStreamNeedsTheServersGoodbye) {
     }
 }
 
-TEST_F(Tls, ASocketCarriesTextsBothPingsAndTheGoodbyes) {
+TEST_F(Tls, ASocketCarriesTextsPingsOfBothSidesAndTheClosing) {
     Collected<std::string> heard;
     const std::string large(900'000, 'x');
     const LoopbackServer server([&](Peer& peer) {

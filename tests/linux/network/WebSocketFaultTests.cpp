@@ -62,7 +62,7 @@ TEST(WebSocketMessages, SixtyFourKibibytesArriveWhole) {
     EXPECT_THAT(client.received(1), ElementsAre("text " + large));
 }
 
-TEST(WebSocketMessages, OneMebibyteIsTheMost) {
+TEST(WebSocketMessages, OneMebibyteIsTheLimit) {
     const std::string most(1'048'576, 'x');
     Connected client([&most](Peer& peer) {
         peer.send(Frame{Frame::binary, most});
@@ -101,7 +101,7 @@ TEST(WebSocketMessages, BytesNeedNotBeText) {
     EXPECT_THAT(client.received(1), ElementsAre(std::string("binary \xff\x00\xfe", 10)));
 }
 
-TEST(WebSocketMessages, ATextThatIsNoneIsAnErrorThoughTheServerNeverCloses) {
+TEST(WebSocketMessages, AnInvalidTextIsAnErrorThoughTheServerNeverCloses) {
     Connected client([](Peer& peer) {
         peer.send(Frame{Frame::text, "\xff\xfe"});
         peer.readUntilGone();
@@ -136,7 +136,7 @@ TEST(WebSocketFaults, AFrameOfAnUnknownKindIsAnErrorThoughTheServerNeverCloses) 
     EXPECT_THAT(client.received(1), ElementsAre(StartsWith("error: ")));
 }
 
-TEST(WebSocketFaults, AServerThatCrashesIsAnErrorForWhoeverWaits) {
+TEST(WebSocketFaults, AServerThatCrashesIsAnErrorForPendingCalls) {
     Collected<int> pinged;
     Collected<int> mayCrash;
     Connected client([&](Peer& peer) {
@@ -176,7 +176,7 @@ TEST(WebSocketFaults, ACloseIsAnsweredAndReportedThoughTheServerStaysConnected) 
     EXPECT_THAT(answers.all(), ElementsAre(1));
 }
 
-TEST(WebSocketPings, TheServersAreAnsweredThoughNobodyReceives) {
+TEST(WebSocketPings, TheServersPingsAreAnsweredWithoutAReceive) {
     Collected<std::string> answers;
     Connected client([&answers](Peer& peer) {
         peer.send(Frame{Frame::ping, "are you there"});
@@ -200,7 +200,7 @@ TEST(WebSocketPings, OnePongAnswersAllThatCameBefore) {
     EXPECT_THAT(client.outcomes.first(3), ElementsAre("pong", "pong", "pong"));
 }
 
-TEST(WebSocketPings, APongThatNobodyAskedForIsIgnored) {
+TEST(WebSocketPings, AnUnsolicitedPongIsIgnored) {
     Connected client([](Peer& peer) {
         peer.send(Frame{Frame::pong, "7"});
         peer.send(Frame{Frame::text, "and on"});

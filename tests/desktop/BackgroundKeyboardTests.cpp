@@ -117,7 +117,7 @@ TEST_F(BackgroundKeyboard, ThatWasRemovedByHandIsMadeAgainForTheNextKey) {
     EXPECT_TRUE(typing_->output().waitForLine("key Right", limit));
 }
 
-// Of a minimised window the server takes the focus away, and with it where a key would go.
+// The server takes the focus from a minimized window, so that a key would go nowhere.
 TEST_F(BackgroundKeyboard, RefusesAKeyToAMinimizedWindowWithAReason) {
     KeyboardProcess process(desktop_);
     auto* display = desktop_.display().get();

@@ -39,11 +39,11 @@ TEST(KeyTarget, TheSlideShowGoesBeforeTheUsersWindow) {
 }
 
 TEST(KeyTarget, AMinimizedWindowIsTheLastResort) {
-    auto minimised = window(1, target, 9);
-    minimised.hidden = true;
-    minimised.fullScreen = true;
-    EXPECT_THAT(keyTarget({minimised, window(2, target, 1)}, target, nowhere), Optional(Eq(2U)));
-    EXPECT_THAT(keyTarget({minimised}, target, nowhere), Optional(Eq(1U)));
+    auto minimized = window(1, target, 9);
+    minimized.hidden = true;
+    minimized.fullScreen = true;
+    EXPECT_THAT(keyTarget({minimized, window(2, target, 1)}, target, nowhere), Optional(Eq(2U)));
+    EXPECT_THAT(keyTarget({minimized}, target, nowhere), Optional(Eq(1U)));
 }
 
 TEST(KeyTarget, DocksAndDesktopsTakeNoKeys) {

@@ -17,7 +17,7 @@ constexpr const char* byCable =
     "eth0\t00000000\t0101A8C0\t0003\t0\t0\t100\t00000000\t0\t0\t0                            \n";
 constexpr const char* byRadio =
     "wlan0\t00000000\tFE00000A\t0003\t0\t0\t600\t00000000\t0\t0\t0                           \n";
-constexpr const char* neighbours =
+constexpr const char* neighbors =
     "eth0\t0001A8C0\t00000000\t0001\t0\t0\t100\t00FFFFFF\t0\t0\t0                            \n";
 
 class RouteTable : public testing::Test {
@@ -28,7 +28,7 @@ protected:
 };
 
 TEST_F(RouteTable, ADefaultRouteNamesItsGateway) {
-    EXPECT_THAT(defaultRoutes(std::string(header) + byCable + neighbours),
+    EXPECT_THAT(defaultRoutes(std::string(header) + byCable + neighbors),
                 ElementsAre(DefaultRoute{"192.168.1.1", "eth0", 100}));
 }
 

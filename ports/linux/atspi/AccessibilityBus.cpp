@@ -116,7 +116,7 @@ AccessibilityError AccessibilityBus::doFirstAction(const ObjectReference& object
     }
     gboolean accepted = FALSE;
     g_variant_get(result.reply.get(), "(b)", &accepted);
-    // Toolkits refuse before they act: an item that is greyed, hidden or gone.
+    // Toolkits refuse before they act: an item that is grayed, hidden or gone.
     return accepted != FALSE ? AccessibilityError::success : AccessibilityError::cannotComplete;
 }
 

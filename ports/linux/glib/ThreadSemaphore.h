@@ -15,7 +15,7 @@ public:
 
 private:
     std::mutex mutex_;
-    std::condition_variable signalled_;
+    std::condition_variable signaled_;
     unsigned long signals_ = 0;
 };
 

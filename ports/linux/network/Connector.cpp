@@ -16,14 +16,14 @@ void Connector::start(UrlParts url, Done done) {
     url_ = std::move(url);
     thread_.lookUp(url_.host, url_.port,
                    [self = shared_from_this(), done = std::move(done)](HostLookup found) {
-                       if (self->cancelled_) return;
+                       if (self->canceled_) return;
                        self->host_ = std::move(found);
                        self->tryNext(self->host_.problem, done);
                    });
 }
 
 void Connector::cancel() {
-    if (std::exchange(cancelled_, true)) return;
+    if (std::exchange(canceled_, true)) return;
     error_code ignored;
     stream_.socket().cancel(ignored);
 }
@@ -37,7 +37,7 @@ void Connector::tryNext(const std::string& lastProblem, Done done) {
     std::memcpy(endpoint.data(), &address.storage, address.size);
     stream_.socket().async_connect(
         endpoint, [self = shared_from_this(), done = std::move(done)](error_code error) {
-            if (self->cancelled_) return;
+            if (self->canceled_) return;
             if (error) return self->tryNext(error.message(), done);
             self->connected(done);
         });
@@ -47,7 +47,7 @@ void Connector::connected(Done done) {
     if (!url_.isEncrypted()) return done({});
     stream_.encrypt(thread_.tlsContext(), url_.host,
                     [self = shared_from_this(), done = std::move(done)](const auto& problem) {
-                        if (!self->cancelled_) done(problem);
+                        if (!self->canceled_) done(problem);
                     });
 }
 

@@ -37,7 +37,7 @@ private:
     UrlParts url_;
     HostLookup host_;
     std::size_t next_ = 0;
-    bool cancelled_ = false;
+    bool canceled_ = false;
 };
 
 }  // namespace stagehopper::linux_port

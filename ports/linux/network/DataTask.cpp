@@ -32,8 +32,8 @@ public:
 
     void start(std::chrono::milliseconds limit) {
         limit_.expires_after(limit);
-        limit_.async_wait([self = shared_from_this()](error_code cancelled) {
-            if (!cancelled) self->fail("The request timed out");
+        limit_.async_wait([self = shared_from_this()](error_code canceled) {
+            if (!canceled) self->fail("The request timed out");
         });
         connector_->start(url_, [self = shared_from_this()](const std::string& problem) {
             if (!problem.empty()) return self->fail(problem);

@@ -184,8 +184,8 @@ std::string WebSocketConnection::closedByServer() const {
 void WebSocketConnection::startTimer(std::chrono::milliseconds limit,
                                      std::function<void()> expired) {
     wire_->timer.expires_after(limit);
-    wire_->timer.async_wait([expired = std::move(expired)](error_code cancelled) {
-        if (!cancelled) expired();
+    wire_->timer.async_wait([expired = std::move(expired)](error_code canceled) {
+        if (!canceled) expired();
     });
 }
 

@@ -27,9 +27,9 @@ struct DevicesFree {
 
 Cursor makeEmptyCursor(Display* display, Window root) {
     const char nothing = 0;
-    XColor colour{};
+    XColor color{};
     const auto bitmap = XCreateBitmapFromData(display, root, &nothing, 1, 1);
-    const auto cursor = XCreatePixmapCursor(display, bitmap, bitmap, &colour, &colour, 0, 0);
+    const auto cursor = XCreatePixmapCursor(display, bitmap, bitmap, &color, &color, 0, 0);
     XFreePixmap(display, bitmap);
     return cursor;
 }

@@ -18,7 +18,7 @@ public:
         text_ += std::to_string(places_.size()) + " 0 obj\n" + object + "\nendobj\n";
     }
 
-    /// The first object must be the catalogue.
+    /// The first object must be the catalog.
     std::string finish() {
         const auto table = text_.size();
         const auto size = std::to_string(places_.size() + 1);
@@ -53,7 +53,7 @@ std::string colourOf(int slide) {
 }  // namespace
 
 void writePdfDeck(const std::filesystem::path& file) {
-    constexpr int catalogue = 1;
+    constexpr int catalog = 1;
     constexpr int pages = 2;
     constexpr int font = 3;
     // Then, for each slide, its page and what is drawn on it.
@@ -63,7 +63,7 @@ void writePdfDeck(const std::filesystem::path& file) {
     for (int slide = 1; slide <= slideCount; ++slide) kids += reference(pageNumber(slide)) + " ";
 
     PdfWriter writer;
-    static_assert(catalogue == 1);
+    static_assert(catalog == 1);
     writer.add("<< /Type /Catalog /Pages " + reference(pages) + " >>");
     writer.add("<< /Type /Pages /Count " + std::to_string(slideCount) + " /Kids [ " + kids +
                "] >>");

@@ -1,4 +1,4 @@
-// Connections that are cancelled or dropped while something is pending.
+// Connections that are canceled or dropped while something is pending.
 
 #include <gmock/gmock.h>
 
@@ -14,9 +14,9 @@ using namespace std::chrono_literals;
 using linux_port::BeastUrlSession;
 using testing::ElementsAre;
 
-constexpr auto cancelledWords = "error: The connection was cancelled";
+constexpr auto canceledText = "error: The connection was cancelled";
 
-TEST(Cancelling, WhileConnectingFailsPendingCalls) {
+TEST(Canceling, WhileConnectingFailsPendingCalls) {
     const CrowdedPort crowded;
     BeastUrlSession session;
     Outcomes outcomes;
@@ -25,10 +25,10 @@ TEST(Cancelling, WhileConnectingFailsPendingCalls) {
     task->receive(outcomes.message());
     EXPECT_FALSE(outcomes.lines().await(1, 20ms));
     task->cancel(1000);
-    EXPECT_THAT(outcomes.first(1), ElementsAre(cancelledWords));
+    EXPECT_THAT(outcomes.first(1), ElementsAre(canceledText));
 }
 
-TEST(Cancelling, WhileTheHostIsLookedUpFailsPendingCalls) {
+TEST(Canceling, WhileTheHostIsLookedUpFailsPendingCalls) {
     DeafServer deaf;
     BeastUrlSession session;
     Outcomes outcomes;
@@ -37,10 +37,10 @@ TEST(Cancelling, WhileTheHostIsLookedUpFailsPendingCalls) {
     task->resume();
     task->receive(outcomes.message());
     task->cancel(1000);
-    EXPECT_THAT(outcomes.first(1), ElementsAre(cancelledWords));
+    EXPECT_THAT(outcomes.first(1), ElementsAre(canceledText));
 }
 
-TEST(Cancelling, DuringTheHandshakeLeavesTheServer) {
+TEST(Canceling, DuringTheHandshakeLeavesTheServer) {
     SilentServer silent;
     BeastUrlSession session;
     Outcomes outcomes;
@@ -51,11 +51,11 @@ TEST(Cancelling, DuringTheHandshakeLeavesTheServer) {
     ASSERT_TRUE(silent.asked.await(1));
     task->cancel(1000);
     EXPECT_THAT(outcomes.first(2),
-                ElementsAre(cancelledWords, "no pong: The connection was cancelled"));
+                ElementsAre(canceledText, "no pong: The connection was cancelled"));
     EXPECT_TRUE(silent.left.await(1));
 }
 
-TEST(Cancelling, DoesNotWaitLongForAServerThatNeverCloses) {
+TEST(Canceling, DoesNotWaitLongForAServerThatNeverCloses) {
     DeafServer deaf;
     BeastUrlSession session({.closing = 50ms});
     Outcomes outcomes;
@@ -65,12 +65,12 @@ TEST(Cancelling, DoesNotWaitLongForAServerThatNeverCloses) {
     task->receive(outcomes.message());
     ASSERT_TRUE(outcomes.lines().await(1));
     task->cancel(1001);
-    EXPECT_THAT(outcomes.first(2), ElementsAre("text hello", cancelledWords));
+    EXPECT_THAT(outcomes.first(2), ElementsAre("text hello", canceledText));
     ASSERT_TRUE(deaf.frames.await(2));
     EXPECT_THAT(deaf.frames.all(), ElementsAre("close 1001", "end"));
 }
 
-TEST(Cancelling, TwiceHasTheEffectOfOnce) {
+TEST(Canceling, TwiceHasTheEffectOfOnce) {
     DeafServer deaf;
     BeastUrlSession session({.closing = 50ms});
     Outcomes outcomes;
@@ -84,7 +84,7 @@ TEST(Cancelling, TwiceHasTheEffectOfOnce) {
     EXPECT_THAT(deaf.frames.all(), ElementsAre("close 1001", "end"));
 }
 
-TEST(Cancelling, FromInsideACompletionFailsTheFollowingCalls) {
+TEST(Canceling, FromInsideACompletionFailsTheFollowingCalls) {
     const LoopbackServer server([](Peer& peer) {
         const auto request = peer.readRequest();
         if (!request) return;
@@ -105,7 +105,7 @@ TEST(Cancelling, FromInsideACompletionFailsTheFollowingCalls) {
         }
     });
     task->resume();
-    EXPECT_THAT(outcomes.first(2), ElementsAre("text one", cancelledWords));
+    EXPECT_THAT(outcomes.first(2), ElementsAre("text one", canceledText));
 }
 
 TEST(Dropping, ACompletionMayHoldTheLastReference) {

@@ -66,8 +66,8 @@ TEST(SessionEnd, DropsPendingWorkAndLeavesTheServers) {
     const auto connecting = session->makeWebSocketTask("ws://localhost:1/ws");
     const auto shaking = session->makeWebSocketTask("ws://" + silent.server.authority() + "/ws");
     const auto open = session->makeWebSocketTask("ws://" + deaf.server.authority() + "/ws");
-    const auto cancelled = session->makeWebSocketTask("ws://" + deaf.server.authority() + "/ws");
-    for (const auto& task : {shaking, open, cancelled}) {
+    const auto canceled = session->makeWebSocketTask("ws://" + deaf.server.authority() + "/ws");
+    for (const auto& task : {shaking, open, canceled}) {
         task->resume();
         // One for the greeting, and one that stays.
         for (int i = 0; i < 2; ++i) task->receive(outcomes.message());
@@ -83,7 +83,7 @@ TEST(SessionEnd, DropsPendingWorkAndLeavesTheServers) {
     ASSERT_TRUE(silent.asked.await(4));
     connecting->resume();
     session->startDataTask("http://nobody.invalid/", outcomes.data());
-    cancelled->cancel(1001);
+    canceled->cancel(1001);
 
     session.reset();
     const auto atTheEnd = outcomes.lines().size();

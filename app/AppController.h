@@ -33,7 +33,6 @@ class BridgeHandler;
 class TitleMatcher;
 enum class SlideDirection;
 struct KeyStrategy;
-struct LaunchState;
 struct SlideTargetCandidate;
 
 /// The application: its and its panel's delegate, the owner of all its state, and every operation
@@ -231,7 +230,6 @@ private:
 
     /// Starts a series of launches unless a healthy backend answers.
     void launchBackendUnlessHealthy();
-    [[nodiscard]] LaunchState launchState() const;
     void bundledBackendDidExit(const std::filesystem::path& resourceDir, const std::string& name,
                                std::int32_t status);
     void scheduleBundledBackendRetry(const std::filesystem::path& resourceDir,

@@ -1,6 +1,5 @@
 #include "app/AppController.h"
 #include "backend/LocalBackend.h"
-#include "backend/Relaunch.h"
 #include "platform/ChildProcess.h"
 #include "platform/Dispatch.h"
 #include "platform/FileSystem.h"
@@ -29,16 +28,10 @@ void AppController::launchBackendUnlessHealthy() {
     attemptLaunchBundledBackend(resourceDir(), backendName);
 }
 
-LaunchState AppController::launchState() const {
-    return {.terminating = appIsTerminating,
-            .userStopped = bundledBackendUserStopped,
-            .attempts = bundledBackendLaunchAttempt,
-            .maxAttempts = maxBundledBackendLaunchAttempts};
-}
-
 void AppController::attemptLaunchBundledBackend(const std::filesystem::path& resourceDir,
                                                 const std::string& name) {
-    if (mayRelaunch(launchState()) != Relaunch::allowed) return;
+    if (bundledBackendUserStopped) return;
+    if (bundledBackendLaunchAttempt >= maxBundledBackendLaunchAttempts) return;
     // Counted before anything can fail, so that a missing file is also an attempt.
     ++bundledBackendLaunchAttempt;
 
@@ -69,7 +62,8 @@ void AppController::attemptLaunchBundledBackend(const std::filesystem::path& res
     if (!launched) {
         platform_.systemLog.write("Stagehopper: failed to start bundled backend: " +
                                   launched.reason());
-        if (mayRelaunch(launchState()) == Relaunch::allowed) {
+        if (bundledBackendLaunchAttempt < maxBundledBackendLaunchAttempts && !appIsTerminating &&
+            !bundledBackendUserStopped) {
             scheduleBundledBackendRetry(resourceDir, name);
         }
         return;
@@ -82,10 +76,9 @@ void AppController::attemptLaunchBundledBackend(const std::filesystem::path& res
 
 void AppController::bundledBackendDidExit(const std::filesystem::path& resourceDir,
                                           const std::string& name, std::int32_t status) {
-    const auto relaunch = mayRelaunch(launchState());
-    if (relaunch == Relaunch::unwanted) return;
+    if (bundledBackendUserStopped) return;
     if (firstHealthyLocalBackendBaseURL()) return;
-    if (relaunch == Relaunch::exhausted) {
+    if (bundledBackendLaunchAttempt >= maxBundledBackendLaunchAttempts) {
         platform_.systemLog.write(
             "Stagehopper: bundled backend exited; max launch attempts "
             "reached");
@@ -102,7 +95,7 @@ void AppController::scheduleBundledBackendRetry(const std::filesystem::path& res
                                                 const std::string& name) {
     platform_.dispatch.asyncMainAfter(retryDelay, [weak = weak_from_this(), resourceDir, name] {
         const auto self = weak.lock();
-        if (!self || mayRelaunch(self->launchState()) != Relaunch::allowed) return;
+        if (!self || self->appIsTerminating || self->bundledBackendUserStopped) return;
         if (self->firstHealthyLocalBackendBaseURL()) return;
         self->attemptLaunchBundledBackend(resourceDir, name);
     });

@@ -14,7 +14,7 @@ namespace stagehopper::linux_port {
 
 /// The pings that still wait for their pong. Each carries a number: a slow server may answer only
 /// the last ping, and that pong also answers the earlier ones. No thread of its own, no locks.
-class PingLedger {
+class PendingPings {
 public:
     using Handler = std::function<void(std::optional<platform::UrlError>)>;
 

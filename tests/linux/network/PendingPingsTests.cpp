@@ -47,13 +47,13 @@ TEST_F(PendingPingsTest, APongForAPingThatWasNotSentAnswersNothing) {
     EXPECT_THAT(pending.answeredBy("3"), IsEmpty());
 }
 
-TEST_F(PendingPingsTest, APongThatNobodyAskedForAnswersNothing) {
+TEST_F(PendingPingsTest, AnUnsolicitedPongAnswersNothing) {
     for (const char* payload : {"", "x", "1x", " 1", "-1", "99999999999999999999"}) {
         EXPECT_THAT(pending.answeredBy(payload), IsEmpty()) << payload;
     }
 }
 
-TEST_F(PendingPingsTest, TheEndConcernsAllThatWait) {
+TEST_F(PendingPingsTest, TheEndReturnsAllWaitingHandlers) {
     call(pending.answeredBy("1"));
     heard.clear();
     call(pending.takeAll());

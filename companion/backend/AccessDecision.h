@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "companion/backend/Trust.h"
+
 namespace stagehopper::companion {
 
 /// The parts of a request that decide about access.
@@ -19,17 +21,6 @@ struct RequestContext {
     std::string method;
     /// Without the query.
     std::string path;
-};
-
-/// In ascending order.
-enum class Trust {
-    /// Any peer in the local network.
-    network,
-    /// A program on this machine, or a web page in a browser on it. Such a page may ask for what a
-    /// program may ask for, because it cannot read the response: its origin is another one.
-    localProgram,
-    /// A page served by this backend, on this machine.
-    ownPage,
 };
 
 /// What a path leads to.

@@ -3,7 +3,7 @@
 #include <array>
 #include <string_view>
 
-#include "companion/backend/AccessDecision.h"
+#include "companion/backend/Trust.h"
 
 namespace stagehopper::companion {
 

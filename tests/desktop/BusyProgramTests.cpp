@@ -74,6 +74,7 @@ TEST_F(BusyProgram, TakesTwoStepsForASecondTapWhileItIsBusy) {
 TEST_F(BusyProgram, ThatIsStoppedFromTheStartGetsOneKeyForEachTap) {
     start(0s);
     tap();
+    ASSERT_TRUE(program().output().waitForLine("step next", 10s)) << panel()->output();
     program().signal(SIGSTOP);
     tap();
     tap();

@@ -50,7 +50,7 @@ class PanelMeetingView {
         byId("people-count").textContent = this.#texts.peopleCount(phones.length);
         byId("people").replaceChildren(...phones.map(({ displayName, cursorColor }) => {
             const entry = document.createElement("li");
-            entry.append(colourDot(cursorColor), displayName);
+            entry.append(colorDot(cursorColor), displayName);
             return entry;
         }));
     }

@@ -27,7 +27,7 @@ class PanelSteps {
         label.textContent = words;
         const person = document.createElement("span");
         person.className = "who";
-        if (color) person.append(colourDot(color));
+        if (color) person.append(colorDot(color));
         person.append(who);
         const time = document.createElement("time");
         // In the engine's own locale: `navigator.language` is no language tag everywhere ("c").

@@ -7,7 +7,7 @@
     const stepKeys = { ArrowRight: "next", PageDown: "next", ArrowLeft: "prev", PageUp: "prev" };
 
     const host = window.electronAPI;
-    const texts = panelTexts[panelLanguage];
+    const texts = panelTexts[pageLanguage];
     const steps = new PanelSteps(texts);
 
     // Starts at the time of loading, so that a reloaded page never repeats a tag: Stagehopper
@@ -73,7 +73,7 @@
         window._showAccessibilityRestartHint = () => { byId("restart-hint").hidden = false; };
     }
 
-    writePanelTexts(texts);
+    writeTexts(texts);
     showControlState(false);
     if (host) {
         connect();

@@ -1,12 +1,13 @@
-// What the panel's other scripts share: the page's elements and its language.
+// What the panel and the phone's page share: elements by their ids, and texts in the user's
+// language.
 "use strict";
 
 const byId = (id) => document.getElementById(id);
 
-const panelLanguage = navigator.language.toLowerCase().startsWith("zh") ? "zh" : "en";
+const pageLanguage = navigator.language.toLowerCase().startsWith("zh") ? "zh" : "en";
 
-function writePanelTexts(texts) {
-    document.documentElement.lang = panelLanguage === "zh" ? "zh-CN" : "en";
+function writeTexts(texts) {
+    document.documentElement.lang = pageLanguage === "zh" ? "zh-CN" : "en";
     for (const element of document.querySelectorAll("[data-text]")) {
         element.textContent = texts[element.dataset.text];
     }
@@ -16,12 +17,4 @@ function writePanelTexts(texts) {
     for (const element of document.querySelectorAll("[data-placeholder]")) {
         element.placeholder = texts[element.dataset.placeholder];
     }
-}
-
-// The colour comes from a phone: anything but a colour is not let into the style.
-function colourDot(color) {
-    const dot = document.createElement("i");
-    dot.className = "dot";
-    if (/^#[0-9a-f]{6}$/i.test(color)) dot.style.background = color;
-    return dot;
 }

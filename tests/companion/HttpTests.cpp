@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <nlohmann/json.hpp>
+#include <regex>
 
 #include "companion/backend/LocalAddresses.h"
 #include "tests/companion/BackendProcess.h"
@@ -113,6 +114,22 @@ TEST_F(HttpTest, APhoneMayLoadItsPageButNeitherListNorCreate) {
     EXPECT_EQ(request(port_, "GET", "/v1/meetings/active", {{"Host", host_}}, {}, address).status,
               421)
         << "a Host header does not make a request local";
+}
+
+TEST_F(HttpTest, APhoneMayLoadEveryFileThatItsPageNames) {
+    const auto addresses = likelyFirst(localAddresses());
+    if (addresses.empty()) GTEST_SKIP() << "this machine has no network address";
+    const auto load = [&](const std::string& path) {
+        return request(port_, "GET", path, {}, {}, addresses.front());
+    };
+    const std::string page = load("/phone").body;
+    const std::regex named("(?:src|href)=\"([^\"]+)\"");
+    std::vector<std::string> files;
+    for (std::sregex_iterator each(page.begin(), page.end(), named), end; each != end; ++each) {
+        files.push_back((*each)[1]);
+        EXPECT_EQ(load(files.back()).status, 200) << files.back();
+    }
+    EXPECT_THAT(files, testing::Contains("/phone.js"));
 }
 
 TEST_F(HttpTest, NoPathLeadsToOtherFiles) {

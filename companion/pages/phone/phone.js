@@ -1,9 +1,7 @@
 // The phone's page: two big buttons and a pad, and a connection that mends itself.
 "use strict";
 
-const byId = (id) => document.getElementById(id);
-const language = navigator.language.toLowerCase().startsWith("zh") ? "zh" : "en";
-const texts = phoneTexts[language];
+const texts = phoneTexts[pageLanguage];
 
 // Either storage may be forbidden, in private windows for example.
 const memory = {
@@ -237,17 +235,6 @@ const page = {
     wordFor: 4000,
     wordTimer: 0,
     confirmTimer: 0,
-
-    writeTexts() {
-        document.documentElement.lang = language === "zh" ? "zh-CN" : "en";
-        document.title = texts.title;
-        for (const element of document.querySelectorAll("[data-text]")) {
-            element.textContent = texts[element.dataset.text];
-        }
-        for (const element of document.querySelectorAll("[data-label]")) {
-            element.setAttribute("aria-label", texts[element.dataset.label]);
-        }
-    },
 
     show(state) {
         const inTrouble = room.stopped;
@@ -512,7 +499,8 @@ function readLink() {
     if (identity.readLink()) clock.forget();
 }
 
-page.writeTexts();
+writeTexts(texts);
+document.title = texts.title;
 readLink();
 identity.load();
 connectButtons();

@@ -26,6 +26,7 @@ inline constexpr std::array pageTable{
     PageEntry{"/phone.css", "phone.css", "text/css; charset=utf-8"},
     PageEntry{"/phone-texts.js", "phone-texts.js", "text/javascript; charset=utf-8"},
     PageEntry{"/page.js", "page.js", "text/javascript; charset=utf-8"},
+    PageEntry{"/step-keys.js", "step-keys.js", "text/javascript; charset=utf-8"},
     PageEntry{"/awake.mp4", "awake.mp4", "video/mp4"},
     PageEntry{"/awake.webm", "awake.webm", "video/webm"},
     PageEntry{"/stagehopper.svg", "stagehopper.svg", "image/svg+xml"},

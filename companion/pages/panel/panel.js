@@ -4,8 +4,6 @@
 "use strict";
 
 (() => {
-    const stepKeys = { ArrowRight: "next", PageDown: "next", ArrowLeft: "prev", PageUp: "prev" };
-
     const host = window.electronAPI;
     const texts = panelTexts[pageLanguage];
     const steps = new PanelSteps(texts);
@@ -39,10 +37,9 @@
     }
 
     function onKey(event) {
-        const direction = stepKeys[event.key];
-        const modified = event.ctrlKey || event.altKey || event.metaKey || event.shiftKey;
+        const direction = stepOfKey(event);
         const typing = event.target.matches("input, select");
-        if (!direction || modified || typing || event.repeat || !keysAreOn()) return;
+        if (!direction || typing || !keysAreOn()) return;
         event.preventDefault();
         sendStep(direction);
     }

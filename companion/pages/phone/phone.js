@@ -443,7 +443,6 @@ const awake = {
 
 function connectButtons() {
     const bounce = 120;
-    const keys = { ArrowRight: "next", PageDown: "next", ArrowLeft: "prev", PageUp: "prev" };
     const last = { next: -Infinity, prev: -Infinity };
     const step = (direction) => {
         const now = performance.now();
@@ -455,9 +454,8 @@ function connectButtons() {
     byId("previous").addEventListener("click", () => step("prev"));
     byId("next").addEventListener("click", () => step("next"));
     document.addEventListener("keydown", (event) => {
-        const direction = keys[event.key];
-        const modified = event.ctrlKey || event.altKey || event.metaKey || event.shiftKey;
-        if (!direction || modified || event.repeat || byId("settings").open) return;
+        const direction = stepOfKey(event);
+        if (!direction || byId("settings").open) return;
         event.preventDefault();
         step(direction);
     });

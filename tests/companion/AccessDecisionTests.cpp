@@ -109,8 +109,8 @@ TEST(AccessDecision, TheHostsResourcesCannotBeLoadedByATagOrFrame) {
 
 TEST(AccessDecision, APhoneMayLoadItsPageAndJoinTheRoom) {
     for (const char* path :
-         {"/phone", "/phone.js", "/phone.css", "/phone-texts.js", "/page.js", "/step-keys.js",
-          "/awake.mp4", "/awake.webm", "/stagehopper.svg", "/ws"}) {
+         {"/phone", "/phone.js", "/phone.css", "/phone-room.js", "/phone-texts.js", "/page.js",
+          "/step-keys.js", "/awake.mp4", "/awake.webm", "/stagehopper.svg", "/ws"}) {
         const AccessDecision access = decideAccess(phone(path));
         EXPECT_TRUE(access.isAllowed()) << path;
         EXPECT_EQ(access.trust, Trust::network) << path;

@@ -1,4 +1,5 @@
-// What the phone's page says. One entry a language; the keys are the ones in phone.html and phone.js.
+// The texts of the phone's page, one entry for each language. The keys are used in phone.html and
+// in the phone's other scripts.
 "use strict";
 
 const phoneTexts = {

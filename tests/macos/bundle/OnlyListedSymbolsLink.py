@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""What no list of symbols holds cannot be linked for macOS, and the project's lists are sound."""
+"""Only listed symbols can be linked for macOS, and the project's lists are valid."""
 
 import pathlib
 import subprocess
@@ -21,7 +21,7 @@ class Stubs(unittest.TestCase):
         self.sdk = self.folder / "sdk"
 
     def write_stubs(self, **lists):
-        """Each list by its name; the exit status and what was said."""
+        """Takes each list by its name; returns the exit status and the messages."""
         for name, lines in lists.items():
             (self.lists / f"{name}.txt").write_text("\n".join(lines) + "\n")
         result = subprocess.run([PROJECT / "tools/macos-stubs", self.lists, self.sdk],
@@ -31,7 +31,7 @@ class Stubs(unittest.TestCase):
 
 class Linking(Stubs):
     def link(self, function, architecture="arm64"):
-        """Whether a program that calls it can be linked."""
+        """Returns whether a program that calls the function can be linked."""
         result = subprocess.run(
             [LLVM / "clang", f"--target={architecture}-apple-macos12.0", "-isysroot", self.sdk,
              "-fuse-ld=lld", "-Wl,-fixup_chains", "-lobjc", "-framework", "AppKit", "-o",
@@ -42,59 +42,59 @@ class Linking(Stubs):
             self.assertIn(f"undefined symbol: {function}", result.stderr)
         return result.returncode == 0
 
-    def write_sound_stubs(self):
-        status, said = self.write_stubs(
+    def write_valid_stubs(self):
+        status, messages = self.write_stubs(
             libSystem=["library /usr/lib/libSystem.B.dylib"],
             libobjc=["library /usr/lib/libobjc.A.dylib", "# sends", "objc_msgSend",
                      "objc_msgSend_stret x86_64  # large results"],
             AppKit=["library /System/Library/Frameworks/AppKit.framework/Versions/C/AppKit",
                     "NSBeep"])
-        self.assertEqual(status, 0, said)
+        self.assertEqual(status, 0, messages)
 
     def test_finds_what_is_listed(self):
-        self.write_sound_stubs()
+        self.write_valid_stubs()
         self.assertTrue(self.link("objc_msgSend"))
         self.assertTrue(self.link("NSBeep"))
 
     def test_fails_for_a_mistyped_name(self):
-        self.write_sound_stubs()
+        self.write_valid_stubs()
         self.assertFalse(self.link("NSBeeep"))
 
     def test_fails_where_the_architecture_does_not_have_it(self):
-        self.write_sound_stubs()
+        self.write_valid_stubs()
         self.assertTrue(self.link("objc_msgSend_stret", "x86_64"))
         self.assertFalse(self.link("objc_msgSend_stret", "arm64"))
 
     def test_sees_a_symbol_that_was_added_later(self):
-        self.write_sound_stubs()
+        self.write_valid_stubs()
         self.assertFalse(self.link("objc_retain"))
         self.write_stubs(libobjc=["library /usr/lib/libobjc.A.dylib", "objc_retain"])
         self.assertTrue(self.link("objc_retain"))
 
 
 class Lists(Stubs):
-    def test_of_the_project_are_sound(self):
+    def test_of_the_project_are_valid(self):
         self.lists = PROJECT / "cmake/macos-symbols"
         self.assertEqual(self.write_stubs(), (0, ""))
 
     def test_without_a_library_are_refused(self):
-        status, said = self.write_stubs(libobjc=["objc_msgSend"])
+        status, messages = self.write_stubs(libobjc=["objc_msgSend"])
         self.assertNotEqual(status, 0)
-        self.assertIn("libobjc.txt:1: begins with 'library'", said)
+        self.assertIn("libobjc.txt:1: begins with 'library'", messages)
 
     def test_with_a_symbol_twice_are_refused(self):
-        status, said = self.write_stubs(libobjc=["library /usr/lib/l.dylib", "a", "b", "a"])
+        status, messages = self.write_stubs(libobjc=["library /usr/lib/l.dylib", "a", "b", "a"])
         self.assertNotEqual(status, 0)
-        self.assertIn("libobjc.txt:4: a stands here twice", said)
+        self.assertIn("libobjc.txt:4: a occurs twice", messages)
 
     def test_with_an_unknown_architecture_are_refused(self):
-        status, said = self.write_stubs(libobjc=["library /usr/lib/l.dylib", "a arm65"])
+        status, messages = self.write_stubs(libobjc=["library /usr/lib/l.dylib", "a arm65"])
         self.assertNotEqual(status, 0)
-        self.assertIn("libobjc.txt:2: one symbol", said)
+        self.assertIn("libobjc.txt:2: one symbol", messages)
 
 
 if __name__ == "__main__":
     if not can_be_made():
-        print("There is no clang 19 to link with: call 'tools/setup macos'.")
+        print("clang 19 is missing: run 'tools/setup macos'.")
         sys.exit(77)
     unittest.main()

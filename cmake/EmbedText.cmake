@@ -1,5 +1,5 @@
-# embed_text(SOURCE HEADER NAME): writes HEADER, which defines the text of SOURCE, without the line
-# feed at its end, as stagehopper::NAME.
+# embed_text(SOURCE HEADER NAME): writes HEADER, which defines stagehopper::NAME as the text of
+# SOURCE, without the final line feed.
 function(embed_text source header name)
   set(path "${CMAKE_CURRENT_SOURCE_DIR}/${source}")
   set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${path}")

@@ -1,5 +1,5 @@
-# The JSON library: the system's where it has one, else the copy in third-party/, so that a Mac needs
-# nothing beyond its command line tools.
+# Finds the JSON library: the system's if there is one, otherwise the copy in third-party/, so that a
+# Mac needs no package for it.
 find_package(nlohmann_json ${nlohmann_json_FIND_VERSION} QUIET CONFIG)
 if(NOT nlohmann_json_FOUND)
   if(NOT TARGET nlohmann_json::nlohmann_json)

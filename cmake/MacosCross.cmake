@@ -1,19 +1,19 @@
-# Toolchain for macOS on Linux: Debian's clang and lld, and the folder that tools/macos-sdk makes.
+# Toolchain for macOS on Linux: Debian's clang and lld, and the folder that tools/macos-sdk creates.
 #
 #   STAGEHOPPER_MACOS_ARCHITECTURE   arm64 or x86_64
 #   STAGEHOPPER_MACOS_SDK            that folder
 
 set(STAGEHOPPER_MACOS_ARCHITECTURE arm64 CACHE STRING "arm64 or x86_64")
 set(STAGEHOPPER_MACOS_SDK "${CMAKE_CURRENT_LIST_DIR}/../build/macos-sdk" CACHE PATH
-  "The folder that tools/macos-sdk made")
+  "The folder that tools/macos-sdk created")
 list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES
   STAGEHOPPER_MACOS_ARCHITECTURE STAGEHOPPER_MACOS_SDK)
 get_filename_component(_sdk "${STAGEHOPPER_MACOS_SDK}" ABSOLUTE)
 if(NOT EXISTS "${_sdk}/stamp")
-  message(FATAL_ERROR "There is no ${_sdk}: call 'tools/macos-sdk ${_sdk}' first.")
+  message(FATAL_ERROR "${_sdk} is missing: run 'tools/macos-sdk ${_sdk}' first.")
 endif()
 
-# A list of symbols that has grown is with the linker after the next configuring, which it causes.
+# A change of a symbol list triggers configuring, which writes the stubs for the linker again.
 get_property(_is_try_compile GLOBAL PROPERTY IN_TRY_COMPILE)
 if(NOT _is_try_compile)
   file(GLOB _lists "${CMAKE_CURRENT_LIST_DIR}/macos-symbols/*.txt")
@@ -42,16 +42,16 @@ foreach(_tool ar ranlib install-name-tool otool lipo strip nm)
   set(${_variable} "${_llvm}/llvm-${_tool}" CACHE FILEPATH "")
 endforeach()
 
-# libc++ comes from the folder and is linked statically, so that std::format and the like run on
-# the oldest system we support; only the exceptions' run time, libc++abi, is the system's.
+# libc++ comes from the folder and is linked statically, so that functions such as std::format run
+# on the oldest system that we support. Only the runtime for exceptions, libc++abi, is the system's.
 set(CMAKE_CXX_FLAGS_INIT "-nostdinc++ -isystem ${_sdk}/usr/include/c++/v1 \
 -fvisibility=hidden -fvisibility-inlines-hidden \
 -fvisibility-global-new-delete=force-hidden")
 set(CMAKE_CXX_STANDARD_LIBRARIES "-lc++ -lc++abi")
-# lld signs ad hoc, which reserves the room that packaging/macos/sign-bundle fills.
+# lld signs ad hoc, which reserves the space that packaging/macos/sign-bundle fills.
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-fuse-ld=lld -nostdlib++ -Wl,-dead_strip -Wl,-x -Wl,-S -Wl,-adhoc_codesign")
 
-# Nothing of this machine's own headers and libraries.
+# Finds none of this machine's own headers and libraries.
 set(CMAKE_FIND_ROOT_PATH "${_sdk}")
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)

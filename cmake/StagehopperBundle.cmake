@@ -1,7 +1,8 @@
-# stagehopper_bundle(TARGET): makes Stagehopper.app at the root of the build tree, with the
-# executable TARGET, the pages and the backend, if that is built, and signs it.
+# stagehopper_bundle(TARGET): creates Stagehopper.app at the root of the build tree, with the
+# executable TARGET, the pages and the backend (if it is built), and signs it.
 #
-# It is laid out anew in each build, in a moment, so that nothing of an earlier one stays in it.
+# Each build creates the bundle from scratch, so that it contains nothing of an earlier build. This
+# takes a moment.
 
 set(STAGEHOPPER_SIGNING_IDENTITY "-" CACHE STRING
   "On a Mac: the code signing identity, which keeps the Accessibility grant; - for none")
@@ -28,7 +29,7 @@ function(stagehopper_bundle target)
       "${PROJECT_BINARY_DIR}/companion/backend" --prefix "${parts}/installed")
   endif()
 
-  # What gets installed is listed file by file; the folder beside the executable may hold more.
+  # Installing copies a fixed list of files; the folder beside the executable may contain others.
   add_custom_target(stagehopper_bundle ALL
     COMMAND "${CMAKE_COMMAND}" -E rm -rf "${app}" "${parts}/installed"
     COMMAND "${CMAKE_COMMAND}" -E make_directory "${app}/Contents/MacOS"
@@ -47,11 +48,11 @@ function(stagehopper_bundle target)
     COMMAND "${CMAKE_COMMAND}" -E copy ${icon} "${app}/Contents/Resources/"
     ${sign}
     DEPENDS ${icon} "${target}" $<TARGET_NAME_IF_EXISTS:stagehopper_backend> stagehopper_pages
-    COMMENT "Making Stagehopper.app"
+    COMMENT "Creating Stagehopper.app"
     VERBATIM)
 endfunction()
 
-# Command line tools of a Mac draw no SVG: without these two programs there is no icon.
+# A Mac's command line tools cannot draw SVG, so without these two programs there is no icon.
 function(_stagehopper_icon picture icon result)
   if(STAGEHOPPER_RSVG_CONVERT AND STAGEHOPPER_PNG2ICNS)
     add_custom_command(OUTPUT "${icon}"
@@ -60,16 +61,17 @@ function(_stagehopper_icon picture icon result)
       VERBATIM)
     set(${result} "${icon}" PARENT_SCOPE)
   else()
-    message(WARNING "The bundle will have no icon: there is no rsvg-convert or no png2icns.")
+    message(WARNING "The bundle will have no icon: rsvg-convert or png2icns is missing.")
     set(${result} "" PARENT_SCOPE)
   endif()
 endfunction()
 
-# A Mac has codesign; elsewhere there is our own, which can sign without an identity only.
+# Signs with codesign on a Mac and with our own script elsewhere, which can only sign without an
+# identity.
 function(_stagehopper_signing app result)
   if(CMAKE_HOST_APPLE)
     set(commands "")
-    # Inside out: the seal covers what is signed before.
+    # From the inside out: the seal covers the backend with its signature.
     if(TARGET stagehopper_backend)
       list(APPEND commands
         COMMAND codesign --force --sign "${STAGEHOPPER_SIGNING_IDENTITY}"

@@ -1,4 +1,4 @@
-# How every target of ours is built: the standard, the warnings, the sanitizers.
+# The language standard, warnings and sanitizers of all our targets.
 
 find_program(CCACHE ccache)
 if(CCACHE)
@@ -11,7 +11,7 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 
 find_package(Threads REQUIRED)
 
-# The linkers for macOS search all libraries again by themselves, and CMake knows no option for it.
+# The linkers for macOS always search all libraries repeatedly, and CMake has no option for it.
 if(APPLE)
   set(CMAKE_CXX_LINK_GROUP_USING_RESCAN "" "")
   set(CMAKE_CXX_LINK_GROUP_USING_RESCAN_SUPPORTED TRUE)
@@ -34,7 +34,7 @@ if(STAGEHOPPER_SANITIZE)
 endif()
 target_link_libraries(stagehopper_options INTERFACE Threads::Threads)
 
-# stagehopper_room(NAME FILES...): one room of the house as a static library.
+# stagehopper_room(NAME FILES...): adds one room as a static library.
 function(stagehopper_room name)
   add_library(${name} STATIC ${ARGN})
   target_link_libraries(${name} PRIVATE stagehopper_options)

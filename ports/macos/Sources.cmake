@@ -1,5 +1,5 @@
-# The sources of the port, without its entry point. Tests build them once more, against other
-# runtimes than Apple's.
+# The sources of the port, without its entry point. Tests also build them, against runtimes other
+# than Apple's.
 set(STAGEHOPPER_MACOS_SOURCES
   AppControllerObject.cpp
   BridgeHandlerObject.cpp

@@ -1,4 +1,4 @@
-# The runtime itself; beside it stand the behaviours of the system's classes.
+# The runtime itself. WorldSources.cmake has the behavior of the system's classes.
 set(STAGEHOPPER_RECORDING_RUNTIME
   runtime/BehaviourTable.cpp
   runtime/Behaviours.cpp

@@ -1,4 +1,4 @@
-# How the system's classes behave, and the world around the program.
+# The behavior of the system's classes, and the world around the program.
 set(STAGEHOPPER_RECORDING_WORLD
   appkit/Application.cpp
   appkit/ApplicationMessages.cpp

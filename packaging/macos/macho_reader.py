@@ -1,6 +1,6 @@
-"""Reads executables of macOS, and the signatures in them, for verify-bundle.
+"""Reads executables of macOS and their signatures, for verify-bundle.
 
-What does not fit the format is a Malformed error, whatever the bytes are.
+Any bytes that do not match the format raise a Malformed error.
 """
 
 import dataclasses
@@ -16,7 +16,7 @@ HASHES = {1: hashlib.sha1, 2: hashlib.sha256}
 
 
 class Malformed(Exception):
-    """Bytes that are not what they should be."""
+    """The bytes do not match the format."""
 
 
 def unpack(form, data, at):
@@ -66,7 +66,7 @@ def version(packed):
 
 
 def read_images(data):
-    """The images of a file, or none if it is no executable of macOS."""
+    """Returns the images of a file; empty if it is not an executable of macOS."""
     if len(data) < 8:
         return []
     if struct.unpack_from(">I", data)[0] == FAT_MAGIC:
@@ -81,7 +81,7 @@ def read_images(data):
 def read_image(data):
     magic, cpu, _, file_type, count, _, flags, _ = unpack("<8I", data, 0)
     if magic != MAGIC_64:
-        raise Malformed("one of its parts is no 64-bit executable")
+        raise Malformed("one of its parts is not a 64-bit executable")
     image = Image(data, ARCHITECTURES.get(cpu, hex(cpu)), file_type, flags)
     at = 32
     for _ in range(count):
@@ -110,7 +110,7 @@ def read_load_command(image, command, data):
 
 
 def read_signature(data):
-    """The slots of a signature, each with the bytes in it."""
+    """Returns the slots of a signature, each with its bytes."""
     magic, length, count = unpack(">3I", data, 0)
     if magic != 0xFADE0CC0 or length > len(data):
         raise Malformed("there is no signature where the load command says")
@@ -125,7 +125,7 @@ def read_code_directory(data):
     (magic, length, version_, flags, hashes_at, identifier_at, special_count, page_count, limit,
      hash_size, hash_type, _, page_shift) = unpack(">9I4B", data, 0)
     if magic != 0xFADE0C02 or length != len(data) or hash_type not in HASHES:
-        raise Malformed("there is no code directory in its slot")
+        raise Malformed("its slot has no code directory")
 
     def hash_at(number):
         begin = hashes_at + number * hash_size

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""A sound bundle passes verify-bundle; one that is damaged in any way does not."""
+"""An intact bundle passes verify-bundle; a bundle with any damage does not."""
 
 import pathlib
 import plistlib
@@ -16,11 +16,11 @@ MAIN = "MacOS/Stagehopper"
 
 
 def setUpModule():
-    global folder, sound
+    global folder, intact
     folder = tempfile.TemporaryDirectory()
     unittest.addModuleCleanup(folder.cleanup)
-    sound = pathlib.Path(folder.name, "Sound.app")
-    SampleBundle(folder_for("thin")).make(sound, ["arm64"])
+    intact = pathlib.Path(folder.name, "Intact.app")
+    SampleBundle(folder_for("thin")).make(intact, ["arm64"])
 
 
 def folder_for(name):
@@ -30,7 +30,7 @@ def folder_for(name):
 
 
 def load_command(data, wanted):
-    """Where the first one of this kind begins."""
+    """Returns where the first load command of this kind begins."""
     count, = struct.unpack_from("<I", data, 16)
     at = 32
     for _ in range(count):
@@ -44,12 +44,12 @@ def load_command(data, wanted):
 class BundleTest(unittest.TestCase):
     def setUp(self):
         self.app = pathlib.Path(folder.name, "Damaged.app")
-        shutil.copytree(sound, self.app)
+        shutil.copytree(intact, self.app)
         self.addCleanup(shutil.rmtree, self.app)
         self.contents = self.app / "Contents"
 
     def change(self, name, change):
-        """Lets it change the bytes of a file."""
+        """Calls `change` with the bytes of a file and writes the result."""
         path = self.contents / name
         data = bytearray(path.read_bytes())
         changed = change(data)
@@ -66,7 +66,7 @@ class BundleTest(unittest.TestCase):
         self.assertNotIn("Traceback", printed)
 
 
-class ASoundBundle(BundleTest):
+class AnIntactBundle(BundleTest):
     def test_passes(self):
         status, printed = verify(self.app, "arm64")
         self.assertEqual(status, 0, printed)
@@ -85,8 +85,8 @@ class ASoundBundle(BundleTest):
 
     def test_signed_once_more_is_the_same_byte_for_byte(self):
         sign(self.app)
-        for path in sorted(sound.rglob("*")):
-            again = self.app / path.relative_to(sound)
+        for path in sorted(intact.rglob("*")):
+            again = self.app / path.relative_to(intact)
             self.assertTrue(again.exists(), again)
             if path.is_file():
                 self.assertEqual(again.read_bytes(), path.read_bytes(), again)
@@ -150,7 +150,7 @@ class AChangedExecutable(BundleTest):
 
 
 class LoadCommands(BundleTest):
-    """These are well signed, so that nothing but the load command is wrong."""
+    """These bundles are signed again, so that only the load command is wrong."""
 
     def change_command(self, name, wanted, change):
         def apply(data):
@@ -209,17 +209,17 @@ class Resources(BundleTest):
 
     def test_that_were_added_are_found(self):
         (self.contents / "Resources/third-party/more.js").write_text("alert(1);")
-        self.assert_rejected("Resources/third-party/more.js is there and not sealed")
+        self.assert_rejected("Resources/third-party/more.js exists but is not sealed")
 
     def test_that_were_removed_are_found(self):
         (self.contents / "Resources/third-party/code.js").unlink()
-        self.assert_rejected("Resources/third-party/code.js is sealed and missing")
+        self.assert_rejected("Resources/third-party/code.js is sealed but missing")
 
     def test_that_became_links_are_found(self):
         page = self.contents / "Resources/panel.html"
         page.rename(pathlib.Path(folder.name, "panel.html"))
         page.symlink_to(pathlib.Path(folder.name, "panel.html"))
-        self.assert_rejected("Resources/panel.html is no plain file")
+        self.assert_rejected("Resources/panel.html is not a plain file")
 
     def test_whose_change_was_entered_in_the_list_are_found(self):
         listing = self.contents / "_CodeSignature/CodeResources"
@@ -229,7 +229,7 @@ class Resources(BundleTest):
         sign(self.app)
         (self.contents / MAIN).write_bytes(kept)
         self.assertNotEqual(listing.read_bytes(), before)
-        self.assert_rejected("its signature does not fit the list of resources")
+        self.assert_rejected("its signature does not match the list of resources")
 
     def test_without_a_list_are_found(self):
         (self.contents / "_CodeSignature/CodeResources").unlink()
@@ -258,7 +258,7 @@ class Modes(BundleTest):
 class InfoPlist(BundleTest):
     def test_that_changed_is_found(self):
         self.change("Info.plist", lambda data: data.replace(b"2026", b"2027"))
-        self.assert_rejected("its signature does not fit Info.plist")
+        self.assert_rejected("its signature does not match Info.plist")
 
     def test_for_another_system_is_found(self):
         self.change_info(LSMinimumSystemVersion="13.0")
@@ -277,6 +277,6 @@ class InfoPlist(BundleTest):
 
 if __name__ == "__main__":
     if not can_be_made():
-        print("There is no clang 19 to make a bundle with: call 'tools/setup macos'.")
+        print("clang 19 is missing: run 'tools/setup macos'.")
         sys.exit(77)
     unittest.main()

@@ -1,4 +1,4 @@
-"""A small bundle that passes every check, from a program that does nothing, for tests to damage."""
+"""A small bundle that passes every check, with a program that does nothing, for tests to damage."""
 
 import pathlib
 import subprocess
@@ -8,7 +8,7 @@ PACKAGING = PROJECT / "packaging/macos"
 LLVM = pathlib.Path("/usr/lib/llvm-19/bin")
 BACKEND = "Resources/StagehopperBackend-arm64"
 
-# It uses each library that it loads, and fills as many pages as it is told.
+# The program uses each library that it loads, and fills FILLER bytes.
 PROGRAM = """
 extern int getpid(void);
 extern void* objc_getClass(const char*);
@@ -22,7 +22,7 @@ def can_be_made():
 
 
 class SampleBundle:
-    """Makes bundles in a folder of the test's own; what they have in common is made once."""
+    """Creates bundles in the test's own folder; their common parts are created once."""
 
     def __init__(self, folder):
         self.folder = folder
@@ -55,7 +55,7 @@ class SampleBundle:
             check=True)
 
     def make(self, app, architectures, filler=6000, frameworks=("AppKit", "WebKit")):
-        """Signed, and with two files as the pages, one of them in a folder."""
+        """Creates a signed bundle with two files as the pages, one of them in a folder."""
         contents = app / "Contents"
         for folder in ("MacOS", "Resources/third-party", "Resources/en.lproj"):
             (contents / folder).mkdir(parents=True)
@@ -85,7 +85,7 @@ def sign(app):
 
 
 def verify(app, *architectures):
-    """The exit status and what it printed."""
+    """Returns the exit status and the output."""
     result = subprocess.run([PACKAGING / "verify-bundle", app, *architectures],
                             capture_output=True, text=True, check=False)
     return result.returncode, result.stdout + result.stderr

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Plants one violation of each kind in a tree of its own and sees whether the check names it.
+# Plants one violation of each kind in a temporary tree and expects the check to name it.
 #
 #   CheckIncludesFindsViolations.sh CHECK_INCLUDES
 set -euo pipefail
@@ -14,14 +14,14 @@ plant() {
     printf '%s\n' "$2" >"$tree/$1"
 }
 
-# expect_violation FILE TEXT: the check fails and its report is about this file alone.
+# expect_violation FILE TEXT: expects that the check fails and reports only this file.
 expect_violation() {
     local report status=0
     plant "$1" "$2"
     report=$("$check" "$tree") || status=$?
     rm "$tree/$1"
     if ((status == 0)) || [[ $report != "$1:1: "* ]] || (($(wc -l <<<"$report") != 1)); then
-        echo "not found, or something else was: $1 with: $2"
+        echo "not found, or another violation was: $1 with: $2"
         echo "  status $status, report: $report"
         failures=$((failures + 1))
     fi
@@ -36,7 +36,7 @@ expect_clean() {
     fi
 }
 
-# These stay in the tree, so that a violation has to be found among many lawful lines.
+# These files stay in the tree, so that the check must find a violation among many allowed lines.
 expect_clean platform/Clock.h '#include <chrono>'
 expect_clean app/Panel.cpp '#include "platform/Clock.h"'
 expect_clean presentation/Menu.cpp '#include "resources/Script.h"'

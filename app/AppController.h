@@ -40,7 +40,7 @@ struct SlideTargetCandidate;
 ///
 /// This header is the table of contents; the bodies are in the folders of their subsystems.
 /// Main thread only, unless an operation's comment says otherwise. No operation throws or reports
-/// failure to its caller: failures are logged, or ignored where the operation's comment says so.
+/// failure to its caller: failures are logged, or ignored if the operation's comment states it.
 ///
 /// The entry point holds the only strong reference. Work that outlives a call holds the controller
 /// weakly and does nothing after the controller is gone.

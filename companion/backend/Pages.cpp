@@ -1,7 +1,9 @@
 #include "companion/backend/Pages.h"
 
+#include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <system_error>
 
 #include "companion/backend/PageTable.h"
 
@@ -9,8 +11,10 @@ namespace stagehopper::companion {
 
 Pages::Pages(const std::string& directory) {
     for (const PageEntry& page : pageTable) {
-        std::ifstream file(directory + "/" + std::string(page.fileName), std::ios::binary);
-        if (!file) {
+        const auto path = std::filesystem::path(directory) / page.fileName;
+        std::ifstream file(path, std::ios::binary);
+        // A folder can be opened, but to read it is an error.
+        if (std::error_code error; !file || !std::filesystem::is_regular_file(path, error)) {
             missing_.emplace_back(page.fileName);
             continue;
         }

@@ -18,9 +18,9 @@ public:
 
     explicit Pages(const std::string& directory);
 
-    /// Null if the path is not in the table, or if the file was absent at the start.
+    /// Null if the path is not in the table, or if there was no such file at the start.
     [[nodiscard]] const File* at(std::string_view path) const;
-    /// The names of the files that were absent.
+    /// The names of the files that could not be opened.
     const std::vector<std::string>& missing() const { return missing_; }
 
 private:

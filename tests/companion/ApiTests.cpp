@@ -150,6 +150,13 @@ TEST_F(ApiTest, AnAbsentFileIsNotFound) {
     EXPECT_THAT(pages_->missing(), testing::Contains("phone.js"));
 }
 
+TEST_F(ApiTest, AFolderInPlaceOfAFileIsAnAbsentFile) {
+    std::filesystem::create_directory(folder_.path() + "/phone.js");
+    const Pages pages(folder_.path());
+    EXPECT_EQ(pages.at("/phone.js"), nullptr);
+    EXPECT_THAT(pages.missing(), testing::Contains("phone.js"));
+}
+
 TEST_F(ApiTest, AFileIsReadOnceAtTheStart) {
     std::ofstream(folder_.path() + "/phone.html") << "<p>changed</p>";
     EXPECT_EQ(ask(Resource::file, "/phone").body, "<p>phone</p>");

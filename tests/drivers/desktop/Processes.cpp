@@ -4,7 +4,6 @@
 #include <charconv>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <sstream>
 #include <system_error>
 
@@ -12,10 +11,13 @@ namespace stagehopper::desktop {
 
 namespace {
 
+/// Empty if the process ends before or during the read, which a stream buffer reports by an
+/// exception; the operator catches it.
 std::string contentsOf(const std::filesystem::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream) return {};
-    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+    const std::ifstream stream(file, std::ios::binary);
+    std::ostringstream contents;
+    contents << stream.rdbuf();
+    return contents.str();
 }
 
 std::filesystem::path folderOf(pid_t process) {

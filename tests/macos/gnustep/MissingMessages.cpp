@@ -1,11 +1,12 @@
 #include "tests/macos/gnustep/MissingMessages.h"
 
-#include <chrono>
+#include <sys/wait.h>
+
+#include <cerrno>
 #include <cstdio>
 #include <map>
 #include <memory>
 #include <mutex>
-#include <thread>
 #include <utility>
 
 #include "ports/macos/cocoa/foundation/NSData.h"
@@ -32,6 +33,7 @@ public:
     }
     /// Raises an exception when the program cannot be started.
     void launch() const { send<"launch", void()>(); }
+    [[nodiscard]] int processIdentifier() const { return send<"processIdentifier", int()>(); }
 };
 
 /// What NSFileHandle has here.
@@ -87,14 +89,17 @@ private:
     std::map<id, std::shared_ptr<void>> blocks_;
 };
 
-/// GNUstep tells of an exit on the main run loop; macOS does on a thread of its own, whatever the
-/// main one is doing.
+/// GNUstep reports an exit on the main run loop; macOS does on a thread of its own, whatever the
+/// main one is doing. The process itself is awaited: GNUstep's task no longer "runs" once it was
+/// asked to terminate.
 void callHandlerAtExit(id self) {
-    static constexpr std::chrono::milliseconds interval{5};
     const auto handler = Handlers::shared().take(self);
     if (!handler) return;
     gnustep::runOnNewThread([handler, task = Owned<NSTask>::share(NSTask(self))] {
-        while (task->isRunning()) std::this_thread::sleep_for(interval);
+        const auto process = static_cast<id_t>(OlderTask(task.get().pointer()).processIdentifier());
+        siginfo_t exit{};
+        // Fails with another error if the task has collected the exit status already.
+        while (::waitid(P_PID, process, &exit, WEXITED | WNOWAIT) == -1 && errno == EINTR) continue;
         gnustep::callBlock(handler.get(), task.get());
     });
 }

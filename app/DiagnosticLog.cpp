@@ -3,11 +3,11 @@
 
 #include "app/AppController.h"
 #include "app/LogLine.h"
-#include "app/Utf8.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
 #include "platform/Host.h"
 #include "platform/SystemLog.h"
+#include "text/Utf8.h"
 
 namespace stagehopper {
 

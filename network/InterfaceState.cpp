@@ -1,6 +1,6 @@
 #include "network/InterfaceState.h"
 
-#include "app/Utf8.h"
+#include "text/Utf8.h"
 
 namespace stagehopper {
 

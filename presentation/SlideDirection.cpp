@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "app/Utf8.h"
+#include "text/Utf8.h"
 
 namespace stagehopper {
 

@@ -1,12 +1,12 @@
 #include <algorithm>
 
 #include "app/AppController.h"
-#include "app/Utf8.h"
 #include "platform/Accessibility.h"
 #include "platform/Workspace.h"
 #include "presentation/SlideApplications.h"
 #include "presentation/SlideTargetChoice.h"
 #include "presentation/TitleMatcher.h"
+#include "text/Utf8.h"
 
 namespace stagehopper {
 

@@ -2,9 +2,9 @@
 
 #include "app/AppController.h"
 #include "app/LogLine.h"
-#include "app/Utf8.h"
 #include "platform/Text.h"
 #include "slidechannel/SlideMessage.h"
+#include "text/Utf8.h"
 
 namespace stagehopper {
 

@@ -3,10 +3,10 @@
 
 #include "app/AppController.h"
 #include "app/LogLine.h"
-#include "app/Utf8.h"
 #include "platform/Dispatch.h"
 #include "platform/UrlSession.h"
 #include "slidechannel/SlideSocketUrl.h"
+#include "text/Utf8.h"
 
 namespace stagehopper {
 

@@ -4,7 +4,7 @@
 #include <array>
 #include <utility>
 
-#include "app/Utf8.h"
+#include "text/Utf8.h"
 
 namespace stagehopper {
 

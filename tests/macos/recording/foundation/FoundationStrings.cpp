@@ -1,6 +1,5 @@
 #include <string>
 
-#include "app/Utf8.h"
 #include "ports/macos/cocoa/foundation/NSString.h"
 #include "ports/simulated/SimulatedText.h"
 #include "tests/macos/recording/foundation/Foundation.h"
@@ -8,6 +7,7 @@
 #include "tests/macos/recording/foundation/SharedInstances.h"
 #include "tests/macos/recording/runtime/Definitions.h"
 #include "tests/macos/recording/system/World.h"
+#include "text/Utf8.h"
 
 namespace stagehopper::recording {
 

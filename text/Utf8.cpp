@@ -65,6 +65,18 @@ bool isValidUtf8(std::string_view bytes) {
     return true;
 }
 
+std::string wellFormed(std::string_view bytes) {
+    constexpr std::string_view replacement = "\xEF\xBF\xBD";
+    std::string text;
+    text.reserve(bytes.size());
+    while (!bytes.empty()) {
+        const auto decoded = decodeUtf8(bytes);
+        text += decoded ? bytes.substr(0, decoded->length) : replacement;
+        bytes.remove_prefix(decoded ? decoded->length : 1);
+    }
+    return text;
+}
+
 std::string_view trimmed(std::string_view text) {
     while (const auto first = decodeUtf8(text)) {
         if (!isWhitespace(first->codePoint)) break;

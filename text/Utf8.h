@@ -2,9 +2,12 @@
 
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace stagehopper {
+
+/// UTF-8. Any thread; pure.
 
 struct DecodedCodePoint {
     char32_t codePoint;
@@ -17,6 +20,9 @@ struct DecodedCodePoint {
 std::optional<DecodedCodePoint> decodeUtf8(std::string_view bytes);
 
 bool isValidUtf8(std::string_view bytes);
+
+/// The bytes with U+FFFD in place of each byte that belongs to no well-formed character.
+std::string wellFormed(std::string_view bytes);
 
 /// The text without white space and line breaks at both ends: Unicode's separators (categories Zs,
 /// Zl, Zp), U+0009 to U+000D and U+0085. Malformed bytes are not white space.

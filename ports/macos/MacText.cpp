@@ -1,7 +1,7 @@
 #include "ports/macos/MacText.h"
 
-#include "ports/macos/WellFormedText.h"
 #include "ports/macos/cocoa/foundation/NSLocale.h"
+#include "text/Utf8.h"
 
 namespace stagehopper::macos_port {
 

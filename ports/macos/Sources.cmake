@@ -30,6 +30,5 @@ set(STAGEHOPPER_MACOS_SOURCES
   PageGuard.cpp
   Queue.cpp
   Services.cpp
-  UnreachableWebSocketTask.cpp
-  WellFormedText.cpp)
+  UnreachableWebSocketTask.cpp)
 list(TRANSFORM STAGEHOPPER_MACOS_SOURCES PREPEND "${CMAKE_CURRENT_LIST_DIR}/")

@@ -1,32 +1,16 @@
 #include "ports/simulated/SimulatedText.h"
 
-#include <cstddef>
+#include "text/Utf8.h"
 
 namespace stagehopper::simulated {
 
 namespace {
 
-constexpr std::string_view replacement = "\xEF\xBF\xBD";
 /// Base letters of U+00E0 to U+00FF; a blank where there is none.
 constexpr std::string_view baseLetters = "aaaaaa ceeeeiiii nooooo  uuuuy y";
 
 unsigned char byteAt(std::string_view text, std::size_t i) {
     return i < text.size() ? static_cast<unsigned char>(text[i]) : 0;
-}
-
-/// Length of the well-formed sequence at the beginning, or 0. Simplified for the simulation:
-/// overlong forms are accepted.
-std::size_t sequenceLength(std::string_view text) {
-    const auto lead = byteAt(text, 0);
-    std::size_t length = 0;
-    if (lead < 0x80U) return 1;
-    if (lead >= 0xC2U && lead < 0xE0U) length = 2;
-    if (lead >= 0xE0U && lead < 0xF0U) length = 3;
-    if (lead >= 0xF0U && lead < 0xF5U) length = 4;
-    for (std::size_t i = 1; i < length; ++i) {
-        if ((byteAt(text, i) & 0xC0U) != 0x80U) return 0;
-    }
-    return length;
 }
 
 std::string lowerCharacter(std::string_view character) {
@@ -55,16 +39,11 @@ std::string foldCharacter(std::string_view character) {
 
 template <class Change>
 std::string eachCharacter(std::string_view text, Change change) {
+    const std::string valid = wellFormed(text);
     std::string changed;
-    while (!text.empty()) {
-        const auto length = sequenceLength(text);
-        if (length == 0) {
-            changed += replacement;
-            text.remove_prefix(1);
-            continue;
-        }
-        changed += change(text.substr(0, length));
-        text.remove_prefix(length);
+    for (std::string_view rest = valid; const auto character = decodeUtf8(rest);) {
+        changed += change(rest.substr(0, character->length));
+        rest.remove_prefix(character->length);
     }
     return changed;
 }

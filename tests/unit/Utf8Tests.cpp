@@ -29,6 +29,13 @@ TEST(Utf8, MalformedTextIsInvalid) {
     }
 }
 
+TEST(Utf8, EachMalformedByteIsReplaced) {
+    EXPECT_EQ(wellFormed("a\xFF é\0"s), "a\uFFFD é\0"s);
+    EXPECT_EQ(wellFormed("\xE4\xB8"), "\uFFFD\uFFFD");
+    EXPECT_EQ(wellFormed("\xC0\xAF下"), "\uFFFD\uFFFD下");
+    EXPECT_EQ(wellFormed(""), "");
+}
+
 TEST(Utf8, TrimmingRemovesBlanksAndLineBreaksAtBothEnds) {
     EXPECT_EQ(trimmed(" \t\r\n NEXT \v\f\n"), "NEXT");
     EXPECT_EQ(trimmed("a b"), "a b");

@@ -1,35 +1,17 @@
 #include "companion/backend/JoinRequest.h"
 
 #include <algorithm>
-#include <charconv>
 #include <map>
 
 #include "companion/backend/Names.h"
+#include "text/Ascii.h"
+#include "text/Percent.h"
 
 namespace stagehopper::companion {
 
 namespace {
 
 using Values = std::map<std::string, std::string, std::less<>>;
-
-/// Decodes %XX; a plus sign stays a plus sign. Null if an escape is malformed.
-std::optional<std::string> percentDecoded(std::string_view text) {
-    std::string decoded;
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        if (text[at] != '%') {
-            decoded += text[at];
-            continue;
-        }
-        const std::string_view digits = text.substr(at + 1, 2);
-        const char* end = digits.data() + digits.size();
-        unsigned char byte = 0;
-        const auto parsed = std::from_chars(digits.data(), end, byte, 16);
-        if (digits.size() != 2 || parsed.ptr != end) return std::nullopt;
-        decoded += static_cast<char>(byte);
-        at += 2;
-    }
-    return decoded;
-}
 
 /// Null if a name is repeated: two readers could pick different values.
 std::optional<Values> parseQuery(std::string_view query) {
@@ -49,7 +31,7 @@ std::optional<Values> parseQuery(std::string_view query) {
 
 bool isColor(std::string_view text) {
     return text.size() == 7 && text.front() == '#' &&
-           text.find_first_not_of("0123456789abcdefABCDEF", 1) == std::string_view::npos;
+           std::ranges::all_of(text.substr(1), isHexDigit);
 }
 
 std::optional<Role> roleFromName(std::string_view name) {

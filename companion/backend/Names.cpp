@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "text/Ascii.h"
 #include "text/Utf8.h"
 
 namespace stagehopper::companion {
@@ -12,8 +13,7 @@ constexpr std::size_t maxUserIdLength = 64;
 constexpr std::size_t maxDisplayTextLength = 64;
 
 bool isUserIdCharacter(char c) {
-    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '_' ||
-           c == '-';
+    return isAsciiLetter(c) || isAsciiDigit(c) || c == '_' || c == '-';
 }
 
 /// Includes the marks for the direction of writing: they can make one name look like another.

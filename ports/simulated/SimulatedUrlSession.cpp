@@ -4,6 +4,9 @@
 #include <stdexcept>
 #include <utility>
 
+#include "text/Ascii.h"
+#include "text/Url.h"
+
 namespace stagehopper::simulated {
 
 namespace {
@@ -21,24 +24,16 @@ struct Address {
 };
 
 /// The port in "scheme://127.0.0.1:PORT/path?query". Other hosts have no servers.
-Address addressOf(const std::string& url) {
-    constexpr std::string_view host = "://127.0.0.1:";
-    const auto start = url.find(host);
-    if (start == std::string::npos) return {};
-    const auto authority = start + host.size();
-    const auto path = std::min(url.find('/', authority), url.size());
-    Address address{0, url.substr(path, url.find('?', path) - path)};
-    for (auto at = authority; at < path; ++at) {
-        if (url[at] < '0' || url[at] > '9' || address.port > 65535) return {};
-        address.port = address.port * 10 + (url[at] - '0');
-    }
-    return address;
+Address addressOf(const std::string& text) {
+    const auto url = parseUrl(text);
+    if (!url || !url->authority || url->authority->host != "127.0.0.1") return {};
+    const auto port = parsePort(url->authority->port.value_or(""));
+    return {port.value_or(0), std::string(url->path)};
 }
 
-bool isSocketAddress(const std::string& url) {
-    auto scheme = url.substr(0, url.find("://"));
-    std::ranges::transform(scheme, scheme.begin(),
-                           [](char c) { return c >= 'A' && c <= 'Z' ? char(c - 'A' + 'a') : c; });
+bool isSocketAddress(const std::string& text) {
+    const auto url = parseUrl(text);
+    const auto scheme = asciiLowered(url && url->scheme ? *url->scheme : "");
     return scheme == "ws" || scheme == "wss";
 }
 

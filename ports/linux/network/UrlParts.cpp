@@ -1,7 +1,9 @@
 #include "ports/linux/network/UrlParts.h"
 
 #include <algorithm>
-#include <charconv>
+
+#include "text/Ascii.h"
+#include "text/Url.h"
 
 namespace stagehopper::linux_port {
 namespace {
@@ -12,20 +14,6 @@ std::string_view usualPort(std::string_view scheme) {
     return {};
 }
 
-std::string lowered(std::string_view text) {
-    std::string result(text);
-    std::transform(result.begin(), result.end(), result.begin(), [](char c) {
-        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    });
-    return result;
-}
-
-bool isPort(std::string_view text) {
-    unsigned value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    return error == std::errc{} && end == text.data() + text.size() && value >= 1 && value <= 65535;
-}
-
 /// A blank or a control character would end the request line early and let an address write
 /// headers.
 bool hasForbidden(std::string_view url) {
@@ -33,27 +21,13 @@ bool hasForbidden(std::string_view url) {
                        [](char c) { return static_cast<unsigned char>(c) <= ' ' || c == '\x7f'; });
 }
 
-bool splitAuthority(std::string_view authority, UrlParts& parts) {
-    std::string_view rest;
-    if (authority.starts_with('[')) {
-        const auto close = authority.find(']');
-        if (close == std::string_view::npos) return false;
-        parts.host = authority.substr(1, close - 1);
-        // In a URL the sign before a zone is escaped; the system wants it plain.
-        if (const auto zone = parts.host.find("%25"); zone != std::string::npos) {
-            parts.host.erase(zone + 1, 2);
-        }
-        rest = authority.substr(close + 1);
-        if (!rest.empty() && rest.front() != ':') return false;
-    } else {
-        const auto colon = authority.find(':');
-        parts.host = authority.substr(0, colon);
-        if (colon != std::string_view::npos) rest = authority.substr(colon);
-    }
-    if (parts.host.empty()) return false;
-    // "host:" means the usual port.
-    parts.port = rest.size() > 1 ? rest.substr(1) : usualPort(parts.scheme);
-    return isPort(parts.port);
+/// A name or a number without brackets.
+std::string plainHost(std::string_view host) {
+    if (!host.starts_with('[')) return std::string(host);
+    std::string number(host.substr(1, host.size() - 2));
+    // In a URL the sign before a zone is escaped; the system wants it plain.
+    if (const auto zone = number.find("%25"); zone != std::string::npos) number.erase(zone + 1, 2);
+    return number;
 }
 
 }  // namespace
@@ -66,25 +40,23 @@ std::string UrlParts::authority() const {
     return result;
 }
 
-std::optional<UrlParts> splitUrl(std::string_view url) {
-    const auto colon = url.find("://");
-    if (colon == std::string_view::npos || hasForbidden(url)) return std::nullopt;
+std::optional<UrlParts> splitUrl(std::string_view text) {
+    if (hasForbidden(text)) return std::nullopt;
+    const auto url = parseUrl(text);
+    if (!url || !url->scheme || !url->authority) return std::nullopt;
     UrlParts parts;
-    parts.scheme = lowered(url.substr(0, colon));
-    if (usualPort(parts.scheme).empty()) return std::nullopt;
-
-    std::string_view rest = url.substr(colon + 3);
-    rest = rest.substr(0, rest.find('#'));
-    const auto authorityEnd = std::min(rest.find_first_of("/?"), rest.size());
-    std::string_view authority = rest.substr(0, authorityEnd);
+    parts.scheme = asciiLowered(*url->scheme);
+    const auto usual = usualPort(parts.scheme);
     // A user name is not for the server to see in the Host header; nothing here signs in.
-    if (const auto at = authority.rfind('@'); at != std::string_view::npos) {
-        authority.remove_prefix(at + 1);
-    }
-    if (!splitAuthority(authority, parts)) return std::nullopt;
+    parts.host = plainHost(url->authority->host);
+    if (usual.empty() || parts.host.empty()) return std::nullopt;
+    // "host:" means the usual port.
+    parts.port = url->authority->port.value_or("");
+    if (parts.port.empty()) parts.port = usual;
+    if (parsePort(parts.port).value_or(0) == 0) return std::nullopt;
 
-    const std::string_view target = rest.substr(authorityEnd);
-    parts.target = target.starts_with('/') ? std::string(target) : "/" + std::string(target);
+    parts.target = url->path.empty() ? "/" : url->path;
+    if (url->query) parts.target.append("?").append(*url->query);
     return parts;
 }
 

@@ -11,6 +11,7 @@
 #include "ports/macos/UnreachableWebSocketTask.h"
 #include "ports/macos/cocoa/foundation/NSURLSession.h"
 #include "ports/macos/cocoa/objc/AutoreleasePool.h"
+#include "text/Ascii.h"
 
 namespace stagehopper::macos_port {
 
@@ -43,9 +44,7 @@ platform::DataResult resultOf(const std::string& asked, cocoa::NSData body,
 /// raises an exception for other schemes.
 std::string webSocketAddress(std::string url) {
     const auto scheme = std::min(url.find("://"), url.size());
-    for (std::size_t i = 0; i < scheme; ++i) {
-        if (url[i] >= 'A' && url[i] <= 'Z') url[i] = static_cast<char>(url[i] - 'A' + 'a');
-    }
+    url.replace(0, scheme, asciiLowered(url.substr(0, scheme)));
     return url.starts_with("ws://") || url.starts_with("wss://") ? url : std::string();
 }
 

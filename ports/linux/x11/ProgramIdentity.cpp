@@ -4,6 +4,8 @@
 #include <array>
 #include <string_view>
 
+#include "text/Ascii.h"
+
 namespace stagehopper::linux_port {
 
 namespace {
@@ -36,19 +38,11 @@ constexpr std::array knownPrograms{
     KnownProgram{"libreoffice-impress", impress},
 };
 
-std::string lowerCase(std::string_view text) {
-    std::string lower(text);
-    // The table is all ASCII.
-    std::ranges::transform(lower, lower.begin(), [](char c) {
-        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    });
-    return lower;
-}
-
 std::optional<std::string> lookUp(std::string_view trace) {
-    const std::string wanted = lowerCase(trace);
+    // The table is all ASCII.
+    const std::string wanted = asciiLowered(trace);
     for (const auto& program : knownPrograms) {
-        if (wanted == program.trace || wanted == lowerCase(program.identity)) {
+        if (wanted == program.trace || wanted == asciiLowered(program.identity)) {
             return std::string(program.identity);
         }
     }
@@ -71,7 +65,7 @@ std::optional<std::string> knownIdentity(const ProgramTraces& traces) {
 bool isShowWithoutEditor(const ProgramTraces& traces) {
     if (traces.executable != "soffice.bin") return false;
     const auto isShow = [](const WindowNames& window) {
-        return window.fullScreen && lowerCase(window.className) == "soffice";
+        return window.fullScreen && asciiLowered(window.className) == "soffice";
     };
     return !traces.windows.empty() && std::ranges::all_of(traces.windows, isShow);
 }

@@ -57,10 +57,7 @@
 
     function join(query) {
         leave();
-        // Not `URLSearchParams.toString()`, which writes a blank as a plus sign.
-        const pairs = Object.entries(query).map(
-            ([name, value]) => `${name}=${encodeURIComponent(value)}`);
-        const joined = new WebSocket(`ws://${location.host}/ws?${pairs.join("&")}`);
+        const joined = new WebSocket(`ws://${location.host}/ws?${queryOf(query)}`);
         socket = joined;
         const whileCurrent = (act) => (event) => {
             if (socket === joined) act(event);

@@ -3,8 +3,7 @@
 
 (() => {
     const retryAfter = 1000;
-    const userId = `overlay-${crypto.getRandomValues(new Uint32Array(1))[0]
-        .toString(16).padStart(8, "0")}`;
+    const userId = BackendLink.newUserId("overlay");
 
     const people = new OverlayPeople(document.getElementById("people"));
     const pointers = new OverlayPointers(

@@ -6,8 +6,7 @@ class PanelMeeting {
     #link = null;
     #record = null;
     #endedByUser = false;
-    #userId = `panel-${crypto.getRandomValues(new Uint32Array(1))[0]
-        .toString(16).padStart(8, "0")}`;
+    #userId = BackendLink.newUserId("panel");
 
     // Called are: `onRecord(record or null)`, `onParticipants(list)`, `onStep(message)`,
     // `onFailure(status)`, `onLost()`.

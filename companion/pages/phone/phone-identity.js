@@ -41,13 +41,13 @@ class PhoneIdentity {
 
     // The query with which this phone joins the meeting of a link.
     joinQuery({ code, secret }) {
-        return Object.entries({
+        return queryOf({
             roomCode: code,
             userId: this.#userId,
             role: "guest",
             displayName: this.#name || this.#defaultName,
             cursorColor: this.#color,
             secret,
-        }).map(([name, value]) => `${name}=${encodeURIComponent(value)}`).join("&");
+        });
     }
 }

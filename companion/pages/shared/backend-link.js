@@ -20,6 +20,12 @@ class BackendLink {
     #listener = (event) => this.#receive(event);
     #becameReady = () => {};
 
+    // The id under which a page of this kind joins rooms, with an end that no other page has.
+    static newUserId(kind) {
+        const [number] = crypto.getRandomValues(new Uint32Array(1));
+        return `${kind}-${number.toString(16).padStart(8, "0")}`;
+    }
+
     static async opened(origin) {
         const link = new BackendLink(origin);
         if (await link.#load()) return link;

@@ -1,8 +1,14 @@
-// What the panel and the phone's page share: elements by their ids, and texts in the user's
-// language.
+// What pages share: elements by their ids, queries, and texts in the user's language.
 "use strict";
 
 const byId = (id) => document.getElementById(id);
+
+// The query with these names and values. Not `URLSearchParams.toString()`, which writes a blank as a
+// plus sign.
+function queryOf(values) {
+    return Object.entries(values)
+        .map(([name, value]) => `${name}=${encodeURIComponent(value)}`).join("&");
+}
 
 const pageLanguage = navigator.language.toLowerCase().startsWith("zh") ? "zh" : "en";
 

@@ -73,7 +73,7 @@ void Story::openTheDeck() {
     impress_->startShow();
     const auto isOnScreen = [this] {
         const auto screen = Picture::of(desktop_.display(), desktop_.display().root());
-        return screen && screen->at(10, 10) == slideColours.front();
+        return screen && screen->at(10, 10) == slideColors.front();
     };
     expect(waitFor(isOnScreen, limit), "the slide show does not cover the screen with slide 1");
     narrator_.result("The slide show covers the screen; slide 1 is up.");
@@ -146,7 +146,7 @@ void Story::pointWithThePhone() {
         const auto screen = Picture::of(desktop_.display(), desktop_.display().root());
         return screen &&
                screen->at(static_cast<int>(screen->width() * pointedX),
-                          static_cast<int>(screen->height() * pointedY)) != slideColours.at(2);
+                          static_cast<int>(screen->height() * pointedY)) != slideColors.at(2);
     };
     phone_->touchStart(x, y);
     double wobble = 0;

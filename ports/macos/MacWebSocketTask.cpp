@@ -58,7 +58,7 @@ void MacWebSocketTask::sendPing(
 }
 
 void MacWebSocketTask::cancel(int closeCode) {
-    if (isCancelled_.exchange(true)) return;
+    if (isCanceled_.exchange(true)) return;
     task_->cancelWithCloseCode(closeCode, cocoa::NSData());
 }
 

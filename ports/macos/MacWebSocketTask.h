@@ -24,7 +24,7 @@ public:
 
 private:
     const cocoa::Owned<cocoa::NSURLSessionWebSocketTask> task_;
-    std::atomic<bool> isCancelled_ = false;
+    std::atomic<bool> isCanceled_ = false;
 };
 
 }  // namespace stagehopper::macos_port

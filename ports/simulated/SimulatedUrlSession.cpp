@@ -15,7 +15,7 @@ namespace {
 constexpr platform::Duration requestLimit{60};
 constexpr const char* refused = "Could not connect to the server.";
 constexpr const char* timedOut = "The request timed out.";
-constexpr const char* cancelled = "cancelled";
+constexpr const char* canceled = "cancelled";
 constexpr const char* lost = "The network connection was lost.";
 
 struct Address {
@@ -107,7 +107,7 @@ private:
             connection_->closeCode = closeCode;
             session_.journal_.add("socket closed with " + std::to_string(closeCode));
         }
-        session_.breaks(*connection_, cancelled);
+        session_.breaks(*connection_, canceled);
     }
 
     SimulatedUrlSession& session_;

@@ -123,7 +123,7 @@ TEST_F(HeadlessPhoneTest, IsAPhoneWithItsUsersLanguage) {
 TEST_F(HeadlessPhoneTest, TakesAPictureOfItsScreen) {
     struct Case {
         bool darkMode = false;
-        Colour background;
+        Color background;
     };
     for (const auto& [darkMode, background] : {Case{false, {10, 200, 30}}, Case{true, {1, 2, 3}}}) {
         HeadlessPhone phone(desktop_, {"en", darkMode});
@@ -136,7 +136,7 @@ TEST_F(HeadlessPhoneTest, TakesAPictureOfItsScreen) {
         EXPECT_EQ(gdk_pixbuf_get_width(picture.get()), 390 * HeadlessPhone::pixelRatio);
         EXPECT_EQ(gdk_pixbuf_get_height(picture.get()), 844 * HeadlessPhone::pixelRatio);
         const auto* corner = gdk_pixbuf_read_pixels(picture.get());
-        EXPECT_EQ((Colour{corner[0], corner[1], corner[2]}), background);
+        EXPECT_EQ((Color{corner[0], corner[1], corner[2]}), background);
     }
 }
 

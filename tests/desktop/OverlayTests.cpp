@@ -18,8 +18,8 @@ namespace {
 
 constexpr std::chrono::seconds limit{10};
 
-constexpr Colour magenta{255, 0, 255};
-constexpr Colour green{0, 255, 0};
+constexpr Color magenta{255, 0, 255};
+constexpr Color green{0, 255, 0};
 // Inside the square that the page draws, and well outside it.
 constexpr int insideX = 640;
 constexpr int insideY = 320;
@@ -66,19 +66,19 @@ protected:
         std::cout << "the program wrote:\n" << (*panel_)->output();
     }
 
-    static std::string inWords(const std::optional<Colour>& colour) {
-        if (!colour) return "not to be seen";
-        return "red " + std::to_string(colour->red) + " green " + std::to_string(colour->green) +
-               " blue " + std::to_string(colour->blue);
+    static std::string inWords(const std::optional<Color>& color) {
+        if (!color) return "not to be seen";
+        return "red " + std::to_string(color->red) + " green " + std::to_string(color->green) +
+               " blue " + std::to_string(color->blue);
     }
 
-    std::optional<Colour> pixel(int x, int y) {
+    std::optional<Color> pixel(int x, int y) {
         const auto screen = Picture::of(desktop_.display(), desktop_.display().root());
         if (!screen || x >= screen->width() || y >= screen->height()) return std::nullopt;
         return screen->at(x, y);
     }
-    bool becomes(int x, int y, Colour colour) {
-        return waitFor([&] { return pixel(x, y) == colour; }, limit);
+    bool becomes(int x, int y, Color color) {
+        return waitFor([&] { return pixel(x, y) == color; }, limit);
     }
     void show() { panel_->run("electronAPI.showOverlay()"); }
 
@@ -94,7 +94,7 @@ TEST_F(OverlayOnDesktop, IsAboveAFullScreenShowAndLetsItsClicksThrough) {
     const auto focused = desktop_.windows().focused();
     show();
     ASSERT_TRUE(becomes(insideX, insideY, magenta)) << "the overlay is not to be seen";
-    EXPECT_TRUE(becomes(outsideX, outsideY, slideColours.front())) << "it is not transparent";
+    EXPECT_TRUE(becomes(outsideX, outsideY, slideColors.front())) << "it is not transparent";
     EXPECT_EQ(desktop_.windows().active(), active);
     EXPECT_EQ(desktop_.windows().focused(), focused);
 
@@ -113,7 +113,7 @@ TEST_F(OverlayOnDesktop, StaysAboveAShowThatIsStartedLater) {
     ASSERT_TRUE(becomes(insideX, insideY, magenta));
     Impress impress(desktop_);
     impress.startShow();
-    EXPECT_TRUE(becomes(outsideX, outsideY, slideColours.front()));
+    EXPECT_TRUE(becomes(outsideX, outsideY, slideColors.front()));
     EXPECT_TRUE(becomes(insideX, insideY, magenta));
 }
 
@@ -285,7 +285,7 @@ TEST_F(OverlayWithoutCompositor, HidesAndLogsThatOnce) {
     panel_->run("electronAPI.sendDebugLog('shown twice')");
     ASSERT_TRUE((*panel_)->logs("shown twice", mark));
     EXPECT_EQ((*panel_)->program().output().count("the overlay is hidden", mark), 1U);
-    // A covered screen would be one colour from corner to corner.
+    // A covered screen would be one color from corner to corner.
     EXPECT_NE(pixel(insideX, insideY), magenta);
     ASSERT_TRUE(before);
     EXPECT_EQ(pixel(outsideX, outsideY), before->at(outsideX, outsideY));

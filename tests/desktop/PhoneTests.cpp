@@ -46,16 +46,16 @@ protected:
         const auto place = onPad(across, down);
         phone_.touchStart(place.x, place.y);
     }
-    Colour pointerColour() {
+    Color pointerColor() {
         const auto parts = phone_.evaluate(
             "getComputedStyle(document.querySelector('#dot')).backgroundColor.match(/\\d+/"
             "g).map(Number)");
         return {parts.at(0).get<std::uint8_t>(), parts.at(1).get<std::uint8_t>(),
                 parts.at(2).get<std::uint8_t>()};
     }
-    bool isAt(int x, int y, Colour colour) {
+    bool isAt(int x, int y, Color color) {
         const auto now = Picture::of(desktop_.display(), desktop_.display().root());
-        return now && now->at(x, y) == colour;
+        return now && now->at(x, y) == color;
     }
     /// The process of the page that was made last.
     pid_t newestPage() {
@@ -105,29 +105,29 @@ TEST_F(PhoneRemote, AThumbThatBouncesTurnsOneSlide) {
 TEST_F(PhoneRemote, PointsOnTheOverlay) {
     driven_.click("Overlay", ATSPI_ROLE_TOGGLE_BUTTON);
     // A tenth from the left and from the top: beside the panel, on the bare desktop.
-    const auto colour = pointerColour();
+    const auto color = pointerColor();
     holdFingerAt(0.1, 0.1);
-    EXPECT_TRUE(waitFor([&] { return isAt(128, 72, colour); }, limit))
+    EXPECT_TRUE(waitFor([&] { return isAt(128, 72, color); }, limit))
         << "the pointer is not to be seen";
     // Moved on, it leaves nothing behind.
     const auto lower = onPad(0.1, 0.8);
     phone_.touchMove(lower.x, lower.y);
-    EXPECT_TRUE(waitFor([&] { return isAt(128, 576, colour) && !isAt(128, 72, colour); }, limit))
+    EXPECT_TRUE(waitFor([&] { return isAt(128, 576, color) && !isAt(128, 72, color); }, limit))
         << "the pointer did not move, or left a trail";
     phone_.touchEnd();
-    EXPECT_TRUE(waitFor([&] { return !isAt(128, 576, colour); }, limit)) << "the pointer stayed";
+    EXPECT_TRUE(waitFor([&] { return !isAt(128, 576, color); }, limit)) << "the pointer stayed";
 }
 
 TEST_F(PhoneRemote, PointsAgainOnAnOverlayWhosePageHasEnded) {
     driven_.click("Overlay", ATSPI_ROLE_TOGGLE_BUTTON);
-    const auto colour = pointerColour();
+    const auto color = pointerColor();
     holdFingerAt(0.1, 0.1);
-    ASSERT_TRUE(waitFor([&] { return isAt(128, 72, colour); }, limit));
+    ASSERT_TRUE(waitFor([&] { return isAt(128, 72, color); }, limit));
     const auto mark = driven_.mark();
     kill(newestPage(), SIGKILL);
     ASSERT_TRUE(driven_.logs("the page overlay.html ended and is loaded again", mark, limit));
-    EXPECT_TRUE(waitFor([&] { return !isAt(128, 72, colour); }, limit));
-    EXPECT_TRUE(waitFor([&] { return isAt(128, 72, colour); }, 2 * limit))
+    EXPECT_TRUE(waitFor([&] { return !isAt(128, 72, color); }, limit));
+    EXPECT_TRUE(waitFor([&] { return isAt(128, 72, color); }, 2 * limit))
         << "the overlay has not found its room again";
 }
 

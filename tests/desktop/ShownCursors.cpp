@@ -57,12 +57,12 @@ std::vector<ScreenPoint> shownCursors(const VirtualDesktop& desktop) {
     XSync(display, False);
     if (!drawn || drawn->bits_per_pixel != 32) throw DesktopError("no picture of the screen");
 
-    constexpr std::uint32_t colour = 0xFFFFFF;
+    constexpr std::uint32_t color = 0xFFFFFF;
     std::vector<std::uint32_t> below(count);
     std::memcpy(below.data(), drawn->data, count * sizeof below.front());
     std::vector<ScreenPoint> covered;
     for (std::size_t i = 0; i < count; ++i) {
-        if (((shown[i] ^ below[i]) & colour) == 0) continue;
+        if (((shown[i] ^ below[i]) & color) == 0) continue;
         covered.push_back({static_cast<int>(i) % width, static_cast<int>(i) / width});
     }
     return covered;

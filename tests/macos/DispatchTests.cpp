@@ -61,9 +61,9 @@ TEST_F(MacQueues, DelayedWorkMayDropItselfWhileItRuns) {
 
 TEST_F(MacQueues, CanceledAndDroppedWorkDoesNotRun) {
     int calls = 0;
-    const auto cancelled = dispatch.afterMain(platform::Duration{1}, [&calls] { ++calls; });
+    const auto canceled = dispatch.afterMain(platform::Duration{1}, [&calls] { ++calls; });
     auto dropped = dispatch.afterMain(platform::Duration{1}, [&calls] { ++calls; });
-    cancelled->cancel();
+    canceled->cancel();
     dropped.reset();
     advance(5);
     EXPECT_EQ(calls, 0);

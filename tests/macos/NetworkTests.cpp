@@ -127,7 +127,7 @@ TEST_F(MacNetwork, TheLinkIsRestoredAtQuitWithoutWaiting) {
     EXPECT_TRUE(world.application.terminated());
 }
 
-TEST_F(MacNetwork, ACancelledPromptLeavesNothingToRestore) {
+TEST_F(MacNetwork, ACanceledPromptLeavesNothingToRestore) {
     prompt({.exitsAfter = platform::Duration{2}, .exitStatus = 1});
     launch();
     meetingStarts();

@@ -25,7 +25,7 @@ const char* __lsan_default_suppressions() {
 }
 
 const char* __tsan_default_options() {
-    // Libraries that are not instrumented look like races: what they synchronise is not seen.
+    // Libraries that are not instrumented look like races: what they synchronize is not seen.
     return "ignore_noninstrumented_modules=1:second_deadlock_stack=1";
 }
 

@@ -44,7 +44,7 @@ class OverlayPeople {
         const item = (kind, text, color) => {
             const element = document.createElement("li");
             element.className = kind;
-            element.style.setProperty("--color", OverlayPointers.colourOr(color, "#8b8d98"));
+            element.style.setProperty("--color", OverlayPointers.colorOr(color, "#8b8d98"));
             const name = document.createElement("span");
             name.textContent = text;
             element.append(name);

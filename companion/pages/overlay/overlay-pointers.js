@@ -25,7 +25,7 @@ class OverlayPointers {
         const { style, classList } = pointer.element;
         style.setProperty("--x", share(x));
         style.setProperty("--y", share(y));
-        style.setProperty("--color", OverlayPointers.colourOr(color));
+        style.setProperty("--color", OverlayPointers.colorOr(color));
         classList.toggle("right", x > 0.85);
         classList.toggle("low", y > 0.9);
         // In the document only now: one that has just come must not fly in from the corner.
@@ -42,7 +42,7 @@ class OverlayPointers {
         this.#shown.clear();
     }
 
-    static colourOr(color, otherwise = "#e5484d") {
+    static colorOr(color, otherwise = "#e5484d") {
         return /^#[0-9a-f]{6}$/i.test(color) ? color : otherwise;
     }
 

@@ -8,7 +8,7 @@ class PhoneSettings {
     constructor(identity, { colorNames, onChange }) {
         this.#identity = identity;
         this.#onChange = onChange;
-        byId("colours").append(...PhoneIdentity.colors.map(
+        byId("colors").append(...PhoneIdentity.colors.map(
             (color, index) => this.#choice(color, colorNames[index])));
         byId("name").value = identity.name;
         byId("open-settings").addEventListener("click", () => byId("settings").showModal());
@@ -20,7 +20,7 @@ class PhoneSettings {
     #choice(color, name) {
         const choice = document.createElement("input");
         choice.type = "radio";
-        choice.name = "colour";
+        choice.name = "color";
         choice.value = color;
         choice.checked = color === this.#identity.color;
         choice.setAttribute("aria-label", name);
@@ -32,7 +32,7 @@ class PhoneSettings {
 
     #save() {
         const name = byId("name").value.trim();
-        const color = byId("settings-form").elements.colour.value;
+        const color = byId("settings-form").elements.color.value;
         if (name === this.#identity.name && color === this.#identity.color) return;
         this.#identity.change(name, color);
         this.#showColor();
@@ -40,6 +40,6 @@ class PhoneSettings {
     }
 
     #showColor() {
-        document.body.style.setProperty("--colour", this.#identity.color);
+        document.body.style.setProperty("--color", this.#identity.color);
     }
 }

@@ -37,7 +37,7 @@
 
     function connect() {
         new PhoneButtons((direction) => room.tap(direction));
-        new PhoneSettings(identity, { colorNames: texts.colours, onChange: rejoin });
+        new PhoneSettings(identity, { colorNames: texts.colors, onChange: rejoin });
         new PhonePad({
             onSwipe: (direction) => room.tap(direction),
             onPoint: (x, y, visible) => room.point(x, y, visible),

@@ -51,8 +51,8 @@ void LinuxWebView::evaluateJavaScript(std::string_view script) {
 }
 
 void LinuxWebView::setDrawsBackground(bool drawsBackground) {
-    const GdkRGBA colour = drawsBackground ? GdkRGBA{1, 1, 1, 1} : GdkRGBA{0, 0, 0, 0};
-    webkit_web_view_set_background_color(webView(), &colour);
+    const GdkRGBA color = drawsBackground ? GdkRGBA{1, 1, 1, 1} : GdkRGBA{0, 0, 0, 0};
+    webkit_web_view_set_background_color(webView(), &color);
     // Without layers WebKitGTK 2.50 paints what changes in a transparent view over what was there:
     // everything that moves leaves a trail.
     webkit_settings_set_hardware_acceleration_policy(

@@ -48,13 +48,13 @@ std::optional<Picture> Picture::of(const XDisplay& display, Window window) {
     return picture;
 }
 
-Colour Picture::at(int x, int y) const {
+Color Picture::at(int x, int y) const {
     return pixels_.at(static_cast<std::size_t>(y) * static_cast<std::size_t>(width_) +
                       static_cast<std::size_t>(x));
 }
 
 void Picture::savePng(const std::filesystem::path& file) const {
-    static_assert(sizeof(Colour) == 3, "rows of pixels are handed over as they are");
+    static_assert(sizeof(Color) == 3, "rows of pixels are handed over as they are");
     const linux_port::ObjectPointer<GdkPixbuf> pixbuf(
         gdk_pixbuf_new_from_data(&pixels_.data()->red, GDK_COLORSPACE_RGB, FALSE, 8, width_,
                                  height_, width_ * 3, nullptr, nullptr));

@@ -9,11 +9,11 @@
 
 namespace stagehopper::desktop {
 
-struct Colour {
+struct Color {
     std::uint8_t red = 0;
     std::uint8_t green = 0;
     std::uint8_t blue = 0;
-    friend bool operator==(const Colour&, const Colour&) = default;
+    friend bool operator==(const Color&, const Color&) = default;
 };
 
 /// What a window or the screen showed at one moment.
@@ -25,7 +25,7 @@ public:
 
     [[nodiscard]] int width() const { return width_; }
     [[nodiscard]] int height() const { return height_; }
-    [[nodiscard]] Colour at(int x, int y) const;
+    [[nodiscard]] Color at(int x, int y) const;
     /// Throws DesktopError when the file cannot be written.
     void savePng(const std::filesystem::path& file) const;
 
@@ -34,7 +34,7 @@ public:
 private:
     int width_ = 0;
     int height_ = 0;
-    std::vector<Colour> pixels_;
+    std::vector<Color> pixels_;
 };
 
 }  // namespace stagehopper::desktop

@@ -8,8 +8,8 @@ namespace stagehopper::desktop {
 
 namespace {
 
-// Programs that manage colours may be off by a little.
-bool isNear(Colour seen, Colour wanted) {
+// Programs that manage colors may be off by a little.
+bool isNear(Color seen, Color wanted) {
     constexpr int tolerance = 8;
     const auto near = [](std::uint8_t a, std::uint8_t b) {
         return std::abs(int{a} - int{b}) <= tolerance;
@@ -30,7 +30,7 @@ std::optional<int> slideIn(const Picture& picture) {
             ++looks;
             const auto seen = picture.at(x, y);
             for (std::size_t slide = 0; slide < counts.size(); ++slide) {
-                if (isNear(seen, slideColours.at(slide))) ++counts.at(slide);
+                if (isNear(seen, slideColors.at(slide))) ++counts.at(slide);
             }
         }
     }
@@ -39,10 +39,10 @@ std::optional<int> slideIn(const Picture& picture) {
     return static_cast<int>(most - counts.begin()) + 1;
 }
 
-std::string hexColour(int slide) {
-    const auto colour = slideColours.at(static_cast<std::size_t>(slide - 1));
+std::string hexColor(int slide) {
+    const auto color = slideColors.at(static_cast<std::size_t>(slide - 1));
     std::array<char, 8> text{};
-    std::snprintf(text.data(), text.size(), "#%02X%02X%02X", colour.red, colour.green, colour.blue);
+    std::snprintf(text.data(), text.size(), "#%02X%02X%02X", color.red, color.green, color.blue);
     return text.data();
 }
 

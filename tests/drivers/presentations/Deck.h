@@ -11,17 +11,17 @@ namespace stagehopper::desktop {
 
 constexpr int slideCount = 5;
 
-/// Each slide is filled with its own colour, so that the pixels show which one is up.
-constexpr std::array<Colour, slideCount> slideColours{{{0xC0, 0x39, 0x2B},
-                                                       {0x24, 0x71, 0xA3},
-                                                       {0x1E, 0x84, 0x49},
-                                                       {0xD6, 0x89, 0x10},
-                                                       {0x6C, 0x34, 0x83}}};
+/// Each slide is filled with its own color, so that the pixels show which one is up.
+constexpr std::array<Color, slideCount> slideColors{{{0xC0, 0x39, 0x2B},
+                                                     {0x24, 0x71, 0xA3},
+                                                     {0x1E, 0x84, 0x49},
+                                                     {0xD6, 0x89, 0x10},
+                                                     {0x6C, 0x34, 0x83}}};
 
-/// A slide's colour as "#C0392B".
-[[nodiscard]] std::string hexColour(int slide);
+/// A slide's color as "#C0392B".
+[[nodiscard]] std::string hexColor(int slide);
 
-/// The slide whose colour covers most of the picture, from 1; absent when no slide covers a large
+/// The slide whose color covers most of the picture, from 1; absent when no slide covers a large
 /// part.
 [[nodiscard]] std::optional<int> slideIn(const Picture& picture);
 

@@ -33,7 +33,7 @@ std::string pageStyle(int slide) {
     return "<style:style style:name=\"slide" + std::to_string(slide) +
            "\" style:family=\"drawing-page\"><style:drawing-page-properties draw:fill=\"solid\""
            " draw:fill-color=\"" +
-           hexColour(slide) +
+           hexColor(slide) +
            "\" presentation:background-visible=\"true\""
            " presentation:background-objects-visible=\"true\"/></style:style>\n";
 }

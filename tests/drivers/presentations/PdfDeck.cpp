@@ -42,11 +42,11 @@ std::string reference(int number) {
     return std::to_string(number) + " 0 R";
 }
 
-std::string colourOf(int slide) {
-    const auto colour = slideColours.at(static_cast<std::size_t>(slide - 1));
+std::string colorOf(int slide) {
+    const auto color = slideColors.at(static_cast<std::size_t>(slide - 1));
     std::array<char, 40> text{};
-    std::snprintf(text.data(), text.size(), "%.4f %.4f %.4f", colour.red / 255.0,
-                  colour.green / 255.0, colour.blue / 255.0);
+    std::snprintf(text.data(), text.size(), "%.4f %.4f %.4f", color.red / 255.0,
+                  color.green / 255.0, color.blue / 255.0);
     return text.data();
 }
 
@@ -72,7 +72,7 @@ void writePdfDeck(const std::filesystem::path& file) {
         writer.add("<< /Type /Page /Parent " + reference(pages) +
                    " /MediaBox [0 0 960 540] /Resources << /Font << /F1 " + reference(font) +
                    " >> >> /Contents " + reference(pageNumber(slide) + 1) + " >>");
-        const std::string drawing = colourOf(slide) +
+        const std::string drawing = colorOf(slide) +
                                     " rg 0 0 960 540 re f 1 1 1 rg BT /F1 220 Tf 60 320 Td (" +
                                     std::to_string(slide) + ") Tj ET";
         writer.add("<< /Length " + std::to_string(drawing.size()) + " >>\nstream\n" + drawing +

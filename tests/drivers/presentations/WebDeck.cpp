@@ -6,8 +6,8 @@
 namespace stagehopper::desktop {
 
 void writeWebDeck(const std::filesystem::path& file) {
-    std::string colours;
-    for (int slide = 1; slide <= slideCount; ++slide) colours += "\"" + hexColour(slide) + "\", ";
+    std::string colors;
+    for (int slide = 1; slide <= slideCount; ++slide) colors += "\"" + hexColor(slide) + "\", ";
     writeFile(file, R"(<!doctype html>
 <meta charset="utf-8">
 <title>Slide 1 of 5</title>
@@ -17,19 +17,18 @@ void writeWebDeck(const std::filesystem::path& file) {
 </style>
 <div></div>
 <script>
-    const colours = [)" +
-                        colours +
+    const colors = [)" + colors +
                         R"(];
     let slide = 1;
     let forged = "";
     function show() {
-        document.body.style.background = colours[slide - 1];
+        document.body.style.background = colors[slide - 1];
         document.querySelector("div").textContent = slide;
-        document.title = `Slide ${slide} of ${colours.length}${forged}`;
+        document.title = `Slide ${slide} of ${colors.length}${forged}`;
     }
     addEventListener("keydown", (event) => {
         if (!event.isTrusted) forged = " after a forged key";
-        if (event.key === "ArrowRight") slide = Math.min(slide + 1, colours.length);
+        if (event.key === "ArrowRight") slide = Math.min(slide + 1, colors.length);
         if (event.key === "ArrowLeft") slide = Math.max(slide - 1, 1);
         show();
     });

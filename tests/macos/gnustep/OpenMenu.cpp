@@ -53,7 +53,7 @@ bool hangsUnderTitle(const Area& area) {
            area.y < titleY + itemHeight && area.height > itemHeight;
 }
 
-Colour lowerLeftCorner(const VirtualDesktop& desktop, const Area& area) {
+Color lowerLeftCorner(const VirtualDesktop& desktop, const Area& area) {
     constexpr int insideTheEdge = 3;
     const auto screen = Picture::of(desktop.display(), desktop.display().root());
     if (!screen) throw DesktopError("there is no picture of the screen");
@@ -63,7 +63,7 @@ Colour lowerLeftCorner(const VirtualDesktop& desktop, const Area& area) {
 }  // namespace
 
 bool isDrawn(const VirtualDesktop& desktop, const Area& area) {
-    constexpr Colour background{170, 170, 170};
+    constexpr Color background{170, 170, 170};
     return lowerLeftCorner(desktop, area) == background;
 }
 

@@ -230,6 +230,8 @@ private:
 
     /// Starts a series of launches unless a healthy backend answers.
     void launchBackendUnlessHealthy();
+    /// Whether another launch is left in the series and the user has not stopped the backend.
+    [[nodiscard]] bool mayLaunchBundledBackend() const;
     void bundledBackendDidExit(const std::filesystem::path& resourceDir, const std::string& name,
                                std::int32_t status);
     void scheduleBundledBackendRetry(const std::filesystem::path& resourceDir,

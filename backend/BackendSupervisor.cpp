@@ -28,10 +28,14 @@ void AppController::launchBackendUnlessHealthy() {
     attemptLaunchBundledBackend(resourceDir(), backendName);
 }
 
+bool AppController::mayLaunchBundledBackend() const {
+    return !bundledBackendUserStopped &&
+           bundledBackendLaunchAttempt < maxBundledBackendLaunchAttempts;
+}
+
 void AppController::attemptLaunchBundledBackend(const std::filesystem::path& resourceDir,
                                                 const std::string& name) {
-    if (bundledBackendUserStopped) return;
-    if (bundledBackendLaunchAttempt >= maxBundledBackendLaunchAttempts) return;
+    if (!mayLaunchBundledBackend()) return;
     // Counted before anything can fail, so that a missing file is also an attempt.
     ++bundledBackendLaunchAttempt;
 
@@ -62,8 +66,7 @@ void AppController::attemptLaunchBundledBackend(const std::filesystem::path& res
     if (!launched) {
         platform_.systemLog.write("Stagehopper: failed to start bundled backend: " +
                                   launched.reason());
-        if (bundledBackendLaunchAttempt < maxBundledBackendLaunchAttempts && !appIsTerminating &&
-            !bundledBackendUserStopped) {
+        if (mayLaunchBundledBackend() && !appIsTerminating) {
             scheduleBundledBackendRetry(resourceDir, name);
         }
         return;

@@ -1,6 +1,6 @@
 #include "ports/macos/Services.h"
 
-#include "ports/macos/AppControllerObject.h"
+#include "ports/macos/appkit/AppControllerObject.h"
 
 namespace stagehopper::macos_port {
 

@@ -1,34 +1,34 @@
 # The sources of the port, without its entry point. Tests also build them, against runtimes other
 # than Apple's.
 set(STAGEHOPPER_MACOS_SOURCES
-  AppControllerObject.cpp
-  BridgeHandlerObject.cpp
-  FailureQueue.cpp
-  MacAccessibility.cpp
-  MacApplication.cpp
-  MacChildProcess.cpp
-  MacChildProcesses.cpp
-  MacClock.cpp
-  MacDispatch.cpp
-  MacHost.cpp
-  MacKeyboardEvents.cpp
-  MacMainMenu.cpp
-  MacPanel.cpp
-  MacScreens.cpp
-  MacSemaphore.cpp
-  MacSystemLog.cpp
-  MacText.cpp
-  MacTimer.cpp
-  MacUIElement.cpp
-  MacUrlSession.cpp
-  MacUserInterface.cpp
-  MacWebSocketTask.cpp
-  MacWebView.cpp
-  MacWindow.cpp
-  MacWorkItem.cpp
-  MacWorkspace.cpp
-  PageGuard.cpp
-  Queue.cpp
   Services.cpp
-  UnreachableWebSocketTask.cpp)
+  accessibility/MacAccessibility.cpp
+  accessibility/MacKeyboardEvents.cpp
+  accessibility/MacUIElement.cpp
+  accessibility/MacWorkspace.cpp
+  appkit/AppControllerObject.cpp
+  appkit/BridgeHandlerObject.cpp
+  appkit/MacApplication.cpp
+  appkit/MacMainMenu.cpp
+  appkit/MacPanel.cpp
+  appkit/MacScreens.cpp
+  appkit/MacUserInterface.cpp
+  appkit/MacWebView.cpp
+  appkit/MacWindow.cpp
+  appkit/PageGuard.cpp
+  dispatch/MacDispatch.cpp
+  dispatch/MacSemaphore.cpp
+  dispatch/MacTimer.cpp
+  dispatch/MacWorkItem.cpp
+  dispatch/Queue.cpp
+  network/FailureQueue.cpp
+  network/MacUrlSession.cpp
+  network/MacWebSocketTask.cpp
+  network/UnreachableWebSocketTask.cpp
+  processes/MacChildProcess.cpp
+  processes/MacChildProcesses.cpp
+  system/MacClock.cpp
+  system/MacHost.cpp
+  system/MacSystemLog.cpp
+  system/MacText.cpp)
 list(TRANSFORM STAGEHOPPER_MACOS_SOURCES PREPEND "${CMAKE_CURRENT_LIST_DIR}/")

@@ -6,7 +6,7 @@
 #include <memory>
 #include <vector>
 
-#include "ports/macos/MacChildProcess.h"
+#include "ports/macos/processes/MacChildProcess.h"
 #include "tests/macos/MacStage.h"
 
 namespace stagehopper {

@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "ports/macos/MacDispatch.h"
+#include "ports/macos/dispatch/MacDispatch.h"
 #include "tests/macos/MacStage.h"
 
 namespace stagehopper {

@@ -8,8 +8,8 @@
 #include <exception>
 #include <filesystem>
 
-#include "companion/backend/ConnectionLimits.h"
-#include "companion/backend/Server.h"
+#include "companion/backend/limits/ConnectionLimits.h"
+#include "companion/backend/server/Server.h"
 
 namespace {
 

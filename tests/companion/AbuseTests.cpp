@@ -11,7 +11,7 @@
 #include <csignal>
 #include <regex>
 
-#include "companion/backend/LocalAddresses.h"
+#include "companion/backend/system/LocalAddresses.h"
 #include "tests/companion/Room.h"
 
 namespace stagehopper::companion {

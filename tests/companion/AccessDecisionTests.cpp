@@ -1,4 +1,4 @@
-#include "companion/backend/AccessDecision.h"
+#include "companion/backend/access/AccessDecision.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "companion/backend/Api.h"
+#include "companion/backend/http/Api.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

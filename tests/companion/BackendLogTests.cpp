@@ -1,4 +1,4 @@
-#include "companion/backend/BackendLog.h"
+#include "companion/backend/log/BackendLog.h"
 
 #include <fcntl.h>
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-#include "companion/backend/ClientMessage.h"
+#include "companion/backend/room/ClientMessage.h"
 
 #include <gtest/gtest.h>
 

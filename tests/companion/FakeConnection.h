@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "companion/backend/Meeting.h"
+#include "companion/backend/room/Meeting.h"
 
 namespace stagehopper::companion {
 

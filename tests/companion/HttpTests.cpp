@@ -5,7 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <regex>
 
-#include "companion/backend/LocalAddresses.h"
+#include "companion/backend/system/LocalAddresses.h"
 #include "tests/companion/BackendProcess.h"
 #include "tests/companion/RawClient.h"
 

@@ -1,8 +1,8 @@
-#include "companion/backend/JoinRequest.h"
+#include "companion/backend/room/JoinRequest.h"
 
 #include <gtest/gtest.h>
 
-#include "companion/backend/Names.h"
+#include "companion/backend/room/Names.h"
 
 namespace stagehopper::companion {
 namespace {

@@ -2,11 +2,11 @@
 
 #include <vector>
 
-#include "companion/backend/ConnectionLimits.h"
-#include "companion/backend/FailedLogins.h"
-#include "companion/backend/LineBudget.h"
-#include "companion/backend/OutgoingQueue.h"
-#include "companion/backend/RateLimit.h"
+#include "companion/backend/limits/ConnectionLimits.h"
+#include "companion/backend/limits/FailedLogins.h"
+#include "companion/backend/limits/LineBudget.h"
+#include "companion/backend/limits/RateLimit.h"
+#include "companion/backend/room/OutgoingQueue.h"
 
 namespace stagehopper::companion {
 namespace {

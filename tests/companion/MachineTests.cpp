@@ -7,11 +7,11 @@
 
 #include <set>
 
-#include "companion/backend/LocalAddresses.h"
-#include "companion/backend/LoopbackUser.h"
-#include "companion/backend/Names.h"
-#include "companion/backend/ParentProcess.h"
-#include "companion/backend/RandomText.h"
+#include "companion/backend/room/Names.h"
+#include "companion/backend/room/RandomText.h"
+#include "companion/backend/system/LocalAddresses.h"
+#include "companion/backend/system/LoopbackUser.h"
+#include "companion/backend/system/ParentProcess.h"
 
 namespace stagehopper::companion {
 namespace {

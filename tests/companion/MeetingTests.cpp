@@ -1,4 +1,4 @@
-#include "companion/backend/Meeting.h"
+#include "companion/backend/room/Meeting.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

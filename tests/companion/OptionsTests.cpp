@@ -1,4 +1,4 @@
-#include "companion/backend/Options.h"
+#include "companion/backend/system/Options.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "companion/backend/RoomEntry.h"
+#include "companion/backend/access/RoomEntry.h"
 
 #include <gtest/gtest.h>
 

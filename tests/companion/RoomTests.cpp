@@ -1,7 +1,7 @@
 // The messages between the clients of a room, over real sockets.
 #include <gmock/gmock.h>
 
-#include "companion/backend/LocalAddresses.h"
+#include "companion/backend/system/LocalAddresses.h"
 #include "tests/companion/Room.h"
 
 namespace stagehopper::companion {

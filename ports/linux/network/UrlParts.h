@@ -24,6 +24,6 @@ struct UrlParts {
 };
 
 /// Absent for an invalid URL and for schemes other than http, https, ws and wss. Any thread.
-std::optional<UrlParts> splitUrl(std::string_view url);
+std::optional<UrlParts> splitUrl(std::string_view text);
 
 }  // namespace stagehopper::linux_port

@@ -27,8 +27,10 @@ set(STAGEHOPPER_MACOS_SOURCES
   network/UnreachableWebSocketTask.cpp
   processes/MacChildProcess.cpp
   processes/MacChildProcesses.cpp
+  system/JsonSyntax.cpp
   system/MacClock.cpp
   system/MacHost.cpp
+  system/MacJson.cpp
   system/MacSystemLog.cpp
   system/MacText.cpp)
 list(TRANSFORM STAGEHOPPER_MACOS_SOURCES PREPEND "${CMAKE_CURRENT_LIST_DIR}/")

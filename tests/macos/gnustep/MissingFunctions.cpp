@@ -1,6 +1,7 @@
 // C functions of macOS that the linker asks for and GNUstep has not: nobody has trusted this
 // program, no other program has elements, and no key can be pressed.
 
+#include "ports/macos/cocoa/foundation/NSNumber.h"
 #include "ports/macos/cocoa/graphics/AXUIElement.h"
 #include "ports/macos/cocoa/graphics/CGEvent.h"
 #include "ports/macos/cocoa/graphics/CGWindowLevel.h"
@@ -8,6 +9,12 @@
 namespace stagehopper::cocoa {
 
 namespace {
+
+class NSBoolNumber : public Handle<NSBoolNumber, NSNumber> {
+public:
+    static constexpr FixedString className{"NSBoolNumber"};
+    using Handle::Handle;
+};
 
 constexpr auto apiDisabled = static_cast<AXError>(-25211);
 
@@ -54,15 +61,15 @@ void CGEventSetFlags(CGEventRef /*event*/, CGEventFlags /*flags*/) {}
 void CGEventPost(CGEventTapLocation /*tap*/, CGEventRef /*event*/) {}
 void CGEventPostToPid(int /*process*/, CGEventRef /*event*/) {}
 
-// Only what the functions above would have handed out is ever asked for its type.
-CFTypeID CFGetTypeID(CFTypeRef /*object*/) {
-    return 0;
+// Only JSON has objects that are asked for their type. GNUstep has a class of its own for Booleans.
+CFTypeID CFGetTypeID(CFTypeRef object) {
+    return NSObject(foundationObject(object)).as<NSBoolNumber>() ? CFBooleanGetTypeID() : 0;
 }
 CFTypeID CFArrayGetTypeID(void) {
     return 0;
 }
 CFTypeID CFBooleanGetTypeID(void) {
-    return 0;
+    return 1;
 }
 CFTypeID CFNumberGetTypeID(void) {
     return 0;

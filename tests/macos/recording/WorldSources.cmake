@@ -17,6 +17,7 @@ set(STAGEHOPPER_RECORDING_WORLD
   foundation/FoundationDates.cpp
   foundation/FoundationNumbers.cpp
   foundation/FoundationStrings.cpp
+  foundation/JsonMessages.cpp
   foundation/Notifications.cpp
   foundation/ProcessInformation.cpp
   foundation/SharedInstances.cpp

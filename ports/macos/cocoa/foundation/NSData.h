@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "ports/macos/cocoa/objc/Owned.h"
 
@@ -11,6 +12,12 @@ class NSData : public Handle<NSData, NSObject> {
 public:
     static constexpr FixedString className{"NSData"};
     using Handle::Handle;
+
+    /// Has a copy of the bytes.
+    static NSData dataWithBytes(std::string_view bytes) {
+        return sendToClass<"dataWithBytes:length:", NSData(const void*, NSUInteger)>(bytes.data(),
+                                                                                     bytes.size());
+    }
 
     [[nodiscard]] const void* bytes() const { return send<"bytes", const void*()>(); }
     [[nodiscard]] NSUInteger length() const { return send<"length", NSUInteger()>(); }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ports/macos/cocoa/objc/Owned.h"
+#include "ports/macos/cocoa/foundation/NSString.h"
 
 namespace stagehopper::cocoa {
 
@@ -13,6 +13,10 @@ public:
     static NSNumber numberWithBool(bool value) {
         return sendToClass<"numberWithBool:", NSNumber(BOOL)>(toBOOL(value));
     }
+
+    [[nodiscard]] double doubleValue() const { return send<"doubleValue", double()>(); }
+    /// In every language with a period; an integer has all its digits.
+    [[nodiscard]] NSString stringValue() const { return send<"stringValue", NSString()>(); }
 };
 
 }  // namespace stagehopper::cocoa

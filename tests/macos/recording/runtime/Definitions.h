@@ -8,6 +8,7 @@ void defineStrings();
 void defineCollections();
 void defineNumbers();
 void defineDataAndErrors();
+void defineJson();
 void defineDates();
 void defineUrls();
 void defineProcessInformation();

@@ -34,7 +34,8 @@ void defineEverything() {
                                          defineWebSockets,    defineApplication,
                                          defineWindows,       defineMenus,
                                          defineScreens,       defineWorkspace,
-                                         defineWebViews,      defineContentControllers}) {
+                                         defineWebViews,      defineContentControllers,
+                                         defineJson}) {
         defineOneSubject();
     }
 }

@@ -13,6 +13,7 @@ class Clock;
 class Dispatch;
 class FileSystem;
 class Host;
+class Json;
 class KeyboardEvents;
 class Screens;
 class SystemLog;
@@ -31,6 +32,7 @@ struct Platform {
     Dispatch& dispatch;
     FileSystem& fileSystem;
     Host& host;
+    Json& json;
     KeyboardEvents& keyboardEvents;
     Screens& screens;
     SystemLog& systemLog;

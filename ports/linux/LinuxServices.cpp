@@ -48,6 +48,7 @@ platform::Platform LinuxServices::platform(platform::KeyboardEvents& keyboardEve
         .dispatch = dispatch_,
         .fileSystem = fileSystem_,
         .host = host_,
+        .json = json_,
         .keyboardEvents = keyboardEvents,
         .screens = onDesktop_->screens,
         .systemLog = log_,

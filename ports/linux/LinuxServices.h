@@ -5,6 +5,7 @@
 
 #include "platform/Platform.h"
 #include "platform/SystemLog.h"
+#include "ports/json/NlohmannJson.h"
 #include "ports/linux/atspi/AtSpiAccessibility.h"
 #include "ports/linux/glib/GlibDispatch.h"
 #include "ports/linux/glib/GlibText.h"
@@ -66,6 +67,7 @@ private:
     posix::PosixFileSystem fileSystem_;
     GlibText text_;
     LinuxHost host_;
+    json_port::NlohmannJson json_;
     GlibDispatch dispatch_;
     LinuxChildProcesses childProcesses_;
     std::optional<LinuxApplication> application_;

@@ -21,6 +21,7 @@ platform::Platform Services::platform(platform::FileSystem& fileSystem) {
         .dispatch = dispatch_,
         .fileSystem = fileSystem,
         .host = host_,
+        .json = json_,
         .keyboardEvents = keyboardEvents_,
         .screens = screens_,
         .systemLog = systemLog_,

@@ -14,6 +14,7 @@
 #include "ports/macos/processes/MacChildProcesses.h"
 #include "ports/macos/system/MacClock.h"
 #include "ports/macos/system/MacHost.h"
+#include "ports/macos/system/MacJson.h"
 #include "ports/macos/system/MacSystemLog.h"
 #include "ports/macos/system/MacText.h"
 #include "ports/posix/PosixFileSystem.h"
@@ -43,6 +44,7 @@ private:
     MacSystemLog systemLog_;
     MacText text_;
     MacHost host_;
+    MacJson json_;
     MacDispatch dispatch_;
     MacChildProcesses childProcesses_;
     MacUrlSession urlSession_;

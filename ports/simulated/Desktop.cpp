@@ -35,6 +35,7 @@ platform::Platform Desktop::platform() {
             .dispatch = dispatch,
             .fileSystem = files,
             .host = host,
+            .json = json,
             .keyboardEvents = keyboard,
             .screens = screens,
             .systemLog = systemLog,

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/Platform.h"
+#include "ports/json/NlohmannJson.h"
 #include "ports/simulated/Journal.h"
 #include "ports/simulated/Program.h"
 #include "ports/simulated/SimulatedAccessibility.h"
@@ -76,6 +77,7 @@ public:
     SimulatedKeyboard keyboard;
     SimulatedFileSystem files;
     SimulatedHost host;
+    json_port::NlohmannJson json;
     SimulatedSystemLog systemLog;
     SimulatedText text;
     std::vector<platform::SlideApplication> slideApplications;

@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <stdexcept>
 
+#include "ports/json/NlohmannJson.h"
 #include "ports/linux/atspi/AtSpiAccessibility.h"
 #include "ports/linux/glib/GlibDispatch.h"
 #include "ports/linux/glib/GlibText.h"
@@ -64,6 +65,7 @@ public:
                 .dispatch = dispatch_,
                 .fileSystem = fileSystem_,
                 .host = host_,
+                .json = json_,
                 .keyboardEvents = keyboard_,
                 .screens = screens_,
                 .systemLog = systemLog_,
@@ -126,6 +128,7 @@ private:
     LinuxSystemLog systemLog_;
     GlibText text_;
     LinuxHost host_{1, &program_invocation_name};
+    json_port::NlohmannJson json_;
     GlibDispatch dispatch_;
     LinuxChildProcesses childProcesses_;
     BeastUrlSession urlSession_;

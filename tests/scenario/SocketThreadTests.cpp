@@ -115,6 +115,7 @@ TEST(SocketThread, ConnectionsMayOpenAndCloseWhileMessagesArrive) {
         .dispatch = platform.dispatch,
         .fileSystem = platform.fileSystem,
         .host = platform.host,
+        .json = platform.json,
         .keyboardEvents = platform.keyboardEvents,
         .screens = platform.screens,
         .systemLog = platform.systemLog,

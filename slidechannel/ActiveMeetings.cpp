@@ -1,53 +1,54 @@
 #include "slidechannel/ActiveMeetings.h"
 
-#include <utility>
+#include <cstdint>
 
-#include "slidechannel/ReceivedJson.h"
+#include "slidechannel/JsonReading.h"
 
 namespace stagehopper {
 
 namespace {
 
-using nlohmann::json;
+using platform::JsonValue;
 
-/// The field with this name; null if it is missing or `object` is not an object.
-const json* field(const json& object, const char* name) {
-    const auto found = object.find(name);
-    return found == object.end() ? nullptr : &*found;
+bool read(const JsonValue* value, std::string& text) {
+    const auto* found = as<std::string>(value);
+    if (found != nullptr) text = *found;
+    return found != nullptr;
 }
 
-bool read(const json* value, std::string& text) {
-    if (value == nullptr || !value->is_string()) return false;
-    text = value->get<std::string>();
-    return true;
+template <class Number>
+bool readAs(const JsonValue* value, double& number) {
+    const auto* found = as<Number>(value);
+    if (found != nullptr) number = static_cast<double>(*found);
+    return found != nullptr;
 }
 
-bool read(const json* value, double& number) {
-    if (value == nullptr || !value->is_number()) return false;
-    number = value->get<double>();
-    return true;
-}
-
-template <class Record>
-bool read(const json* value, std::vector<Record>& records);
-
-bool read(const json* value, ActiveMeetingParticipant& participant) {
-    return read(field(*value, "userId"), participant.userId) &&
-           read(field(*value, "displayName"), participant.displayName) &&
-           read(field(*value, "role"), participant.role);
-}
-
-bool read(const json* value, ActiveMeetingSummary& meeting) {
-    return read(field(*value, "roomCode"), meeting.roomCode) &&
-           read(field(*value, "roomName"), meeting.roomName) &&
-           read(field(*value, "createdAt"), meeting.createdAt) &&
-           read(field(*value, "participants"), meeting.participants);
+bool read(const JsonValue* value, double& number) {
+    return readAs<double>(value, number) || readAs<std::int64_t>(value, number) ||
+           readAs<std::uint64_t>(value, number);
 }
 
 template <class Record>
-bool read(const json* value, std::vector<Record>& records) {
-    if (value == nullptr || !value->is_array()) return false;
-    for (const auto& entry : *value) {
+bool read(const JsonValue* value, std::vector<Record>& records);
+
+bool read(const JsonValue* value, ActiveMeetingParticipant& participant) {
+    return read(member(*value, "userId"), participant.userId) &&
+           read(member(*value, "displayName"), participant.displayName) &&
+           read(member(*value, "role"), participant.role);
+}
+
+bool read(const JsonValue* value, ActiveMeetingSummary& meeting) {
+    return read(member(*value, "roomCode"), meeting.roomCode) &&
+           read(member(*value, "roomName"), meeting.roomName) &&
+           read(member(*value, "createdAt"), meeting.createdAt) &&
+           read(member(*value, "participants"), meeting.participants);
+}
+
+template <class Record>
+bool read(const JsonValue* value, std::vector<Record>& records) {
+    const auto* entries = as<JsonValue::Array>(value);
+    if (entries == nullptr) return false;
+    for (const auto& entry : *entries) {
         if (!read(&entry, records.emplace_back())) return false;
     }
     return true;
@@ -55,11 +56,10 @@ bool read(const json* value, std::vector<Record>& records) {
 
 }  // namespace
 
-std::optional<ActiveMeetingsResponse> decodeActiveMeetings(std::string_view json) {
-    const auto document = parseReceivedJson(json);
-    ActiveMeetingsResponse response;
-    if (!document || !read(field(*document, "meetings"), response.meetings)) return std::nullopt;
-    return response;
+std::optional<ActiveMeetingsResponse> decodeActiveMeetings(const JsonValue& response) {
+    ActiveMeetingsResponse decoded;
+    if (!read(member(response, "meetings"), decoded.meetings)) return std::nullopt;
+    return decoded;
 }
 
 }  // namespace stagehopper

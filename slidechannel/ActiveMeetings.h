@@ -2,8 +2,9 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
+
+#include "platform/Json.h"
 
 namespace stagehopper {
 
@@ -35,6 +36,6 @@ struct ActiveMeetingsResponse {
 
 /// Reads the backend's answer. Every field is required, with its exact name and type; other fields
 /// are ignored. Absent if a single meeting is invalid.
-std::optional<ActiveMeetingsResponse> decodeActiveMeetings(std::string_view json);
+std::optional<ActiveMeetingsResponse> decodeActiveMeetings(const platform::JsonValue& response);
 
 }  // namespace stagehopper

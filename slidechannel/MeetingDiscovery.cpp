@@ -2,6 +2,7 @@
 
 #include "app/AppController.h"
 #include "platform/Dispatch.h"
+#include "platform/Json.h"
 #include "platform/UrlSession.h"
 #include "slidechannel/ActiveMeetings.h"
 #include "slidechannel/MeetingRanking.h"
@@ -12,11 +13,13 @@ namespace {
 
 constexpr platform::Duration discoveryInterval{4.0};
 
-std::optional<ActiveMeetingsResponse> activeMeetings(const platform::DataResult& result) {
+std::optional<ActiveMeetingsResponse> activeMeetings(platform::Json& json,
+                                                     const platform::DataResult& result) {
     const auto& response = result.response;
     if (result.error || !response || response->statusCode != platform::statusOk)
         return std::nullopt;
-    return decodeActiveMeetings(response->body);
+    const auto document = json.decoded(response->body);
+    return document ? decodeActiveMeetings(*document) : std::nullopt;
 }
 
 }  // namespace
@@ -42,7 +45,7 @@ void AppController::discoverActiveMeetingAndConnectIfNeeded() {
         [weak = weak_from_this(), baseUrl = *baseUrl](const platform::DataResult& result) {
             const auto self = weak.lock();
             if (!self) return;
-            if (auto response = activeMeetings(result)) {
+            if (auto response = activeMeetings(self->platform_.json, result)) {
                 auto chosen = meetingToFollow(std::move(response->meetings));
                 self->platform_.dispatch.asyncMain([weak, baseUrl, chosen = std::move(chosen)] {
                     const auto app = weak.lock();

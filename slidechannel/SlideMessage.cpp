@@ -1,48 +1,99 @@
 #include "slidechannel/SlideMessage.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <locale>
+#include <sstream>
+#include <vector>
 
-#include "slidechannel/ReceivedJson.h"
+#include "slidechannel/JsonReading.h"
 
 namespace stagehopper {
 
 namespace {
 
-using nlohmann::json;
+using platform::JsonValue;
 
-std::string textOf(const json& object, const char* name) {
-    const auto found = object.find(name);
-    return found != object.end() && found->is_string() ? found->get<std::string>() : std::string{};
+std::string textOf(const JsonValue& object, const char* name) {
+    const auto* text = as<std::string>(member(object, name));
+    return text == nullptr ? std::string() : *text;
+}
+
+/// The shortest decimal number that reads back as `number`.
+std::string shortest(double number) {
+    std::string text;
+    for (const int digits : {15, 16, 17}) {
+        std::stringstream stream;
+        stream.imbue(std::locale::classic());
+        stream.precision(digits);
+        stream << number;
+        text = stream.str();
+        double back = 0;
+        if (stream >> back && back == number) break;
+    }
+    return text;
+}
+
+std::string joined(const std::vector<std::string>& parts) {
+    std::string text;
+    for (const auto& part : parts) text += (text.empty() ? "" : ",") + part;
+    return text;
+}
+
+std::string quoted(std::string_view text) {
+    std::string literal = "\"";
+    for (const char c : text) {
+        if (c == '"' || c == '\\') literal += '\\';
+        literal += c;
+    }
+    return literal + '"';
 }
 
 /// A value as text: strings unchanged, numbers in plain decimal. 17 and 17.0 are the same tag,
 /// because senders write whole numbers in both ways.
-std::string described(const json& value) {
-    constexpr double exactlyCounted = 9007199254740992.0;  // 2^53
-    if (value.is_string()) return value.get<std::string>();
-    if (value.is_null()) return "<null>";
-    if (value.is_boolean()) return value.get<bool>() ? "1" : "0";
-    if (value.is_number_float()) {
-        const auto number = value.get<double>();
-        if (std::trunc(number) == number && std::abs(number) <= exactlyCounted) {
-            return std::to_string(static_cast<std::int64_t>(number));
-        }
+struct Description {
+    std::string operator()(std::nullptr_t) const { return "<null>"; }
+    std::string operator()(bool value) const { return value ? "1" : "0"; }
+    std::string operator()(std::int64_t number) const { return std::to_string(number); }
+    std::string operator()(std::uint64_t number) const { return std::to_string(number); }
+    std::string operator()(double number) const {
+        constexpr double exactlyCounted = 9007199254740992.0;  // 2^53
+        const bool isWhole = std::trunc(number) == number && std::abs(number) <= exactlyCounted;
+        return isWhole ? std::to_string(static_cast<std::int64_t>(number)) : shortest(number);
     }
-    return value.dump();
-}
+    std::string operator()(const std::string& text) const { return text; }
+    std::string operator()(const JsonValue::Array& elements) const {
+        std::vector<std::string> parts;
+        for (const auto& element : elements) parts.push_back(nested(element));
+        return '[' + joined(parts) + ']';
+    }
+    std::string operator()(const JsonValue::Object& members) const {
+        std::vector<std::string> parts;
+        for (const auto& [name, value] : members) {
+            parts.push_back(quoted(name) + ':' + nested(value));
+        }
+        // Their order depends on the decoder.
+        std::ranges::sort(parts);
+        return '{' + joined(parts) + '}';
+    }
+
+private:
+    [[nodiscard]] std::string nested(const JsonValue& value) const {
+        if (const auto* text = as<std::string>(&value)) return quoted(*text);
+        return std::visit(*this, value.value);
+    }
+};
 
 }  // namespace
 
-SlideMessage parseSlideMessage(std::string_view text) {
-    const auto message = parseReceivedJson(text);
-    if (!message || !message->is_object()) return OtherMessage{};
-    const auto type = textOf(*message, "type");
+SlideMessage parseSlideMessage(const JsonValue& message) {
+    const auto type = textOf(message, "type");
     if (type == "welcome") return WelcomeMessage{};
     if (type != "slide_nav") return OtherMessage{};
-    const auto seq = message->find("seq");
-    return SlideNavMessage{textOf(*message, "direction"),
-                           seq == message->end() ? std::string{} : described(*seq)};
+    const auto* seq = member(message, "seq");
+    return SlideNavMessage{textOf(message, "direction"),
+                           seq == nullptr ? std::string() : std::visit(Description(), seq->value)};
 }
 
 }  // namespace stagehopper

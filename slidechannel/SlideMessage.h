@@ -1,8 +1,9 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 #include <variant>
+
+#include "platform/Json.h"
 
 namespace stagehopper {
 
@@ -21,14 +22,14 @@ struct SlideNavMessage {
     friend bool operator==(const SlideNavMessage&, const SlideNavMessage&) = default;
 };
 
-/// Malformed or of an unknown type.
+/// Of an unknown type.
 struct OtherMessage {
     friend bool operator==(const OtherMessage&, const OtherMessage&) = default;
 };
 
 using SlideMessage = std::variant<OtherMessage, WelcomeMessage, SlideNavMessage>;
 
-/// Reads one text of the slide socket: a JSON object with a "type".
-SlideMessage parseSlideMessage(std::string_view text);
+/// Reads one message of the slide socket: an object with a "type".
+SlideMessage parseSlideMessage(const platform::JsonValue& message);
 
 }  // namespace stagehopper

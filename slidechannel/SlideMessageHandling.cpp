@@ -2,6 +2,7 @@
 
 #include "app/AppController.h"
 #include "app/LogLine.h"
+#include "platform/Json.h"
 #include "platform/Text.h"
 #include "slidechannel/SlideMessage.h"
 #include "text/Utf8.h"
@@ -16,7 +17,9 @@ constexpr std::string_view source = "native_ws";
 }  // namespace
 
 void AppController::handleNativeSlideSocketText(std::string_view text) {
-    const auto message = parseSlideMessage(text);
+    const auto document = platform_.json.decoded(text);
+    if (!document) return;
+    const auto message = parseSlideMessage(*document);
     if (std::holds_alternative<WelcomeMessage>(message)) {
         slideNavLog("native_ws_ready",
                     logDetail({{"room", dashIfAbsent(nativeSlideSocketRoomCode)}}));

@@ -15,7 +15,6 @@ namespace stagehopper::macos_port {
 
 namespace {
 
-using platform::JsonMember;
 using platform::JsonValue;
 
 template <class Integer>
@@ -48,7 +47,7 @@ private:
                                cocoa::CFBooleanGetTypeID();
         const auto value = number.doubleValue();
         if (isBoolean) return {value != 0};
-        // Integers beyond 64 bits are decimal numbers: only the text of all these classes is exact.
+        // A large integer may be an NSDecimalNumber. The text is exact in every class of numbers.
         const auto digits = cocoa::text(number.stringValue());
         if (const auto exact = integer<std::int64_t>(digits)) return {*exact};
         if (const auto exact = integer<std::uint64_t>(digits)) return {*exact};

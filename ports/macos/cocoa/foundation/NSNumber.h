@@ -15,7 +15,7 @@ public:
     }
 
     [[nodiscard]] double doubleValue() const { return send<"doubleValue", double()>(); }
-    /// In every language with a period; an integer has all its digits.
+    /// The same in every language. An integer has all its digits.
     [[nodiscard]] NSString stringValue() const { return send<"stringValue", NSString()>(); }
 };
 

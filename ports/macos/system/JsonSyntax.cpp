@@ -3,19 +3,12 @@
 #include <cstddef>
 
 #include "platform/Json.h"
-#include "ports/macos/WellFormedText.h"
+#include "text/Ascii.h"
+#include "text/Utf8.h"
 
 namespace stagehopper::macos_port {
 
 namespace {
-
-constexpr bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
-constexpr bool isHexDigit(char c) {
-    return isDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
-}
 
 /// Consumes a text from its start. Each function consumes one element of the grammar, or returns
 /// false at the first error.
@@ -124,8 +117,8 @@ private:
     }
     /// At least one.
     bool digits() {
-        if (!isDigit(next())) return false;
-        while (isDigit(next())) rest_.remove_prefix(1);
+        if (!isAsciiDigit(next())) return false;
+        while (isAsciiDigit(next())) rest_.remove_prefix(1);
         return true;
     }
 
@@ -149,7 +142,7 @@ private:
 }  // namespace
 
 bool isStrictJson(std::string_view text) {
-    return wellFormed(text) == text && Syntax(text).document();
+    return isValidUtf8(text) && Syntax(text).document();
 }
 
 }  // namespace stagehopper::macos_port

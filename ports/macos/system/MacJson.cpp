@@ -4,12 +4,12 @@
 #include <cmath>
 #include <utility>
 
-#include "ports/macos/system/JsonSyntax.h"
 #include "ports/macos/cocoa/foundation/CoreFoundation.h"
 #include "ports/macos/cocoa/foundation/NSDictionary.h"
 #include "ports/macos/cocoa/foundation/NSJSONSerialization.h"
 #include "ports/macos/cocoa/foundation/NSNumber.h"
 #include "ports/macos/cocoa/objc/AutoreleasePool.h"
+#include "ports/macos/system/JsonSyntax.h"
 
 namespace stagehopper::macos_port {
 

@@ -9,7 +9,7 @@
 
 #include "ports/linux/network/BeastUrlSession.h"
 #include "tests/contract/ServerHarness.h"
-#include "tests/linux/network/LoopbackServer.h"
+#include "tests/drivers/servers/LoopbackServer.h"
 
 namespace stagehopper {
 namespace {

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "ports/linux/network/BeastUrlSession.h"
-#include "tests/linux/network/LoopbackServer.h"
+#include "tests/drivers/servers/LoopbackServer.h"
 #include "tests/linux/network/Outcomes.h"
 
 namespace stagehopper {

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "tests/contract/Collected.h"
-#include "tests/linux/network/LoopbackServer.h"
+#include "tests/drivers/servers/LoopbackServer.h"
 
 namespace stagehopper {
 

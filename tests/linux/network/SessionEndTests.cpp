@@ -12,7 +12,7 @@
 #include <thread>
 
 #include "ports/linux/network/BeastUrlSession.h"
-#include "tests/linux/network/LoopbackServer.h"
+#include "tests/drivers/servers/LoopbackServer.h"
 #include "tests/linux/network/Outcomes.h"
 #include "tests/linux/network/QuietServers.h"
 

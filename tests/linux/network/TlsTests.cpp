@@ -4,8 +4,8 @@
 #include <unistd.h>
 
 #include "ports/linux/network/BeastUrlSession.h"
+#include "tests/drivers/servers/LoopbackServer.h"
 #include "tests/linux/Variable.h"
-#include "tests/linux/network/LoopbackServer.h"
 #include "tests/linux/network/Outcomes.h"
 #include "tests/linux/network/QuietServers.h"
 #include "tests/linux/network/TestCertificates.h"

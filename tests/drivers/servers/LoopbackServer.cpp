@@ -1,4 +1,4 @@
-#include "tests/linux/network/LoopbackServer.h"
+#include "tests/drivers/servers/LoopbackServer.h"
 
 #include <glib.h>
 #include <netinet/in.h>

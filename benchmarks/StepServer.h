@@ -1,26 +1,31 @@
 #pragma once
 
+#include <condition_variable>
 #include <memory>
+#include <mutex>
 #include <string>
+
+#include "tests/drivers/servers/LoopbackServer.h"
 
 namespace stagehopper::benchmarks {
 
-/// A backend with nothing but the slide socket: takes one client at a time and sends it steps, each
-/// with its own sequence tag. One thread beside its own.
+/// A backend with nothing but the slide socket: sends steps to its client, each with its own
+/// sequence tag.
 class StepServer {
 public:
-    StepServer();
-    ~StepServer();
-    StepServer(const StepServer&) = delete;
-    StepServer& operator=(const StepServer&) = delete;
-
-    [[nodiscard]] std::string port() const;
-    /// Sends the next step to the client, which may still be on its way.
+    [[nodiscard]] std::string port() const { return std::to_string(server_.port()); }
+    /// Sends the next step, after the client has connected.
     void sendStep();
 
 private:
-    class Connection;
-    std::unique_ptr<Connection> connection_;
+    void serve(Peer& peer);
+
+    std::mutex mutex_;
+    std::condition_variable connected_;
+    Peer* client_ = nullptr;
+    int seq_ = 0;
+    /// Last: its threads use all of the above.
+    LoopbackServer server_{[this](Peer& peer) { serve(peer); }};
 };
 
 /// The bare floor: a client that does nothing but wait for a frame. One thread.
@@ -31,7 +36,7 @@ public:
     BareClient(const BareClient&) = delete;
     BareClient& operator=(const BareClient&) = delete;
 
-    /// Blocks until a frame has come.
+    /// Blocks until a frame has arrived.
     void readFrame();
 
 private:

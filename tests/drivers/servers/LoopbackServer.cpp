@@ -1,8 +1,9 @@
 #include "tests/drivers/servers/LoopbackServer.h"
 
-#include <glib.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
+#include <openssl/evp.h>
+#include <openssl/sha.h>
 #include <pthread.h>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -12,8 +13,6 @@
 #include <cstdint>
 #include <stdexcept>
 #include <utility>
-
-#include "ports/linux/glib/GlibPointers.h"
 
 namespace stagehopper {
 namespace {
@@ -39,27 +38,27 @@ sockaddr* general(sockaddr_in& address) {
     return reinterpret_cast<sockaddr*>(&address);
 }
 
-/// Takes a free port of the loopback interface.
-int bindToLoopback(int socket) {
-    auto address = loopbackAddress(0);
+/// Takes that port of the loopback interface, or a free one if it is 0.
+int bindToLoopback(int socket, int port = 0) {
+    const int yes = 1;
+    if (port != 0) ::setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
+    auto address = loopbackAddress(port);
     socklen_t size = sizeof address;
     if (::bind(socket, general(address), size) != 0 ||
         ::getsockname(socket, general(address), &size) != 0) {
-        throw std::runtime_error("no free port");
+        throw std::runtime_error(port == 0 ? "no free port"
+                                           : "port " + std::to_string(port) + " is taken");
     }
     return ntohs(address.sin_port);
 }
 
 std::string acceptKey(const std::string& key) {
     const std::string text = key + "258EAFA5-E914-47DA-95CA-C5AB0DC85B11";
-    std::array<guint8, 20> digest{};
-    gsize size = digest.size();
-    GChecksum* checksum = g_checksum_new(G_CHECKSUM_SHA1);
-    g_checksum_update(checksum, reinterpret_cast<const guchar*>(text.data()),
-                      static_cast<gssize>(text.size()));
-    g_checksum_get_digest(checksum, digest.data(), &size);
-    g_checksum_free(checksum);
-    return linux_port::TextPointer(g_base64_encode(digest.data(), size)).get();
+    std::array<unsigned char, SHA_DIGEST_LENGTH> digest{};
+    SHA1(reinterpret_cast<const unsigned char*>(text.data()), text.size(), digest.data());
+    std::array<unsigned char, 2 * SHA_DIGEST_LENGTH> encoded{};
+    const auto size = EVP_EncodeBlock(encoded.data(), digest.data(), SHA_DIGEST_LENGTH);
+    return {encoded.begin(), encoded.begin() + size};
 }
 
 std::string headerOf(const std::string& request, const std::string& name) {
@@ -226,8 +225,10 @@ void Peer::close() {
     socket_.close();
 }
 
-LoopbackServer::LoopbackServer(Script script) : script_(std::move(script)), listener_(newSocket()) {
-    port_ = bindToLoopback(listener_.number());
+LoopbackServer::LoopbackServer(Script script, int port)
+    : script_(std::move(script)),
+      listener_(newSocket()),
+      port_(bindToLoopback(listener_.number(), port)) {
     if (::listen(listener_.number(), SOMAXCONN) != 0) throw std::runtime_error("cannot listen");
     acceptor_ = std::thread([this] { acceptAll(); });
 }

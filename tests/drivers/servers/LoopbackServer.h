@@ -98,7 +98,8 @@ std::string targetOf(const std::string& request);
 class LoopbackServer {
 public:
     using Script = std::function<void(Peer&)>;
-    explicit LoopbackServer(Script script);
+    /// On a free port unless `port` is given; throws std::runtime_error if it is taken.
+    explicit LoopbackServer(Script script, int port = 0);
     /// Interrupts the scripts and waits for their end.
     ~LoopbackServer();
     LoopbackServer(const LoopbackServer&) = delete;

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "tests/desktop/KeptDebugLog.h"
 #include "tests/desktop/RemotePanel.h"
 
@@ -34,20 +32,6 @@ TEST_F(Bridge, ABodyOfTenMegabytesArrivesWhole) {
     const auto lines = diagnosticsOf("post('DBG:' + 'x'.repeat(10 * 1024 * 1024))");
     ASSERT_EQ(lines.size(), 1U);
     EXPECT_EQ(lines.front(), "panel_debug " + std::string(10 * 1024 * 1024, 'x'));
-}
-
-TEST_F(Bridge, ANulByteInABodyArrivesUnchanged) {
-    EXPECT_EQ(diagnosticsOf("post('DBG:before\\u0000behind')"),
-              std::vector{"panel_debug before\0behind"s});
-}
-
-TEST_F(Bridge, CharactersOfAllPlanesArriveUnchanged) {
-    EXPECT_EQ(diagnosticsOf("post('DBG:é 幻灯片 🎞')"),
-              std::vector{"panel_debug é 幻灯片 🎞"s});
-}
-
-TEST_F(Bridge, ANulByteBehindACommandMakesItAnotherText) {
-    EXPECT_TRUE(diagnosticsOf("post('CMD:enableSlideControl\\u0000')").empty());
 }
 
 TEST_F(Bridge, AHalfOfASurrogatePairIsReplacedAndNothingAroundItIsLost) {
@@ -92,41 +76,6 @@ TEST_F(Bridge, BodiesOtherThanStringsAreIgnored) {
         diagnosticsOf("for (const body of [5, 1.5, true, null, undefined, {a: 1}, ['DBG:x'],"
                       " new Date()]) post(body)")
             .empty());
-}
-
-TEST_F(Bridge, UnknownCommandsAreIgnored) {
-    EXPECT_TRUE(
-        diagnosticsOf("for (const body of ['', 'CMD:', 'CMD:quit', 'cmd:showOverlay', 'PPT',"
-                      " 'CMD:enableSlideControl ', ' DBG:x', 'WSCONN:|']) post(body)")
-            .empty());
-}
-
-TEST_F(Bridge, AStepWithAnUnknownDirectionIsRefusedAndAlsoLogged) {
-    const auto mark = panel_->mark();
-    panel_.run("electronAPI.sendPptSlide('previous')");
-    ASSERT_TRUE(panel_->logs("blocked_invalid_direction", mark));
-    EXPECT_EQ(panel_->diagnosticsSince(mark),
-              (std::vector{"native_bridge_received direction=previous seq=- source="s,
-                           "blocked_invalid_direction raw=previous"s}));
-}
-
-TEST_F(Bridge, ARepeatedSequenceTagCountsOnce) {
-    const auto lines = diagnosticsOf(
-        "electronAPI.sendPptSlide('x', 7, 'page'); electronAPI.sendPptSlide('x', 7, 'page')");
-    EXPECT_EQ(
-        std::count(lines.begin(), lines.end(), "duplicate_dropped direction=x seq=7 source=page"),
-        1);
-    EXPECT_EQ(std::count(lines.begin(), lines.end(), "blocked_invalid_direction raw=x"), 1);
-}
-
-TEST_F(Bridge, TenThousandMessagesAtOnceAllArriveInOrder) {
-    constexpr int count = 10'000;
-    const auto lines = diagnosticsOf("for (let i = 0; i < " + std::to_string(count) +
-                                     "; i++) electronAPI.sendDebugLog(`message ${i}`)");
-    ASSERT_EQ(lines.size(), static_cast<std::size_t>(count));
-    for (int i = 0; i < count; ++i) {
-        ASSERT_EQ(lines[static_cast<std::size_t>(i)], "panel_debug message " + std::to_string(i));
-    }
 }
 
 }  // namespace

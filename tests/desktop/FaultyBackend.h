@@ -2,31 +2,26 @@
 
 #include <atomic>
 #include <condition_variable>
-#include <functional>
 #include <map>
 #include <mutex>
 #include <optional>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "tests/drivers/desktop/WaitFor.h"
+#include "tests/drivers/servers/LoopbackServer.h"
 
 namespace stagehopper::desktop {
 
-/// A backend on a port of the range in which the program looks, with one meeting, that lets a test
-/// control each slide socket byte by byte, so that it can break every rule. It also serves the
-/// pages that a test gives it. One thread, and threads of its own.
+/// A backend on a port of the range in which the program looks, with one meeting. A test controls
+/// its slide sockets, and gives it pages to serve. One thread, and threads of its own.
 class FaultyBackend {
 public:
     /// How the next slide sockets are handled.
     enum class Handshake { accepted, refused, neverAnswered };
 
-    /// Listens at once; throws DesktopError when the port is taken.
+    /// Listens at once; throws std::runtime_error if the port is taken.
     explicit FaultyBackend(int port);
-    ~FaultyBackend();
-    FaultyBackend(const FaultyBackend&) = delete;
-    FaultyBackend& operator=(const FaultyBackend&) = delete;
 
     void setHandshake(Handshake handshake) { handshake_ = handshake; }
     /// Answers GET `path` with that page.
@@ -46,24 +41,16 @@ public:
     [[nodiscard]] std::optional<int> closeCode() const;
 
     // On the newest socket:
-    void sendText(const std::string& text) { sendFrame(0x81, text); }
-    void sendBinary(const std::string& bytes) { sendFrame(0x82, bytes); }
+    void sendText(const std::string& text);
     void sendWelcome() { sendText(R"({"type":"welcome"})"); }
     void sendStep(const std::string& direction, int seq);
-    /// The beginning of a frame that never ends, then the end of the connection.
-    void breakMidFrame();
     void closeConnection();
 
 private:
-    void listen();
-    void serve(int client);
+    void serve(Peer& peer);
     [[nodiscard]] std::string answerTo(const std::string& target) const;
-    void serveSocket(int client, const std::string& key);
-    void sendFrame(unsigned char firstByte, const std::string& payload);
-    void sendRaw(const std::string& bytes);
+    void serveSocket(Peer& peer, const std::string& request);
 
-    int listener_ = -1;
-    std::atomic<bool> closing_{false};
     std::atomic<Handshake> handshake_{Handshake::accepted};
     std::atomic<bool> answersPings_{true};
     std::atomic<int> pings_{0};
@@ -72,14 +59,13 @@ private:
     std::condition_variable changed_;
     std::vector<std::string> targets_;
     std::vector<std::string> requests_;
-    /// By method and target.
+    /// By path.
     std::map<std::string, std::string> pages_;
     std::optional<int> closeCode_;
-    /// The newest slide socket, or -1; and all open ones.
-    int socket_ = -1;
-    std::vector<int> open_;
-    std::vector<std::thread> threads_;
-    std::thread listening_;
+    /// The newest slide socket, or null.
+    Peer* socket_ = nullptr;
+    /// Last: its threads use all of the above.
+    LoopbackServer server_;
 };
 
 }  // namespace stagehopper::desktop

@@ -1,13 +1,11 @@
 // The phone without a screen: its actions on a page, its reports, and that it leaves no process
 // behind.
 
-#include <gdk-pixbuf/gdk-pixbuf.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <fstream>
 
-#include "ports/linux/glib/GlibPointers.h"
 #include "tests/drivers/desktop/DesktopError.h"
 #include "tests/drivers/desktop/Processes.h"
 #include "tests/drivers/phone/HeadlessPhone.h"
@@ -24,26 +22,16 @@ constexpr const char* twoButtons =
 <meta charset="utf-8">
 <meta name="viewport" content="width=device-width">
 <style>
-    body { margin: 0; background: rgb(10, 200, 30); }
-    @media (prefers-color-scheme: dark) { body { background: rgb(1, 2, 3); } }
+    body { margin: 0; }
     button { position: absolute; left: 20px; width: 200px; height: 60px; }
-    #pad { position: absolute; top: 400px; width: 390px; height: 300px; touch-action: none; }
 </style>
 <button style="top: 100px" onclick="told('next ' + event.isTrusted)">Next slide</button>
 <button style="top: 200px" onclick="told('previous')" aria-label="Previous slide">&lt;</button>
 <button style="top: 2000px" onclick="told('end')">End</button>
 <button style="top: 300px" onclick="told('late')" id="late" disabled>Late</button>
-<div id="told"></div><div id="pad"></div>
+<div id="told"></div>
 <script>
-    window.loaded = Date.now() + Math.random();
     const told = text => { document.getElementById('told').textContent = text; };
-    window.trace = [];
-    for (const type of ['touchstart', 'touchmove', 'touchend']) {
-        document.getElementById('pad').addEventListener(type, event => {
-            const touch = event.changedTouches[0];
-            trace.push([type, Math.round(touch.clientX), Math.round(touch.clientY)]);
-        });
-    }
 </script>)html";
 
 /// What is said about an attempt that fails.
@@ -78,7 +66,6 @@ TEST_F(HeadlessPhoneTest, TapsWhatIsFoundByItsAccessibleName) {
     phone.waitFor("document.getElementById('told').textContent === 'next true'");
     phone.tap("Previous slide");
     phone.waitFor("document.getElementById('told').textContent === 'previous'");
-    EXPECT_EQ(phone.text("#told"), "previous");
     EXPECT_THAT(phone.consoleMessages(), IsEmpty());
 }
 
@@ -98,61 +85,6 @@ TEST_F(HeadlessPhoneTest, WaitsUntilAButtonIsEnabled) {
     phone.waitFor("document.getElementById('told').textContent === 'late'");
 }
 
-TEST_F(HeadlessPhoneTest, SwipesWithOneFinger) {
-    HeadlessPhone phone(desktop_);
-    phone.open(address());
-    phone.swipe({300, 500}, {100, 520});
-    phone.waitFor("trace.some(entry => entry[0] === 'touchend')");
-    const auto trace = phone.evaluate("trace");
-    EXPECT_EQ(trace.front(), nlohmann::json::array({"touchstart", 300, 500}));
-    EXPECT_EQ(trace.back(), nlohmann::json::array({"touchend", 100, 520}));
-    EXPECT_GT(trace.size(), 4U);
-}
-
-TEST_F(HeadlessPhoneTest, IsAPhoneWithItsUsersLanguage) {
-    HeadlessPhone phone(desktop_, {"zh-CN", false});
-    phone.open(address());
-    EXPECT_EQ(phone.evaluate("[navigator.language, ...navigator.languages]"),
-              nlohmann::json::array({"zh-CN", "zh-CN"}));
-    EXPECT_EQ(phone.evaluate("[innerWidth, innerHeight, devicePixelRatio]"),
-              nlohmann::json::array({390, 844, 2}));
-    EXPECT_EQ(phone.evaluate("matchMedia('(pointer: coarse)').matches"), true);
-    EXPECT_GT(phone.evaluate("navigator.maxTouchPoints").get<int>(), 0);
-}
-
-TEST_F(HeadlessPhoneTest, TakesAPictureOfItsScreen) {
-    struct Case {
-        bool darkMode = false;
-        Color background;
-    };
-    for (const auto& [darkMode, background] : {Case{false, {10, 200, 30}}, Case{true, {1, 2, 3}}}) {
-        HeadlessPhone phone(desktop_, {"en", darkMode});
-        phone.open(address());
-        const auto file = desktop_.folder() / "phone.png";
-        phone.savePicture(file);
-        const linux_port::ObjectPointer<GdkPixbuf> picture(
-            gdk_pixbuf_new_from_file(file.c_str(), nullptr));
-        ASSERT_TRUE(picture);
-        EXPECT_EQ(gdk_pixbuf_get_width(picture.get()), 390 * HeadlessPhone::pixelRatio);
-        EXPECT_EQ(gdk_pixbuf_get_height(picture.get()), 844 * HeadlessPhone::pixelRatio);
-        const auto* corner = gdk_pixbuf_read_pixels(picture.get());
-        EXPECT_EQ((Color{corner[0], corner[1], corner[2]}), background);
-    }
-}
-
-TEST_F(HeadlessPhoneTest, ReallyLoadsWhenOnlyTheFragmentDiffersAndWhenReloading) {
-    HeadlessPhone phone(desktop_);
-    phone.open(address() + "#one");
-    const auto first = phone.evaluate("loaded");
-    phone.open(address() + "#two");
-    const auto second = phone.evaluate("loaded");
-    EXPECT_NE(second, first);
-    EXPECT_EQ(phone.evaluate("location.hash"), "#two");
-    phone.reload();
-    EXPECT_NE(phone.evaluate("loaded"), second);
-    EXPECT_EQ(phone.evaluate("location.hash"), "#two");
-}
-
 TEST_F(HeadlessPhoneTest, ReportsTheErrorsOfThePage) {
     write("faulty.html",
           "<script>console.log('fine'); console.error('wrong', 7);</script>"
@@ -163,18 +95,6 @@ TEST_F(HeadlessPhoneTest, ReportsTheErrorsOfThePage) {
     EXPECT_THAT(
         phone.consoleMessages(),
         UnorderedElementsAre("wrong 7", HasSubstr("Error: not caught"), HasSubstr("missing.js")));
-}
-
-TEST_F(HeadlessPhoneTest, GoesOfflineAndComesBack) {
-    HeadlessPhone phone(desktop_);
-    phone.open(address());
-    EXPECT_EQ(phone.evaluate("addEventListener('offline', () => told('gone')); navigator.onLine"),
-              true);
-    phone.setOffline(true);
-    phone.waitFor("document.getElementById('told').textContent === 'gone'");
-    EXPECT_EQ(phone.evaluate("navigator.onLine"), false);
-    phone.setOffline(false);
-    phone.waitFor("navigator.onLine");
 }
 
 TEST_F(HeadlessPhoneTest, NamesTheConditionThatTimedOut) {
@@ -198,7 +118,7 @@ TEST_F(HeadlessPhoneTest, NoticesThatThePageCrashedOrTheBrowserEnded) {
     EXPECT_THAT(words, HasSubstr("the page crashed"));
     phone.open(address());
     phone.browser().end();
-    EXPECT_THAT(wordsOf([&] { phone.reload(); }), HasSubstr("gone"));
+    EXPECT_THAT(wordsOf([&] { static_cast<void>(phone.evaluate("1")); }), HasSubstr("gone"));
 }
 
 TEST_F(HeadlessPhoneTest, LeavesNoProcessBehind) {

@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/desktop/MasterDevicePairs.h"
 #include "tests/desktop/RemotePanel.h"
 #include "tests/drivers/presentations/Presentation.h"
 
@@ -100,40 +99,6 @@ TEST(Delivery, OnAnXServerThatTakesNoKeysFromProgramsIsReportedAsImpossible) {
     EXPECT_TRUE(panel->logs("completed ", mark));
     EXPECT_EQ(panel.value("'still there'"), "still there");
     EXPECT_EQ(evince->currentSlide(), 1);
-}
-
-TEST(Delivery, OnAnXServerThatMakesNoMoreKeyboardsIsReportedAsImpossible) {
-    const VirtualDesktop desktop;
-    ASSERT_GT(exhaustMasterDevices(desktop.display()), 0);
-    const auto evince = openInEvince(desktop);
-    RemotePanel panel(desktop);
-    const auto mark = panel->mark();
-    panel.next();
-    EXPECT_TRUE(panel->logs(
-        "key_undelivered strategy=evince_arrows pid=" + std::to_string(evince->process()) +
-            " reason=the X server makes no second keyboard: Bad",
-        mark))
-        << panel->output();
-    EXPECT_TRUE(panel->logs("completed ", mark));
-    EXPECT_EQ(evince->currentSlide(), 1);
-}
-
-TEST(Delivery, ToAProgramThatEndedFindsNoTarget) {
-    const VirtualDesktop desktop;
-    const auto evince = openInEvince(desktop);
-    RemotePanel panel(desktop);
-    auto mark = panel->mark();
-    panel.next();
-    ASSERT_TRUE(evince->waitForSlide(2)) << panel->output();
-    const auto process = evince->process();
-    evince->program().end();
-    // The window manager takes its window off the list a moment later.
-    ASSERT_TRUE(waitFor([&] { return desktop.windows().ofProcess(process).empty(); },
-                        std::chrono::seconds(5)));
-    mark = panel->mark();
-    panel.next();
-    EXPECT_TRUE(panel->logs("blocked_no_target", mark)) << panel->output();
-    EXPECT_EQ(panel->program().output().count("key_sent", mark), 0U);
 }
 
 }  // namespace

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <csignal>
 
-#include "tests/desktop/FaultyBackend.h"
 #include "tests/desktop/KeptDebugLog.h"
 #include "tests/drivers/desktop/Processes.h"
 #include "tests/drivers/phone/HeadlessPhone.h"
@@ -167,43 +166,6 @@ TEST_F(PhoneRemote, AWrongLinkShowsAReasonAndTurnsNoSlide) {
     other.open(wrong);
     other.waitFor("document.body.textContent.includes('does not fit the meeting')", limit);
     EXPECT_EQ(stepsReceived(), 0U);
-}
-
-TEST_F(PhoneRemote, APageElsewhereCanNeitherListNorCreateNorJoin) {
-    const auto base =
-        "http://127.0.0.1" + link_.substr(link_.rfind(':'), link_.rfind('/') - link_.rfind(':'));
-    FaultyBackend elsewhere(3041);
-    elsewhere.setPage("/elsewhere", "<!doctype html><title>elsewhere</title>");
-    HeadlessPhone other(desktop_);
-    other.open("http://127.0.0.1:3041/elsewhere");
-    const auto outcome = [&](const std::string& request) {
-        return other.evaluate(request + ".then(r => r.type + r.status, () => 'refused')")
-            .get<std::string>();
-    };
-    EXPECT_EQ(outcome("fetch('" + base + "/v1/meetings/active')"), "refused");
-    EXPECT_EQ(outcome("fetch('" + base + "/v1/meetings/active', {mode: 'no-cors'})"), "refused");
-    EXPECT_EQ(outcome("fetch('" + base + "/v1/meetings', {method: 'POST', body: '{}'})"),
-              "refused");
-    const auto joined = other.evaluate(
-        "new Promise(done => { const socket = new WebSocket('" + base +
-        "/ws?roomCode=" + link_.substr(link_.find('#') + 1, 6) +
-        "&userId=panel-1&role=host&displayName=x&cursorColor=%23000000');"
-        " socket.onopen = () => done('joined'); socket.onerror = () => done('refused'); })");
-    EXPECT_EQ(joined, "refused");
-    const auto framed = other.evaluate(
-        "new Promise(done => { addEventListener('message', e => done(e.data.kind));"
-        " const frame = document.createElement('iframe'); frame.src = '" +
-        base +
-        "/link'; frame.onload = () => setTimeout(done, 500, 'silent');"
-        " document.body.append(frame); })");
-    EXPECT_EQ(framed, "silent");
-    // And there is still one meeting, with one phone in it.
-    EXPECT_EQ(joinLink(), link_);
-}
-
-TEST_F(PhoneRemote, ShowsThatTheMeetingHasEnded) {
-    driven_.click("End meeting");
-    expectState("The meeting has ended");
 }
 
 TEST_F(PhoneRemote, AfterTheMeetingTheProgramIsQuietAndFindsTheNext) {

@@ -4,6 +4,10 @@
 // Behind GoogleTest, whose names its macros take.
 #include <X11/Xutil.h>
 
+#include <fstream>
+#include <regex>
+
+#include "tests/desktop/KeptDebugLog.h"
 #include "tests/desktop/RemotePanel.h"
 
 namespace stagehopper::desktop {
@@ -16,11 +20,20 @@ protected:
     VirtualDesktop desktop_;
 };
 
-TEST_F(Program, ReportsItsStartInOrder) {
+TEST_F(Program, WritesItsStartInOrderAndWithTheTimeToTheDebugLog) {
+    const KeptDebugLog keptLog;
     const DrivenProgram driven(desktop_);
     ASSERT_TRUE(driven.logs("no_auto_prompts", 0));
+    const std::regex line(R"(\[[^\]]+\] \[slide_nav\] ([^\n]*))");
+    std::vector<std::string> messages;
+    std::ifstream file(debugLogFile);
+    for (std::string text; messages.size() < 4 && std::getline(file, text);) {
+        std::smatch parts;
+        ASSERT_TRUE(std::regex_match(text, parts, line)) << text;
+        messages.push_back(parts[1]);
+    }
     EXPECT_EQ(
-        driven.diagnosticsSince(0),
+        messages,
         (std::vector<std::string>{
             "app_launched Stagehopper starting up", "app_launched backend auto-start requested",
             "app_launched nativeSlideDiscovery started",

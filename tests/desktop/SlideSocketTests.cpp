@@ -52,14 +52,6 @@ TEST_F(SlideSocketFaults, AConnectionThatEndsIsJoinedAgain) {
     expectGoodConnection(2);
 }
 
-TEST_F(SlideSocketFaults, AConnectionThatEndsInsideAFrameIsJoinedAgain) {
-    expectGoodConnection(1);
-    const auto mark = panel_->mark();
-    backend_.breakMidFrame();
-    expectFailureAndReturn(mark);
-    expectGoodConnection(2);
-}
-
 TEST_F(SlideSocketFaults, ARefusedHandshakeIsTriedAgainUntilItIsAccepted) {
     expectGoodConnection(1);
     const auto mark = panel_->mark();
@@ -81,62 +73,6 @@ TEST_F(SlideSocketFaults, AHandshakeWithoutAnAnswerBlocksNothing) {
     EXPECT_TRUE(panel_->logs("native_bridge_received direction=next", mark));
     desktop_.windows().requestClose(panel_->panel());
     EXPECT_EQ(panel_->program().waitForExit(std::chrono::seconds(5)), 0) << panel_->output();
-}
-
-TEST_F(SlideSocketFaults, AMessageOfSixtyFourKibibytesArrives) {
-    expectGoodConnection(1);
-    const auto mark = panel_->mark();
-    const std::string padding(64 * 1024, 'x');
-    backend_.sendText(R"({"type":"slide_nav","direction":"next","seq":7,"padding":")" + padding +
-                      "\"}");
-    EXPECT_TRUE(panel_->logs("native_ws_received direction=next seq=7", mark));
-}
-
-TEST_F(SlideSocketFaults, AMessageOfTwoMebibytesEndsTheConnection) {
-    expectGoodConnection(1);
-    const auto mark = panel_->mark();
-    backend_.sendText(std::string(2 * 1024 * 1024, 'x'));
-    expectFailureAndReturn(mark);
-    expectGoodConnection(2);
-}
-
-TEST_F(SlideSocketFaults, ATagNestedWithoutEndIsIgnored) {
-    expectGoodConnection(1);
-    const auto mark = panel_->mark();
-    backend_.sendText(R"({"type":"slide_nav","direction":"next","seq":)" +
-                      std::string(100'000, '[') + std::string(100'000, ']') + "}");
-    backend_.sendStep("next", 19);
-    EXPECT_TRUE(panel_->logs("native_ws_received direction=next seq=19", mark)) << panel_->output();
-    EXPECT_EQ(panel_->program().output().count("native_ws_received", mark), 1U);
-}
-
-TEST_F(SlideSocketFaults, BinaryMessagesAreDroppedAndTheConnectionStays) {
-    expectGoodConnection(1);
-    const auto mark = panel_->mark();
-    backend_.sendBinary("\xFF\xFE\xFD");
-    backend_.sendBinary(R"({"type":"slide_nav","direction":"prev","seq":"b"})");
-    EXPECT_TRUE(panel_->logs("native_ws_received direction=prev seq=b", mark));
-    EXPECT_EQ(panel_->program().output().count("native_ws_receive_failed", mark), 0U);
-}
-
-TEST_F(SlideSocketFaults, ATextWithInvalidUtf8EndsTheConnection) {
-    expectGoodConnection(1);
-    const auto mark = panel_->mark();
-    backend_.sendText("\xFF\xFE\xFD");
-    expectFailureAndReturn(mark);
-    expectGoodConnection(2);
-}
-
-TEST_F(SlideSocketFaults, AStepThatComesTwiceTurnsOneSlide) {
-    expectGoodConnection(1);
-    const auto mark = panel_->mark();
-    backend_.sendStep("next", 17);
-    backend_.sendStep("next", 17);
-    EXPECT_TRUE(panel_->logs("duplicate_dropped direction=next seq=17 source=native_ws", mark));
-    panel_.run("electronAPI.sendPptSlide('next', 17, 'panel')");
-    EXPECT_TRUE(panel_->logs("duplicate_dropped direction=next seq=17 source=panel", mark));
-    EXPECT_EQ(
-        panel_->program().output().count("native_bridge_received direction=next seq=17", mark), 1U);
 }
 
 TEST_F(SlideSocketFaults, QuittingClosesTheSocketAsGoingAway) {

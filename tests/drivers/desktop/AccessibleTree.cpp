@@ -17,9 +17,10 @@ std::string roleName(AtspiRole role) {
     return copy;
 }
 
-}  // namespace
+using Connection = linux_port::ObjectPointer<GDBusConnection>;
+using Value = linux_port::VariantPointer;
 
-AccessibleTree::Connection AccessibleTree::connect(const std::string& address) {
+Connection connect(const std::string& address) {
     Connection connection(g_dbus_connection_new_for_address_sync(
         address.c_str(),
         static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
@@ -29,23 +30,24 @@ AccessibleTree::Connection AccessibleTree::connect(const std::string& address) {
     return connection;
 }
 
-AccessibleTree::Value AccessibleTree::call(GDBusConnection* connection, const Widget& widget,
-                                           const char* interface, const char* method,
-                                           GVariant* arguments) {
+Value call(GDBusConnection* connection, const Widget& widget, const char* interface,
+           const char* method, GVariant* arguments = nullptr) {
     return Value(g_dbus_connection_call_sync(
         connection, widget.bus.c_str(), widget.path.c_str(), interface, method, arguments, nullptr,
         G_DBUS_CALL_FLAGS_NONE, answerLimit, nullptr, nullptr));
 }
 
-AccessibleTree::Value AccessibleTree::call(const Widget& widget, const char* interface,
-                                           const char* method, GVariant* arguments) const {
-    return call(bus_.get(), widget, interface, method, arguments);
+}  // namespace
+
+linux_port::VariantPointer AccessibleTree::call(const Widget& widget, const char* interface,
+                                                const char* method, GVariant* arguments) const {
+    return desktop::call(bus_.get(), widget, interface, method, arguments);
 }
 
 AccessibleTree::AccessibleTree(const std::string& sessionBusAddress) {
     const auto session = connect(sessionBusAddress);
-    const auto answer =
-        call(session.get(), {"org.a11y.Bus", "/org/a11y/bus"}, "org.a11y.Bus", "GetAddress");
+    const auto answer = desktop::call(session.get(), {"org.a11y.Bus", "/org/a11y/bus"},
+                                      "org.a11y.Bus", "GetAddress");
     if (!answer) throw DesktopError("there is no accessibility bus: is at-spi2-core installed?");
     const char* address = nullptr;
     g_variant_get(answer.get(), "(&s)", &address);
@@ -188,26 +190,14 @@ std::string AccessibleTree::outline(const Widget& root, int depth) const {
 }
 
 void setAccessibility(const std::string& sessionBusAddress, bool on) {
-    GError* error = nullptr;
-    GDBusConnection* session = g_dbus_connection_new_for_address_sync(
-        sessionBusAddress.c_str(),
-        static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
-                                          G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION),
-        nullptr, nullptr, nullptr);
-    if (session == nullptr) throw DesktopError("the session bus does not answer");
-    GVariant* answer = g_dbus_connection_call_sync(
-        session, "org.a11y.Bus", "/org/a11y/bus", "org.freedesktop.DBus.Properties", "Set",
-        g_variant_new("(ssv)", "org.a11y.Status", "IsEnabled",
-                      g_variant_new_boolean(on ? TRUE : FALSE)),
-        nullptr, G_DBUS_CALL_FLAGS_NONE, answerLimit, nullptr, &error);
-    g_object_unref(session);
-    if (answer == nullptr) {
-        const std::string reason = error->message;
-        g_error_free(error);
-        throw DesktopError("accessibility could not be switched: " + reason +
-                           " (is at-spi2-core installed?)");
+    const auto session = connect(sessionBusAddress);
+    const auto answer = call(session.get(), {"org.a11y.Bus", "/org/a11y/bus"},
+                             "org.freedesktop.DBus.Properties", "Set",
+                             g_variant_new("(ssv)", "org.a11y.Status", "IsEnabled",
+                                           g_variant_new_boolean(on ? TRUE : FALSE)));
+    if (!answer) {
+        throw DesktopError("accessibility could not be switched: is at-spi2-core installed?");
     }
-    g_variant_unref(answer);
 }
 
 }  // namespace stagehopper::desktop

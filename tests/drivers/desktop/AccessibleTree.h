@@ -46,21 +46,16 @@ public:
     [[nodiscard]] std::string outline(const Widget& root, int depth = 30) const;
 
 private:
-    using Connection = linux_port::ObjectPointer<GDBusConnection>;
-    using Value = linux_port::VariantPointer;
-
-    static Connection connect(const std::string& address);
-    static Value call(GDBusConnection* connection, const Widget& widget, const char* interface,
-                      const char* method, GVariant* arguments = nullptr);
-    [[nodiscard]] Value call(const Widget& widget, const char* interface, const char* method,
-                             GVariant* arguments = nullptr) const;
+    [[nodiscard]] linux_port::VariantPointer call(const Widget& widget, const char* interface,
+                                                  const char* method,
+                                                  GVariant* arguments = nullptr) const;
     [[nodiscard]] std::optional<Widget> find(const Widget& root, AtspiRole role,
                                              const std::string& name, int depth) const;
     /// What another process has put into this widget, as web engines do with their pages; it is
     /// missing from the list of the children.
     [[nodiscard]] std::optional<Widget> embeddedChild(const Widget& widget) const;
 
-    Connection bus_;
+    linux_port::ObjectPointer<GDBusConnection> bus_;
 };
 
 /// Switches accessibility on or off for all programs of a session. Throws DesktopError.

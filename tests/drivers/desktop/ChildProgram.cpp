@@ -55,27 +55,14 @@ public:
         posix_spawnattr_setsigdefault(&attributes, &signals);
     }
     ~SpawnPlan() {
-        for (const int copy : copies_) close(copy);
         posix_spawnattr_destroy(&attributes);
         posix_spawn_file_actions_destroy(&actions);
     }
     SpawnPlan(const SpawnPlan&) = delete;
     SpawnPlan& operator=(const SpawnPlan&) = delete;
 
-    void hand(const HandedDescriptor& descriptor) {
-        // A copy with a high number: what is handed over earlier cannot take its place before.
-        constexpr int aboveTheirs = 100;
-        const int copy = fcntl(descriptor.ours, F_DUPFD_CLOEXEC, aboveTheirs);
-        if (copy < 0) throw DesktopError("a descriptor could not be handed to a program");
-        copies_.push_back(copy);
-        posix_spawn_file_actions_adddup2(&actions, copy, descriptor.theirs);
-    }
-
     posix_spawn_file_actions_t actions{};
     posix_spawnattr_t attributes{};
-
-private:
-    std::vector<int> copies_;
 };
 
 /// Cuts a stream of bytes into lines.
@@ -86,8 +73,6 @@ public:
     ~LineReader() { close(descriptor_); }
     LineReader(const LineReader&) = delete;
     LineReader& operator=(const LineReader&) = delete;
-
-    [[nodiscard]] int descriptor() const { return descriptor_; }
 
     /// False at the end of the stream.
     bool readSome() {
@@ -135,7 +120,9 @@ ChildProgram::ChildProgram(const ChildOptions& options) : name_(options.command.
         posix_spawn_file_actions_adddup2(&plan.actions, standardOutput.write, STDOUT_FILENO);
         posix_spawn_file_actions_adddup2(&plan.actions, standardError.write, STDERR_FILENO);
     }
-    for (const auto& descriptor : options.descriptors) plan.hand(descriptor);
+    for (const auto& [ours, theirs] : options.descriptors) {
+        posix_spawn_file_actions_adddup2(&plan.actions, ours, theirs);
+    }
     const int error =
         posix_spawnp(&pid_, name_.c_str(), &plan.actions, &plan.attributes,
                      pointersTo(options.command).data(), pointersTo(options.environment).data());

@@ -25,7 +25,7 @@ struct ChildOptions {
     std::filesystem::path workingDirectory = "/";
     /// Its standard streams are ours instead of being captured.
     bool sharesOurStreams = false;
-    /// More that it has open from the start; we keep ours.
+    /// More that it has open from the start, handed over in this order; we keep ours.
     std::vector<HandedDescriptor> descriptors = {};
 };
 

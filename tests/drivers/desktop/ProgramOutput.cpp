@@ -52,11 +52,6 @@ std::optional<std::size_t> ProgramOutput::waitForLine(std::string_view text, Lim
     return found;
 }
 
-bool ProgramOutput::waitForEnd(Limit limit) const {
-    std::unique_lock lock(mutex_);
-    return changed_.wait_for(lock, limit, [this] { return ended_; });
-}
-
 std::string ProgramOutput::text() const {
     std::string all;
     for (const auto& line : linesFrom(0)) all += line.text + '\n';

@@ -33,7 +33,6 @@ public:
     /// Waits for a line that contains `text`, at `first` or later; its place.
     [[nodiscard]] std::optional<std::size_t> waitForLine(std::string_view text, Limit limit,
                                                          std::size_t first = 0) const;
-    [[nodiscard]] bool waitForEnd(Limit limit) const;
     /// Everything, for an error message.
     [[nodiscard]] std::string text() const;
 

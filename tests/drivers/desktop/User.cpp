@@ -19,10 +19,8 @@ constexpr std::chrono::milliseconds keyHold{50};
 }  // namespace
 
 void User::click(int x, int y) const {
-    XTestFakeMotionEvent(display_.get(), -1, x, y, CurrentTime);
-    XTestFakeButtonEvent(display_.get(), Button1, True, CurrentTime);
-    XTestFakeButtonEvent(display_.get(), Button1, False, CurrentTime);
-    XSync(display_.get(), False);
+    pressMouse(x, y);
+    releaseMouse();
 }
 
 void User::pressMouse(int x, int y) const {

@@ -70,19 +70,9 @@ void BrowserPage::open(const std::string& url) {
             throw DesktopError(each +
                                " could not be opened: " + answer["errorText"].get<std::string>());
         }
-        waitForLoad(loadsBefore, each);
-    }
-}
-
-void BrowserPage::reload() {
-    const int loadsBefore = loads_;
-    pipe_.call("Page.reload");
-    waitForLoad(loadsBefore, "the page");
-}
-
-void BrowserPage::waitForLoad(int loadsBefore, const std::string& url) {
-    if (!pipe_.listenUntil([&] { return loads_ > loadsBefore; }, loadLimit)) {
-        throw DesktopError(url + " did not load");
+        if (!pipe_.listenUntil([&] { return loads_ > loadsBefore; }, loadLimit)) {
+            throw DesktopError(each + " did not load");
+        }
     }
 }
 

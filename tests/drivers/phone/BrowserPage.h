@@ -16,9 +16,8 @@ public:
     BrowserPage(const BrowserPage&) = delete;
     BrowserPage& operator=(const BrowserPage&) = delete;
 
-    /// Each of these waits until the page is loaded, and throws DesktopError when it does not load.
+    /// Waits until the page is loaded; throws DesktopError when it does not load.
     void open(const std::string& url);
-    void reload();
 
     /// The value of a JavaScript expression, after its promise when it is one. Throws DesktopError
     /// with the page's words when the expression does.
@@ -34,7 +33,6 @@ public:
 
 private:
     void hear(const std::string& method, const nlohmann::json& parameters);
-    void waitForLoad(int loadsBefore, const std::string& url);
 
     DebuggerPipe& pipe_;
     int loads_ = 0;

@@ -12,8 +12,6 @@ namespace {
 
 using Json = nlohmann::json;
 
-constexpr std::chrono::seconds elementLimit{10};
-
 void writeBase64(const std::string& base64, const std::filesystem::path& file) {
     gsize size = 0;
     const std::unique_ptr<guchar, linux_port::MemoryFree> bytes(
@@ -64,9 +62,6 @@ void HeadlessPhone::becomePhone(const PhoneOptions& options) {
                  "Chrome/130.0.0.0 Mobile Safari/537.36"},
                 {"acceptLanguage", options.language},
                 {"platform", "Linux armv8l"}});
-    const Json scheme{{"name", "prefers-color-scheme"},
-                      {"value", options.darkMode ? "dark" : "light"}};
-    pipe_.call("Emulation.setEmulatedMedia", {{"features", Json::array({scheme})}});
 }
 
 void HeadlessPhone::tap(const std::string& accessibleName, const std::string& role, Limit limit) {
@@ -120,15 +115,8 @@ void HeadlessPhone::touch(const char* type, const Json& points) {
 
 std::string HeadlessPhone::text(const std::string& cssSelector) {
     const auto element = "document.querySelector(" + Json(cssSelector).dump() + ")";
-    waitFor(element + " !== null", elementLimit);
+    waitFor(element + " !== null");
     return evaluate("(e => e.innerText ?? e.textContent)(" + element + ")");
-}
-
-void HeadlessPhone::setOffline(bool offline) {
-    pipe_.call("Network.emulateNetworkConditions", {{"offline", offline},
-                                                    {"latency", 0},
-                                                    {"downloadThroughput", -1},
-                                                    {"uploadThroughput", -1}});
 }
 
 void HeadlessPhone::savePicture(const std::filesystem::path& file) {

@@ -16,7 +16,6 @@ namespace stagehopper::desktop {
 struct PhoneOptions {
     /// The value of navigator.language: "en", "zh-CN".
     std::string language = "en";
-    bool darkMode = false;
 };
 
 /// A phone of 390 by 844, upright, with touch and a real headless browser. It is independent of the
@@ -33,7 +32,6 @@ public:
 
     /// Loads an address again, even when only its fragment differs.
     void open(const std::string& url) { page_->open(url); }
-    void reload() { page_->reload(); }
 
     /// Waits for something with this accessible name that is enabled, at rest and not covered,
     /// scrolls to it and taps its middle.
@@ -57,9 +55,6 @@ public:
     }
     [[nodiscard]] std::vector<std::string> consoleMessages() { return page_->consoleMessages(); }
 
-    /// Without a network nothing new opens, and what is open falls silent without being closed:
-    /// what either side sends meanwhile arrives when the network is back.
-    void setOffline(bool offline);
     /// What the screen shows, as a PNG file.
     void savePicture(const std::filesystem::path& file);
 

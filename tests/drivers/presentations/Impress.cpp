@@ -58,15 +58,6 @@ void Impress::startShow() {
     activate();
 }
 
-void Impress::endShow() {
-    activate();
-    desktop().user().strike({XK_Escape});
-    if (!waitFor([this] { return !findShow(); }, showLimit)) {
-        throw DesktopError("the slide show did not end");
-    }
-    show_.reset();
-}
-
 bool Impress::editorSays(int slide) const {
     const auto root = desktop().accessible().program(process());
     return root && desktop().accessible().find(*root, ATSPI_ROLE_PANEL,

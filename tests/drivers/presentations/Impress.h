@@ -15,8 +15,6 @@ public:
     /// Starts the show as a user does, with F5 in the editor, and sees to it that it is in front;
     /// throws DesktopError.
     void startShow();
-    /// Ends it with Escape.
-    void endShow();
     /// Whether this slide is in the editor, as reported to assistive technology.
     [[nodiscard]] bool editorSays(int slide) const;
 

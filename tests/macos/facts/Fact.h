@@ -23,17 +23,38 @@ enum class Library {
     appKit,
     webKit
 };
+using enum Library;
 
 /// What is known of one message. The encoding is the compiler's for arm64 macOS, without offsets:
 /// the answer, then the receiver and the selector ("@:"), then each argument.
 struct MethodFact {
+    /// A "+" before the selector marks a message to the class itself.
+    constexpr MethodFact(std::string_view receiver, std::string_view signedSelector,
+                         std::string_view types, std::string_view blockTypes = {})
+        : className(receiver),
+          kind(signedSelector.starts_with('+') ? Kind::classLevel : Kind::instance),
+          selector(signedSelector.substr(kind == Kind::classLevel ? 1 : 0)),
+          encoding(types),
+          returns(isOwnedByTheCaller() ? Returns::retained : Returns::plain),
+          block(blockTypes) {}
+
     std::string_view className;
-    Kind kind = Kind::instance;
+    Kind kind;
     std::string_view selector;
     std::string_view encoding;
-    Returns returns = Returns::plain;
+    Returns returns;
     /// The encoding of the block that the message takes; empty without a block.
-    std::string_view block = {};
+    std::string_view block;
+
+private:
+    [[nodiscard]] constexpr bool isOwnedByTheCaller() const {
+        for (const std::string_view family : {"alloc", "new", "copy", "mutableCopy", "init"}) {
+            if (!encoding.starts_with('@') || !selector.starts_with(family)) continue;
+            const auto rest = selector.substr(family.size());
+            if (rest.empty() || rest[0] == ':' || (rest[0] >= 'A' && rest[0] <= 'Z')) return true;
+        }
+        return false;
+    }
 };
 
 struct ClassFact {
@@ -58,7 +79,6 @@ struct FunctionFact {
     std::string_view name;
     std::string_view signature;
     Library library = Library::libSystem;
-    Returns returns = Returns::plain;
 };
 
 /// A variable that a library exports.

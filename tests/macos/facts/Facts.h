@@ -1,20 +1,15 @@
 #pragma once
 
-#include <cstddef>
+#include <algorithm>
 #include <span>
 #include <string_view>
+#include <tuple>
 
 #include "tests/macos/facts/AppKit.h"
 #include "tests/macos/facts/Classes.h"
 #include "tests/macos/facts/Constants.h"
-#include "tests/macos/facts/Enumerations.h"
 #include "tests/macos/facts/Foundation.h"
-#include "tests/macos/facts/FrameworkFunctions.h"
-#include "tests/macos/facts/NSObject.h"
-#include "tests/macos/facts/Networking.h"
-#include "tests/macos/facts/Protocols.h"
-#include "tests/macos/facts/RuntimeFunctions.h"
-#include "tests/macos/facts/Symbols.h"
+#include "tests/macos/facts/Functions.h"
 #include "tests/macos/facts/WebKit.h"
 
 /// What is known of the platform: looked up by the compiler, so that a wrong declaration does not
@@ -33,35 +28,15 @@ inline constexpr std::span<const FunctionFact> functionTables[] = {
 
 namespace detail {
 
-/// The first fact of a sorted table for which `isBefore` is false; null if there is none.
-template <class Fact, class IsBefore>
-[[nodiscard]] constexpr const Fact* lowerBound(std::span<const Fact> table, IsBefore isBefore) {
-    std::size_t begin = 0;
-    std::size_t end = table.size();
-    while (begin < end) {
-        const auto middle = begin + (end - begin) / 2;
-        if (isBefore(table[middle])) {
-            begin = middle + 1;
-        } else {
-            end = middle;
-        }
-    }
-    return begin == table.size() ? nullptr : &table[begin];
-}
-
 template <class Fact>
 [[nodiscard]] constexpr const Fact* byName(std::span<const Fact> table, std::string_view name) {
-    const auto* found =
-        lowerBound(table, [name](const Fact& fact) { return fact.name.compare(name) < 0; });
-    return found != nullptr && found->name == name ? found : nullptr;
+    const auto found = std::ranges::lower_bound(table, name, {}, &Fact::name);
+    return found != table.end() && found->name == name ? &*found : nullptr;
 }
 
-[[nodiscard]] constexpr int compare(const MethodFact& fact, std::string_view className, Kind kind,
-                                    std::string_view selector) {
-    if (const int order = fact.className.compare(className); order != 0) return order;
-    if (const int order = fact.selector.compare(selector); order != 0) return order;
-    // For equal names, the class message comes first.
-    return static_cast<int>(kind) - static_cast<int>(fact.kind);
+/// For equal names, the class message comes first.
+[[nodiscard]] constexpr auto keyOf(const MethodFact& fact) {
+    return std::tuple(fact.className, fact.selector, fact.kind == Kind::instance);
 }
 
 }  // namespace detail
@@ -73,13 +48,10 @@ template <class Fact>
 /// The fact that the class itself declares; null if it inherits or lacks the message.
 [[nodiscard]] constexpr const MethodFact* ownFact(std::string_view className, Kind kind,
                                                   std::string_view selector) {
+    const auto key = std::tuple(className, selector, kind == Kind::instance);
     for (const auto table : methodTables) {
-        const auto* found = detail::lowerBound(table, [&](const MethodFact& fact) {
-            return detail::compare(fact, className, kind, selector) < 0;
-        });
-        if (found != nullptr && detail::compare(*found, className, kind, selector) == 0) {
-            return found;
-        }
+        const auto found = std::ranges::lower_bound(table, key, {}, detail::keyOf);
+        if (found != table.end() && detail::keyOf(*found) == key) return &*found;
     }
     return nullptr;
 }

@@ -21,19 +21,6 @@ protected:
     Stage stage;
 };
 
-TEST_F(AccessibilityPermission, SwitchingSlideControlOnPromptsWithThePanelInFront) {
-    const auto mark = stage.desktop.journal.mark();
-    userSwitchesSlideControlOn();
-    EXPECT_THAT(stage.lines(),
-                ElementsAre("accessibility_prompt_on_toggle_on user_initiated=true",
-                            "accessibility_prompt_requested bringing_panel_forward=true",
-                            "user_hint_shown accessibility_and_restart_hint"));
-    EXPECT_EQ(stage.desktop.accessibility.prompts, 1);
-    EXPECT_THAT(stage.desktop.journal.effectsSince(mark),
-                testing::IsSupersetOf({"window \"Stagehopper\" shown", "application activated",
-                                       "accessibility prompt shown"}));
-}
-
 TEST_F(AccessibilityPermission, IsLoggedThenThePanelComesForwardAndThenTheSystemAsks) {
     const auto mark = stage.desktop.journal.mark();
     userSwitchesSlideControlOn();
@@ -87,12 +74,6 @@ TEST_F(AccessibilityPermission, RequestingItWithTrustHasNoEffectAndNoLine) {
     EXPECT_EQ(stage.desktop.accessibility.prompts, 0);
 }
 
-TEST_F(AccessibilityPermission, TheHintCallsThePagesFunctions) {
-    userSwitchesSlideControlOn();
-    EXPECT_THAT(stage.desktop.panelPage().evaluatedScripts(),
-                ElementsAre(std::string(accessibilityHintScript)));
-}
-
 TEST_F(AccessibilityPermission, TheHintIsShownAtMostOnceInFourSeconds) {
     const auto start = stage.desktop.clock.now();
     stage.app->showSlideAccessibilityHintThrottled();
@@ -104,14 +85,6 @@ TEST_F(AccessibilityPermission, TheHintIsShownAtMostOnceInFourSeconds) {
                                            "blocked_no_accessibility hint_throttled interval_s=4.0",
                                            "user_hint_shown accessibility_and_restart_hint"));
     EXPECT_EQ(stage.desktop.panelPage().evaluatedScripts().size(), 2U);
-}
-
-TEST_F(AccessibilityPermission, TheHintIsShownAgainAfterExactlyFourSeconds) {
-    const auto start = stage.desktop.clock.now();
-    stage.app->showSlideAccessibilityHintThrottled();
-    stage.desktop.advanceTo(start + 4s);
-    stage.app->showSlideAccessibilityHintThrottled();
-    EXPECT_EQ(stage.lines("user_hint_shown").size(), 2U);
 }
 
 TEST(AccessibilityHint, WithoutAPanelCountsAsShown) {

@@ -82,12 +82,6 @@ TEST_F(Awdl, IsLeftAloneUntilTheUserAsks) {
     EXPECT_THAT(scripts(), IsEmpty());
 }
 
-TEST_F(Awdl, TheRequestIsLogged) {
-    launchWithBackend();
-    requestMeeting();
-    EXPECT_THAT(stage.lines(), ElementsAre("awdl_prompt_on_meeting_start user_initiated=true"));
-}
-
 TEST_F(Awdl, ThePromptComesHalfASecondAfterTheRequestWhenTheBackendIsHealthy) {
     launchWithBackend();
     requestMeeting();
@@ -148,14 +142,6 @@ TEST_F(Awdl, AnInterfaceThatDoesNotExistCountsAsDown) {
     EXPECT_THAT(scripts(), IsEmpty());
 }
 
-TEST_F(Awdl, AnAnswerThatIsNotUtf8LeadsToThePrompt) {
-    interfaceSays("\xFF\xFE");
-    launchWithBackend();
-    requestMeeting();
-    stage.desktop.advance(10s);
-    EXPECT_THAT(scripts(), ElementsAre(disable));
-}
-
 TEST_F(Awdl, IfTheSystemCannotBeAskedNothingIsChanged) {
     stage.desktop.processes.programs.erase(ifconfig);
     launchWithBackend();
@@ -193,14 +179,6 @@ TEST_F(Awdl, ABackendThatBecomesHealthyDuringTheWaitLeadsToThePrompt) {
     stage.desktop.network.serve(3044);
     stage.desktop.advance(1s);
     EXPECT_THAT(scripts(), ElementsAre(disable));
-}
-
-TEST_F(Awdl, TheMainThreadContinuesDuringTheWait) {
-    stage.launch();
-    requestMeeting();
-    stage.desktop.advance(10s);
-    stage.pagePosts("DBG:still here");
-    EXPECT_THAT(stage.lines(), Contains("panel_debug still here"));
 }
 
 TEST_F(Awdl, StoppingTheBackendEndsTheWaitWithoutAMessage) {

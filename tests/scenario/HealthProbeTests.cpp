@@ -23,12 +23,6 @@ TEST_F(HealthProbe, TheFirstPortThatAnswersIsTakenWithoutFurtherProbes) {
     EXPECT_THAT(stage.desktop.network.requests(), ElementsAre("http://127.0.0.1:3000/health"));
 }
 
-TEST_F(HealthProbe, TheLowestOfTwoHealthyPortsWins) {
-    stage.desktop.network.serve(3010);
-    stage.desktop.network.serve(3005);
-    EXPECT_EQ(stage.app->firstHealthyLocalBackendBaseURL(), "http://127.0.0.1:3005");
-}
-
 TEST_F(HealthProbe, TheLastPortOfTheRangeIsFound) {
     stage.desktop.network.serve(3050);
     EXPECT_EQ(stage.app->firstHealthyLocalBackendBaseURL(), "http://127.0.0.1:3050");

@@ -2,8 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include "tests/scenario/LaunchedStage.h"
 #include "tests/scenario/Programs.h"
-#include "tests/scenario/Stage.h"
 
 namespace stagehopper {
 namespace {
@@ -14,22 +14,17 @@ using simulated::submenu;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class MenuPath : public testing::Test {
+class MenuPath : public LaunchedStage {
 protected:
-    MenuPath() { stage.launch(); }
-
     /// Adds the program, brings it to the front and steps it once.
     void stepInFront(simulated::Program program, std::string_view direction = "next") {
         const auto pid = program.processIdentifier();
         stage.desktop.addProgram(std::move(program));
         stage.desktop.bringToFront(pid);
-        stage.forget();
-        stage.step(direction);
+        stepAfresh(direction);
     }
     /// Only the diagnostic lines of the menu path.
     [[nodiscard]] std::vector<std::string> menuLines() const { return stage.lines("menu_path"); }
-
-    Stage stage;
 };
 
 TEST_F(MenuPath, PressesTheItemOfPowerPointsEnglishMenu) {
@@ -62,76 +57,57 @@ TEST_F(MenuPath, SearchesPreferredMenusOnly) {
                 ElementsAre("menu_path_missing bundle=com.microsoft.Powerpoint dir=next"));
 }
 
-TEST_F(MenuPath, WithoutAnyPreferredMenuSearchesAllInOrder) {
-    stepInFront(powerPoint(42)
-                    .window("deck.pptx")
-                    .menu("Datei", {item("Öffnen")})
-                    .menu("Bildschirmpräsentation", {item("Next Slide")})
-                    .menu("Hilfe", {item("Next tip")}));
-    EXPECT_THAT(stage.desktop.program(42).pressed(), ElementsAre("Next Slide"));
-}
-
-TEST_F(MenuPath, TheFirstItemInReadingOrderWinsNotTheFirstWantedTitle) {
-    stepInFront(powerPoint(42)
-                    .window("deck.pptx")
-                    .menu("Slide Show", {item("Next Animation"), item("Next Slide")}));
-    EXPECT_THAT(stage.desktop.program(42).pressed(), ElementsAre("Next Animation"));
-}
-
-TEST_F(MenuPath, OfTwoPreferredMenusTheOneFartherLeftInTheBarWins) {
-    stepInFront(powerPoint(42)
-                    .window("deck.pptx")
-                    .menu("View", {item("Next Page Layout")})
-                    .menu("Slide Show", {item("Next Slide")}));
-    EXPECT_THAT(stage.desktop.program(42).pressed(), ElementsAre("Next Page Layout"));
-}
-
-TEST_F(MenuPath, AnItemInASubmenuIsFoundBeforeALaterItem) {
-    stepInFront(powerPoint(42)
-                    .window("deck.pptx")
-                    .menu("Slide Show", {item("Start"), submenu("Navigate", {item("Next Slide")}),
-                                         item("Next Animation")}));
-    EXPECT_THAT(stage.desktop.program(42).pressed(), ElementsAre("Next Slide"));
-}
-
-TEST_F(MenuPath, ASubmenuInTheMenuAttributeIsAlsoSearched) {
-    stepInFront(powerPoint(42)
-                    .window("deck.pptx")
-                    .menu("Slide Show", {item("Go").withMenuAttribute({item("Next Slide")})}));
-    EXPECT_THAT(stage.desktop.program(42).pressed(), ElementsAre("Next Slide"));
-}
-
-TEST_F(MenuPath, TheChildrenOfAnItemAreSearchedBeforeTheMenuInItsAttribute) {
-    stepInFront(
-        powerPoint(42)
-            .window("deck.pptx")
-            .menu(
-                "Slide Show",
-                {submenu("Go", {item("Next Slide")}).withMenuAttribute({item("Next Animation")})}));
-    EXPECT_THAT(stage.desktop.program(42).pressed(), ElementsAre("Next Slide"));
-}
-
-TEST_F(MenuPath, AMenuOfTheBarIsNotPressedWhateverItsTitle) {
-    stepInFront(powerPoint(42)
-                    .window("deck.pptx")
-                    .menu("Slide Show: Next", {submenu("Next", {item("Next Slide")})}));
-    EXPECT_THAT(stage.desktop.program(42).pressed(), ElementsAre("Next Slide"));
-}
-
-TEST_F(MenuPath, OnlyMenuItemsArePressed) {
-    stepInFront(
-        powerPoint(42)
-            .window("deck.pptx")
-            .menu("Slide Show", {item("Next Slide").role("AXStaticText"), item("Next Slide")}));
-    EXPECT_THAT(stage.desktop.program(42).pressed(), ElementsAre("Next Slide"));
-}
-
-TEST_F(MenuPath, AnItemWithAnUnreadableTitleIsSkipped) {
-    stepInFront(
-        powerPoint(42)
-            .window("deck.pptx")
-            .menu("Slide Show", {item("Next Slide").unreadableTitle(), item("next slide (2)")}));
-    EXPECT_THAT(stage.desktop.program(42).pressed(), ElementsAre("next slide (2)"));
+TEST_F(MenuPath, PressesTheFirstMatchInReadingOrder) {
+    struct Case {
+        const char* rule;
+        std::vector<std::pair<const char*, std::vector<simulated::MenuNode>>> menus;
+        const char* pressed;
+    };
+    const Case cases[] = {
+        {"without a preferred menu, in all menus",
+         {{"Datei", {item("Öffnen")}},
+          {"Bildschirmpräsentation", {item("Next Slide")}},
+          {"Hilfe", {item("Next tip")}}},
+         "Next Slide"},
+        {"not by the order of the wanted titles",
+         {{"Slide Show", {item("Next Animation"), item("Next Slide")}}},
+         "Next Animation"},
+        {"of two preferred menus in the one farther left in the bar",
+         {{"View", {item("Next Page Layout")}}, {"Slide Show", {item("Next Slide")}}},
+         "Next Page Layout"},
+        {"in a submenu before a later item",
+         {{"Slide Show",
+           {item("Start"), submenu("Navigate", {item("Next Slide")}), item("Next Animation")}}},
+         "Next Slide"},
+        {"in a submenu in the menu attribute",
+         {{"Slide Show", {item("Go").withMenuAttribute({item("Next Slide")})}}},
+         "Next Slide"},
+        {"in the children before the menu attribute",
+         {{"Slide Show",
+           {submenu("Go", {item("Next Slide")}).withMenuAttribute({item("Next Animation")})}}},
+         "Next Slide"},
+        {"never a menu itself",
+         {{"Slide Show: Next", {submenu("Next", {item("Next Slide")})}}},
+         "Next Slide"},
+        {"only a menu item",
+         {{"Slide Show", {item("Next Slide").role("AXStaticText"), item("Next Slide")}}},
+         "Next Slide"},
+        {"only with a readable title",
+         {{"Slide Show", {item("Next Slide").unreadableTitle(), item("next slide (2)")}}},
+         "next slide (2)"},
+        {"behind entries of other types",
+         {{"Slide Show", {simulated::oddEntry(), item("Next Slide")}}},
+         "Next Slide"},
+    };
+    platform::Pid pid = 42;
+    for (const auto& [rule, menus, pressed] : cases) {
+        auto program = powerPoint(++pid).window("deck.pptx");
+        for (const auto& [title, entries] : menus)
+            program = std::move(program).menu(title, entries);
+        stepInFront(std::move(program));
+        EXPECT_THAT(stage.desktop.program(pid).pressed(), ElementsAre(pressed)) << rule;
+        stage.desktop.quitProgram(pid);
+    }
 }
 
 TEST_F(MenuPath, NineLevelsAreSearched) {
@@ -219,13 +195,6 @@ TEST_F(MenuPath, AProgramWithoutKnownTitlesIsSkippedWithoutALine) {
     EXPECT_THAT(menuLines(), IsEmpty());
     EXPECT_THAT(stage.desktop.program(60).pressed(), IsEmpty());
     EXPECT_THAT(stage.desktop.program(60).keysDown(), ElementsAre(124));
-}
-
-TEST_F(MenuPath, EntriesOfOtherTypesInAMenuAreSkipped) {
-    stepInFront(powerPoint(42)
-                    .window("deck.pptx")
-                    .menu("Slide Show", {simulated::oddEntry(), item("Next Slide")}));
-    EXPECT_THAT(stage.desktop.program(42).pressed(), ElementsAre("Next Slide"));
 }
 
 }  // namespace

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "resources/OverlayScript.h"
-#include "tests/scenario/Stage.h"
+#include "tests/scenario/LaunchedStage.h"
 
 namespace stagehopper {
 namespace {
@@ -11,18 +11,11 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class Overlay : public testing::Test {
+class Overlay : public LaunchedStage {
 protected:
-    Overlay() { stage.launch(); }
     auto& panel() { return stage.desktop.userInterface.panel(); }
     std::size_t panelsMade() { return stage.desktop.userInterface.panels().size(); }
-
-    Stage stage;
 };
-
-TEST_F(Overlay, DoesNotExistUntilThePageAsksForIt) {
-    EXPECT_EQ(panelsMade(), 0U);
-}
 
 TEST_F(Overlay, CoversTheMainScreenTransparentlyAndTakesNoClicks) {
     stage.pagePosts("CMD:showOverlay");
@@ -98,11 +91,12 @@ TEST_F(Overlay, IsOrderedOutBeforeItIsDestroyed) {
                 ElementsAre("panel ordered out", "panel closed"));
 }
 
-TEST_F(Overlay, HidingAndDestroyingAMissingOverlayDoNothing) {
+TEST_F(Overlay, WithoutAnOverlayHidingDestroyingAndAScreenChangeDoNothing) {
     const auto mark = stage.desktop.journal.mark();
     stage.pagePosts("CMD:hideOverlay");
     stage.pagePosts("CMD:destroyOverlay");
     stage.pagePosts("CMD:destroyOverlay");
+    stage.desktop.screens.change();
     EXPECT_THAT(stage.desktop.journal.effectsSince(mark), IsEmpty());
 }
 
@@ -150,12 +144,6 @@ TEST_F(Overlay, IsNotMadeWithoutAScreenAndNothingIsLogged) {
     EXPECT_THAT(stage.desktop.journal.effectsSince(mark), IsEmpty());
 }
 
-TEST_F(Overlay, AScreenChangeWithoutAnOverlayDoesNothing) {
-    const auto mark = stage.desktop.journal.mark();
-    stage.desktop.screens.change();
-    EXPECT_THAT(stage.desktop.journal.effectsSince(mark), IsEmpty());
-}
-
 TEST_F(Overlay, IsDestroyedWithThePanelWindow) {
     stage.pagePosts("CMD:showOverlay");
     const auto page = stage.desktop.overlayPage();
@@ -165,15 +153,10 @@ TEST_F(Overlay, IsDestroyedWithThePanelWindow) {
     EXPECT_TRUE(stage.desktop.application.terminated());
 }
 
-TEST_F(Overlay, StaysWhenAnotherWindowCloses) {
+TEST_F(Overlay, StaysWhenAnotherOrAnUnnamedWindowClosesBesideThePanel) {
     stage.pagePosts("CMD:showOverlay");
     const auto other = stage.desktop.userInterface.makeWindow({});
     stage.app->windowWillClose(other.get());
-    EXPECT_TRUE(panel().open);
-}
-
-TEST_F(Overlay, StaysWhenAnUnnamedWindowClosesBesideThePanel) {
-    stage.pagePosts("CMD:showOverlay");
     stage.app->windowWillClose(nullptr);
     EXPECT_TRUE(panel().open);
 }

@@ -5,8 +5,8 @@
 #include <csignal>
 
 #include "resources/PanelScript.h"
+#include "tests/scenario/LaunchedStage.h"
 #include "tests/scenario/Programs.h"
-#include "tests/scenario/Stage.h"
 
 namespace stagehopper {
 namespace {
@@ -15,9 +15,9 @@ using namespace std::string_literals;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-TEST(Panel, IsAnOrdinaryWindowInTheMiddleWithTheKeyboard) {
-    Stage stage;
-    stage.launch();
+using Panel = LaunchedStage;
+
+TEST_F(Panel, IsAnOrdinaryWindowInTheMiddleWithTheKeyboard) {
     const auto& window = stage.desktop.panelWindow();
     EXPECT_EQ(window.title, "Stagehopper");
     EXPECT_EQ(window.contentRect, (platform::Rect{0, 0, {520, 680}}));
@@ -28,55 +28,33 @@ TEST(Panel, IsAnOrdinaryWindowInTheMiddleWithTheKeyboard) {
     EXPECT_TRUE(window.visible);
 }
 
-TEST(Panel, ShowsItsPageWhichMayReadItsSiblings) {
-    Stage stage;
-    stage.launch();
+TEST_F(Panel, ShowsItsPageWhichMayReadItsSiblings) {
     EXPECT_EQ(stage.desktop.panelPage().file(), "/app/Resources/panel.html");
     EXPECT_EQ(stage.desktop.panelPage().readAccess(), "/app/Resources");
     EXPECT_THAT(stage.desktop.panelPage().userScripts(), ElementsAre(std::string(panelScript)));
     EXPECT_THAT(stage.desktop.panelPage().handlerNames(), ElementsAre("bridge"));
 }
 
-TEST(Panel, ANumberPostedByThePageHasNoEffect) {
-    Stage stage;
-    stage.launch();
+TEST_F(Panel, ANumberPostedByThePageHasNoEffect) {
     stage.desktop.panelPage().postsNonText("bridge");
     stage.desktop.runReady();
     EXPECT_THAT(stage.lines(), IsEmpty());
 }
 
-TEST(Panel, ClosingItQuits) {
-    Stage stage;
-    stage.launch();
+TEST_F(Panel, ClosingItQuits) {
     stage.desktop.userClosesPanel();
     EXPECT_TRUE(stage.desktop.application.terminated());
 }
 
-TEST(Panel, ClosingItDropsAQueuedStep) {
-    Stage stage;
+TEST_F(Panel, ClosingItDropsAQueuedStep) {
     stage.desktop.addProgram(keynote(40).window("deck.key"));
-    stage.launch();
     stage.app->consumeSlideEvent("next", "1", "test");
     stage.desktop.userClosesPanel();
     stage.desktop.runReady();
     EXPECT_THAT(stage.desktop.program(40).keys(), IsEmpty());
 }
 
-TEST(Panel, QuittingDropsQueuedWork) {
-    Stage stage;
-    stage.desktop.addProgram(keynote(40).window("deck.key"));
-    stage.launch();
-    stage.app->consumeSlideEvent("next", "1", "test");
-    stage.app->consumeSlideEvent("next", "2", "test");
-    stage.desktop.userPressesMenuItem("退出 Stagehopper");
-    stage.app.reset();
-    stage.desktop.runReady();
-    EXPECT_THAT(stage.desktop.program(40).keys(), IsEmpty());
-}
-
-TEST(Panel, APostAfterTheWindowIsGoneIsNotDelivered) {
-    Stage stage;
-    stage.launch();
+TEST_F(Panel, APostAfterTheWindowIsGoneIsNotDelivered) {
     auto page = stage.desktop.panelPage();
     stage.desktop.userClosesPanel();
     stage.app.reset();
@@ -85,10 +63,8 @@ TEST(Panel, APostAfterTheWindowIsGoneIsNotDelivered) {
     EXPECT_THAT(stage.lines(), IsEmpty());
 }
 
-TEST(Panel, OnlyTheEntryPointHoldsTheController) {
-    Stage stage;
+TEST_F(Panel, OnlyTheEntryPointHoldsTheController) {
     stage.desktop.addProgram(keynote(40).window("deck.key"));
-    stage.launch();
     stage.step("next");
     stage.app->consumeSlideEvent("next", "", "test");
     const std::weak_ptr<AppController> observed = stage.app;
@@ -156,33 +132,22 @@ TEST_F(ResourceDirectory, IsOtherwiseInTheWorkingDirectoryEvenIfMissing) {
     EXPECT_EQ(stage.app->resourceDir(), "/home/user/Resources");
 }
 
-TEST(BridgeCommands, DebugTextBecomesALine) {
-    Stage stage;
-    stage.launch();
+using BridgeCommands = LaunchedStage;
+
+TEST_F(BridgeCommands, DebugTextBecomesALine) {
     stage.pagePosts("DBG:hello | world");
     EXPECT_THAT(stage.lines(), ElementsAre("panel_debug hello | world"));
 }
 
-TEST(BridgeCommands, EmptyDebugTextBecomesALineWithoutDetail) {
-    Stage stage;
-    stage.launch();
-    stage.pagePosts("DBG:");
-    EXPECT_THAT(stage.lines(), ElementsAre("panel_debug"));
-}
-
-TEST(BridgeCommands, ASlideStepReachesTheProgram) {
-    Stage stage;
+TEST_F(BridgeCommands, ASlideStepReachesTheProgram) {
     stage.desktop.addProgram(keynote(40).window("deck.key"));
-    stage.launch();
     stage.pagePosts("PPT:prev|7|panel");
     EXPECT_THAT(stage.lines("native_bridge_received"),
                 ElementsAre("native_bridge_received direction=prev seq=7 source=panel"));
     EXPECT_THAT(stage.desktop.program(40).keysDown(), ElementsAre(123));
 }
 
-TEST(BridgeCommands, UnknownTextsAreIgnoredWithoutALine) {
-    Stage stage;
-    stage.launch();
+TEST_F(BridgeCommands, UnknownTextsAreIgnoredWithoutALine) {
     const auto mark = stage.desktop.journal.mark();
     for (const auto& text :
          {""s, "CMD:showOverlay "s, "CMD:"s, "cmd:enableSlideControl"s, "CMD:enableSlideControl\n"s,
@@ -192,17 +157,13 @@ TEST(BridgeCommands, UnknownTextsAreIgnoredWithoutALine) {
     EXPECT_THAT(stage.desktop.journal.effectsSince(mark), IsEmpty());
 }
 
-TEST(BridgeCommands, AHugeMessageIsWrittenWhole) {
-    Stage stage;
-    stage.launch();
+TEST_F(BridgeCommands, AHugeMessageIsWrittenWhole) {
     const std::string text(10'000'000, 'x');
     stage.pagePosts("DBG:" + text);
     EXPECT_EQ(stage.lines().back().size(), text.size() + "panel_debug "s.size());
 }
 
-TEST(BridgeCommands, ABurstIsHandledInOrder) {
-    Stage stage;
-    stage.launch();
+TEST_F(BridgeCommands, ABurstIsHandledInOrder) {
     for (int i = 0; i < 10'000; ++i) {
         stage.desktop.panelPage().posts("bridge", "DBG:" + std::to_string(i));
     }

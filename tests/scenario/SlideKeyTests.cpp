@@ -4,8 +4,8 @@
 
 #include "presentation/SlideDirection.h"
 #include "presentation/SlideTargetChoice.h"
+#include "tests/scenario/LaunchedStage.h"
 #include "tests/scenario/Programs.h"
-#include "tests/scenario/SlideStepFixture.h"
 
 namespace stagehopper {
 namespace {
@@ -15,7 +15,7 @@ using simulated::item;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-using SlideKeyDelivery = SlideStepping;
+using SlideKeyDelivery = LaunchedStage;
 
 TEST_F(SlideKeyDelivery, AKeyIsHeldForFiftyMilliseconds) {
     stage.desktop.addProgram(keynote(40).window("deck.key"));
@@ -39,47 +39,6 @@ TEST_F(SlideKeyDelivery, KeynoteInFrontWithoutTheItemGetsTheRightArrow) {
                                                       "bundle=com.apple.iWork.Keynote"));
     EXPECT_THAT(stage.desktop.program(40).keysDown(), ElementsAre(124));
 }
-
-TEST_F(SlideKeyDelivery, PreviewInFrontGetsTheLeftArrowForPrevWithoutAMenuLine) {
-    stage.desktop.addProgram(preview(60).window("deck.pdf"));
-    stage.desktop.bringToFront(60);
-    stepAfresh("prev");
-    EXPECT_THAT(stage.lines("menu_path"), IsEmpty());
-    EXPECT_THAT(stage.lines("key_sent"),
-                ElementsAre("key_sent strategy=preview_arrows keycodes_next/prev=124/123 sent=123 "
-                            "dir=prev dispatch=pid"));
-    EXPECT_THAT(stage.desktop.program(60).keysDown(), ElementsAre(123));
-}
-
-struct KeyCase {
-    const char* bundleId;
-    const char* window;
-    int next;
-    int previous;
-};
-
-class SlideKeys : public testing::TestWithParam<KeyCase> {};
-
-TEST_P(SlideKeys, AreThoseOfTheProgramsRow) {
-    Stage stage;
-    stage.desktop.addProgram(
-        simulated::program(GetParam().bundleId).pid(70).window(GetParam().window));
-    stage.launch();
-    stage.step("next");
-    stage.step("prev");
-    EXPECT_THAT(stage.desktop.program(70).keysDown(),
-                ElementsAre(GetParam().next, GetParam().previous));
-}
-
-INSTANTIATE_TEST_SUITE_P(Rows, SlideKeys,
-                         testing::Values(KeyCase{"com.microsoft.Powerpoint", "deck", 121, 116},
-                                         KeyCase{"com.kingsoft.wpsoffice.mac", "deck", 121, 116},
-                                         KeyCase{"com.apple.iWork.Keynote", "deck", 124, 123},
-                                         KeyCase{"com.apple.Preview", "deck.pdf", 124, 123},
-                                         KeyCase{"com.apple.Safari", "deck", 124, 123},
-                                         KeyCase{"com.google.Chrome", "deck", 124, 123},
-                                         KeyCase{"org.mozilla.firefox", "deck", 124, 123},
-                                         KeyCase{"com.microsoft.edgemac", "deck", 124, 123}));
 
 TEST_F(SlideKeyDelivery, AKeyThatCannotBeMadeIsLoggedAndTheTargetStillRemembered) {
     stage.desktop.addProgram(keynote(40).window("deck.key"));

@@ -5,8 +5,8 @@
 #include "presentation/SlideApplications.h"
 #include "presentation/SlideDirection.h"
 #include "presentation/SlideTargetChoice.h"
+#include "tests/scenario/LaunchedStage.h"
 #include "tests/scenario/Programs.h"
-#include "tests/scenario/SlideStepFixture.h"
 
 namespace stagehopper {
 namespace {
@@ -14,6 +14,8 @@ namespace {
 using simulated::item;
 using testing::ElementsAre;
 using testing::IsEmpty;
+
+using SlideStepping = LaunchedStage;
 
 TEST_F(SlideStepping, PowerPointInFrontIsSteppedByItsMenuAlone) {
     stage.desktop.addProgram(
@@ -108,19 +110,6 @@ TEST_F(SlideStepping, TheContextHasTheCurrentTrust) {
                             "title=-"));
 }
 
-TEST_F(SlideStepping, AStepIsFinishedBeforeTheNextBegins) {
-    stage.desktop.addProgram(keynote(40).window("deck.key"));
-    stage.app->consumeSlideEvent("next", "", "test");
-    stage.app->consumeSlideEvent("prev", "", "test");
-    stage.desktop.runReady();
-    const auto keys = stage.desktop.program(40).keys();
-    ASSERT_EQ(keys.size(), 4U);
-    EXPECT_EQ(keys[1].key, 124);
-    EXPECT_FALSE(keys[1].down);
-    EXPECT_EQ(keys[2].key, 123);
-    EXPECT_GE(keys[2].at, keys[1].at);
-}
-
 TEST_F(SlideStepping, WithoutASupportedProgramOnlyTheContextAndTheReasonAreLogged) {
     stage.desktop.addProgram(simulated::program("com.apple.TextEdit").pid(5).window("notes"));
     stage.desktop.bringToFront(5);
@@ -141,14 +130,6 @@ TEST_F(SlideStepping, AbsentValuesAreWrittenAsNilOrADash) {
                 ElementsAre("native_bridge_received direction=next seq=- source=test",
                             "exec_context ax=true front=nil self=nil title=-",
                             "blocked_no_target no_supported_presentation_window front=nil"));
-}
-
-TEST_F(SlideStepping, WithNothingInFrontATargetCountsAsBackground) {
-    stage.desktop.addProgram(keynote(40).window("deck.key"));
-    stage.desktop.bringNothingToFront();
-    stepAfresh("next");
-    EXPECT_THAT(stage.lines("completed"), ElementsAre("completed path=detected_profiled_background "
-                                                      "bundle=com.apple.iWork.Keynote"));
 }
 
 TEST_F(SlideStepping, AFrontProgramWithoutAnIdentityIsWrittenAsNil) {

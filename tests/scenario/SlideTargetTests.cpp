@@ -2,8 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include "tests/scenario/LaunchedStage.h"
 #include "tests/scenario/Programs.h"
-#include "tests/scenario/Stage.h"
 
 namespace stagehopper {
 namespace {
@@ -11,33 +11,23 @@ namespace {
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-class SlideTarget : public testing::Test {
+class SlideTarget : public LaunchedStage {
 protected:
-    SlideTarget() { stage.launch(); }
-
     /// Steps once. Returns the product that was stepped, or "none".
     std::string stepped() {
-        stage.forget();
-        stage.step("next");
+        stepAfresh("next");
         if (stage.lines("completed").empty()) return "none";
         const auto line = stage.lines("completed").front();
         return line.substr(line.find("bundle=") + 7);
     }
     /// Steps once. Returns the process that was chosen.
     platform::Pid steppedPid() {
-        stage.forget();
-        stage.step("next");
+        stepAfresh("next");
         if (stage.lines("target_resolved").empty()) return 0;
         const auto line = stage.lines("target_resolved").front();
         return std::stoi(line.substr(line.find("pid=") + 4));
     }
-
-    Stage stage;
 };
-
-TEST_F(SlideTarget, WithoutAnyKnownProgramThereIsNone) {
-    EXPECT_EQ(stepped(), "none");
-}
 
 TEST_F(SlideTarget, ThisProgramIsNeverItsOwnTarget) {
     stage.desktop.host.bundleId = "com.google.Chrome";
@@ -54,11 +44,6 @@ TEST_F(SlideTarget, AnUnknownProgramIsNeverATarget) {
     stage.desktop.addProgram(
         simulated::program("com.microsoft.PowerPoint").pid(12).window("deck.pptx"));
     EXPECT_EQ(stepped(), "none") << "identities are case-sensitive";
-}
-
-TEST_F(SlideTarget, AProgramWithoutAWindowIsNeverATarget) {
-    stage.desktop.addProgram(powerPoint(50));
-    EXPECT_EQ(stepped(), "none");
 }
 
 TEST_F(SlideTarget, AProgramWithBlankOrUnreadableTitlesIsNeverATarget) {
@@ -87,13 +72,6 @@ TEST_F(SlideTarget, WpsIsATargetWithAnyTitle) {
     EXPECT_EQ(stepped(), "com.kingsoft.wpsoffice.mac");
 }
 
-TEST_F(SlideTarget, TheOneInFrontBeatsABetterRank) {
-    stage.desktop.addProgram(powerPoint(50).window("deck.pptx"));
-    stage.desktop.addProgram(keynote(40).window("deck.key"));
-    stage.desktop.bringToFront(40);
-    EXPECT_EQ(stepped(), "com.apple.iWork.Keynote");
-}
-
 TEST_F(SlideTarget, ThePreviousTargetStaysTheTargetWhenAnotherComesToTheFront) {
     stage.desktop.addProgram(powerPoint(50).window("deck.pptx"));
     stage.desktop.addProgram(keynote(40).window("deck.key"));
@@ -114,37 +92,12 @@ TEST_F(SlideTarget, ARestartedPreviousTargetIsFoundByItsProduct) {
     EXPECT_EQ(steppedPid(), 51);
 }
 
-TEST_F(SlideTarget, OfTwoProcessesOfOneProductThePreviousTargetStaysTheTarget) {
-    stage.desktop.addProgram(powerPoint(50).window("other.pptx"));
-    stage.desktop.addProgram(powerPoint(51).window("deck.pptx"));
-    stage.desktop.bringToFront(51);
-    ASSERT_EQ(steppedPid(), 51);
-    stage.desktop.bringNothingToFront();
-    EXPECT_EQ(steppedPid(), 51);
-}
-
-TEST_F(SlideTarget, WhenThePreviousTargetHasQuitTheOneInFrontIsTaken) {
-    stage.desktop.addProgram(powerPoint(50).window("deck.pptx"));
-    stage.desktop.addProgram(chrome(30).window("Slides"));
-    stage.desktop.bringToFront(50);
-    ASSERT_EQ(steppedPid(), 50);
-    stage.desktop.quitProgram(50);
-    stage.desktop.bringToFront(30);
-    EXPECT_EQ(steppedPid(), 30);
-}
-
 TEST_F(SlideTarget, APreviousTargetWithoutTitledWindowsIsNoLongerTheTarget) {
     stage.desktop.addProgram(powerPoint(50).window("deck.pptx"));
     stage.desktop.addProgram(keynote(40).window("deck.key"));
     ASSERT_EQ(stepped(), "com.microsoft.Powerpoint");
     stage.desktop.program(50).closeWindows();
     EXPECT_EQ(stepped(), "com.apple.iWork.Keynote");
-}
-
-TEST_F(SlideTarget, AmongBrowsersTheLowerProcessIdIsTaken) {
-    stage.desktop.addProgram(safari(31).window("Slides"));
-    stage.desktop.addProgram(chrome(30).window("Slides"));
-    EXPECT_EQ(steppedPid(), 30);
 }
 
 TEST_F(SlideTarget, AProgramWithUnreadableWindowsIsSkipped) {

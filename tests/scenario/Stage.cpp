@@ -78,18 +78,6 @@ simulated::Server& Stage::serveMeetings(int port, const std::string& meetings) {
     return server;
 }
 
-void Stage::joinRoom(const std::string& roomCode) {
-    serveMeetings(3000, R"({"roomCode":")" + roomCode +
-                            R"(","roomName":"","createdAt":1,"participants":[)"
-                            R"({"userId":"phone-1","displayName":"","role":"guest"}]})");
-    launch();
-}
-
-void Stage::roomSends(const std::string& text) {
-    desktop.network.sends(socket(), text);
-    desktop.runReady();
-}
-
 std::string Stage::logFile() {
     return desktop.files.contents(logPath);
 }

@@ -45,14 +45,6 @@ public:
     void installServingBackend(int port);
     /// A server on this port that lists these meetings; each is a JSON object.
     simulated::Server& serveMeetings(int port, const std::string& meetings);
-    /// A server on port 3000 with one meeting, to which the program is connected.
-    void joinRoom(const std::string& roomCode);
-    /// The server's end of the newest slide socket on port 3000.
-    [[nodiscard]] simulated::SocketConnection& socket() {
-        return desktop.network.lastConnection(3000);
-    }
-    /// The server sends a text on it. Runs all due work.
-    void roomSends(const std::string& text);
 
     static constexpr const char* backendPath = "/app/Resources/StagehopperBackend-arm64";
     static constexpr const char* logPath = "/tmp/stagehopper_debug.log";

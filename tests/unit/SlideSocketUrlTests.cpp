@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace stagehopper {
 namespace {
 
@@ -13,62 +15,44 @@ std::string urlOf(std::string_view server, std::string_view room = "AB12") {
     return slideSocketUrl(server, room, "overlay-native-3F2A9C1B").value_or("none");
 }
 
-TEST(SlideSocketUrl, HasThePathAndTheFiveItemsInOrder) {
-    EXPECT_EQ(urlOf("http://127.0.0.1:3000"), std::string("ws://127.0.0.1:3000/ws") + query);
-}
-
-TEST(SlideSocketUrl, HttpsBecomesWss) {
-    EXPECT_EQ(urlOf("https://127.0.0.1:3000"), std::string("wss://127.0.0.1:3000/ws") + query);
-}
-
-TEST(SlideSocketUrl, SocketSchemesAreNotChanged) {
-    EXPECT_EQ(urlOf("ws://127.0.0.1:3000"), std::string("ws://127.0.0.1:3000/ws") + query);
-    EXPECT_EQ(urlOf("wss://h"), std::string("wss://h/ws") + query);
-}
-
-TEST(SlideSocketUrl, TheServersPathPrecedesTheSuffix) {
-    EXPECT_EQ(urlOf("ws://h/x"), std::string("ws://h/x/ws") + query);
-    EXPECT_EQ(urlOf("http://h/"), std::string("ws://h//ws") + query);
-    EXPECT_EQ(urlOf("ws://h/ws"), std::string("ws://h/ws/ws") + query);
-}
-
-TEST(SlideSocketUrl, TheServersQueryIsReplaced) {
-    EXPECT_EQ(urlOf("http://h?token=1"), std::string("ws://h") + query);
-    EXPECT_EQ(urlOf("http://h/p?a=b"), std::string("ws://h/p") + query);
-}
-
-TEST(SlideSocketUrl, ReplacesTheSchemeInEveryPlace) {
-    EXPECT_EQ(urlOf("http://h/http://g"), std::string("ws://h/ws://g/ws") + query);
-}
-
-TEST(SlideSocketUrl, SchemesAreComparedExactly) {
-    EXPECT_EQ(urlOf("HTTP://h"), std::string("HTTP://h/ws") + query);
-    EXPECT_EQ(urlOf("WS://h"), std::string("WS://h/ws") + query);
+TEST(SlideSocketUrl, HasTheServersSchemeAndPathThenTheFiveItemsInOrder) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"http://127.0.0.1:3000", "ws://127.0.0.1:3000/ws"},
+        {"https://127.0.0.1:3000", "wss://127.0.0.1:3000/ws"},
+        {"ws://127.0.0.1:3000", "ws://127.0.0.1:3000/ws"},
+        {"wss://h", "wss://h/ws"},
+        // The server's path precedes the suffix.
+        {"ws://h/x", "ws://h/x/ws"},
+        {"http://h/", "ws://h//ws"},
+        {"ws://h/ws", "ws://h/ws/ws"},
+        // Its query is replaced.
+        {"http://h?token=1", "ws://h"},
+        {"http://h/p?a=b", "ws://h/p"},
+        // The scheme is replaced in every place, and compared exactly.
+        {"http://h/http://g", "ws://h/ws://g/ws"},
+        {"HTTP://h", "HTTP://h/ws"},
+        {"WS://h", "WS://h/ws"},
+        // A valid URL need not be reachable.
+        {"http://h:65536", "ws://h:65536/ws"},
+        {"http://:3000", "ws://:3000/ws"},
+        {"http://", "ws:///ws"},
+        {"ftp://h", "ftp://h/ws"},
+        {"localhost:3000", "localhost:3000/ws"},
+        {"h", "h/ws"},
+        {"", "/ws"},
+        // An address may have a zone; characters beyond ASCII are escaped.
+        {"http://[fe80::1%25eth0]:3000", "ws://[fe80::1%25eth0]:3000/ws"},
+        {"http://[fe80::1%eth0]", "ws://[fe80::1%25eth0]/ws"},
+        {"http://会/议", "ws://%E4%BC%9A/%E8%AE%AE/ws"},
+    };
+    for (const auto& [server, expected] : cases) {
+        EXPECT_EQ(urlOf(server), std::string(expected) + query) << server;
+    }
 }
 
 TEST(SlideSocketUrl, AFragmentFollowsTheQuery) {
     EXPECT_EQ(urlOf("http://h#part"), std::string("ws://h") + query + "#part/ws");
     EXPECT_EQ(urlOf("http://h/p?a=b#c?d"), std::string("ws://h/p") + query + "#c?d/ws");
-}
-
-TEST(SlideSocketUrl, AValidUrlNeedNotBeReachable) {
-    EXPECT_EQ(urlOf("http://h:65536"), std::string("ws://h:65536/ws") + query);
-    EXPECT_EQ(urlOf("http://:3000"), std::string("ws://:3000/ws") + query);
-    EXPECT_EQ(urlOf("http://"), std::string("ws:///ws") + query);
-    EXPECT_EQ(urlOf("ftp://h"), std::string("ftp://h/ws") + query);
-    EXPECT_EQ(urlOf("localhost:3000"), std::string("localhost:3000/ws") + query);
-    EXPECT_EQ(urlOf("h"), std::string("h/ws") + query);
-    EXPECT_EQ(urlOf(""), std::string("/ws") + query);
-}
-
-TEST(SlideSocketUrl, AnAddressMayHaveAZone) {
-    EXPECT_EQ(urlOf("http://[fe80::1%25eth0]:3000"),
-              std::string("ws://[fe80::1%25eth0]:3000/ws") + query);
-    EXPECT_EQ(urlOf("http://[fe80::1%eth0]"), std::string("ws://[fe80::1%25eth0]/ws") + query);
-}
-
-TEST(SlideSocketUrl, CharactersBeyondAsciiAreEscaped) {
-    EXPECT_EQ(urlOf("http://会/议"), std::string("ws://%E4%BC%9A/%E8%AE%AE/ws") + query);
 }
 
 TEST(SlideSocketUrl, TheRoomIsPercentEncoded) {

@@ -22,42 +22,30 @@ platform::Pid chosen(const std::vector<RankedCandidate>& candidates,
     return choice ? choice->app.processIdentifier : 0;
 }
 
-TEST(SlideTargetChoice, WithoutCandidatesThereIsNoTarget) {
-    EXPECT_FALSE(chooseSlideTarget({}, {50, "com.microsoft.Powerpoint", 50}));
-}
-
-TEST(SlideTargetChoice, TheBestRankWinsWhenNothingElseDecides) {
-    EXPECT_EQ(chosen({chrome, keynote, powerPoint, safari}, {}), 50);
-}
-
-TEST(SlideTargetChoice, AmongEqualRanksTheLowerProcessIdWins) {
-    EXPECT_EQ(chosen({safari, chrome}, {}), 30);
-    EXPECT_EQ(chosen({chrome, safari}, {}), 30);
-}
-
-TEST(SlideTargetChoice, TheOneInFrontBeatsABetterRank) {
-    EXPECT_EQ(chosen({powerPoint, keynote}, {{}, {}, 40}), 40);
-}
-
-TEST(SlideTargetChoice, AFrontProgramThatIsNotACandidateHasNoInfluence) {
-    EXPECT_EQ(chosen({powerPoint, keynote}, {{}, {}, 7}), 50);
-}
-
-TEST(SlideTargetChoice, ThePreviousProcessBeatsTheOneInFront) {
-    EXPECT_EQ(chosen({powerPoint, keynote}, {50, "com.microsoft.Powerpoint", 40}), 50);
-}
-
-TEST(SlideTargetChoice, ThePreviousProcessBeatsAnotherOfTheSameProduct) {
-    const auto second = candidate(20, "com.microsoft.Powerpoint", 0);
-    EXPECT_EQ(chosen({second, powerPoint}, {50, "com.microsoft.Powerpoint", {}}), 50);
-}
-
-TEST(SlideTargetChoice, ARestartedPreviousProductBeatsTheOneInFront) {
-    EXPECT_EQ(chosen({keynote, powerPoint}, {49, "com.microsoft.Powerpoint", 40}), 50);
-}
-
-TEST(SlideTargetChoice, IfThePreviousOneIsGoneTheOneInFrontIsTaken) {
-    EXPECT_EQ(chosen({safari, chrome, keynote}, {50, "com.microsoft.Powerpoint", 31}), 31);
+TEST(SlideTargetChoice, IsThePreviousOneThenTheOneInFrontThenTheBestRank) {
+    const std::string powerPoints = "com.microsoft.Powerpoint";
+    const auto second = candidate(20, powerPoints, 0);
+    struct Case {
+        const char* rule;
+        std::vector<RankedCandidate> candidates;
+        SlideTargetHistory history;
+        platform::Pid expected;
+    };
+    const Case cases[] = {
+        {"without candidates there is none", {}, {50, powerPoints, 50}, 0},
+        {"the best rank", {chrome, keynote, powerPoint, safari}, {}, 50},
+        {"among equal ranks the lower process id", {safari, chrome}, {}, 30},
+        {"the same in another order", {chrome, safari}, {}, 30},
+        {"the one in front beats a better rank", {powerPoint, keynote}, {{}, {}, 40}, 40},
+        {"a front program that is no candidate", {powerPoint, keynote}, {{}, {}, 7}, 50},
+        {"the previous process beats the front", {powerPoint, keynote}, {50, powerPoints, 40}, 50},
+        {"and another process of its product", {second, powerPoint}, {50, powerPoints, {}}, 50},
+        {"a restarted product beats the front", {keynote, powerPoint}, {49, powerPoints, 40}, 50},
+        {"after its end: the front", {safari, chrome, keynote}, {50, powerPoints, 31}, 31},
+    };
+    for (const auto& one : cases) {
+        EXPECT_EQ(chosen(one.candidates, one.history), one.expected) << one.rule;
+    }
 }
 
 TEST(SlideTargetChoice, APresentationsFileNameSuggestsSlides) {

@@ -9,9 +9,9 @@
 namespace stagehopper {
 
 /// A launched program; the tests add presentation programs and step them.
-class SlideStepping : public testing::Test {
+class LaunchedStage : public testing::Test {
 protected:
-    SlideStepping() { stage.launch(); }
+    LaunchedStage() { stage.launch(); }
     /// Steps, and keeps only the lines of this step.
     void stepAfresh(std::string_view direction) {
         stage.forget();

@@ -76,28 +76,8 @@ TEST_F(AbuseTest, AThousandRefusedRequestsCauseOneLogLineASecondAndAreCounted) {
     EXPECT_EQ(lines + leftOut, 1000);
 }
 
-std::string nested(std::size_t bytes) {
-    return std::string(bytes / 2, '[') + std::string(bytes / 2, ']');
-}
-
-TEST_F(AbuseTest, DeepNestingIsParsedLikeOtherJson) {
-    const std::string deep = nested(4000);
-    EXPECT_EQ(ownPageRequest(port_, "POST", "/v1/meetings", R"({"roomName":)" + deep + "}").status,
-              400);
-    for (const std::string& message : {deep, R"({"type":)" + deep + "}"}) {
-        RoomClient phone = join("phone-1");
-        phone.send(message);
-        const auto closed = phone.closed(5s);
-        ASSERT_TRUE(closed);
-        EXPECT_EQ(closed->reason, "bad message");
-    }
-    RoomClient phone = join("phone-2");
-    phone.send(R"({"type":"slide_nav","direction":"next","id":"a","more":)" + deep + "}");
-    EXPECT_TRUE(phone.next("slide_nav", 5s)) << "unknown members are ignored";
-}
-
 TEST_F(AbuseTest, DeeperNestingExceedsTheSizeLimit) {
-    const std::string deep = nested(200 * 1024);
+    const std::string deep = std::string(100 * 1024, '[') + std::string(100 * 1024, ']');
     EXPECT_EQ(ownPageRequest(port_, "POST", "/v1/meetings", R"({"roomName":)" + deep + "}").status,
               413);
     RoomClient phone = join("phone-1");
@@ -175,18 +155,6 @@ TEST_F(AbuseTest, AnotherUserOfThisMachineCannotLockOutPhones) {
     const Crowder crowder(port_);
     ASSERT_TRUE(crowder.ready());
     EXPECT_EQ(request(port_, "GET", "/phone", {}, {}, addresses.front()).status, 200);
-}
-
-TEST_F(AbuseTest, RoomCodesCannotBeGuessedFromTheNetwork) {
-    const auto addresses = likelyFirst(localAddresses());
-    if (addresses.empty()) GTEST_SKIP() << "this machine has no network address";
-    std::string unknown = query("phone-1") + "&secret=guess";
-    unknown.replace(unknown.find('=') + 1, 6, "ZZZZZZ");
-    const auto status = [&] {
-        return request(port_, "GET", "/ws?" + unknown, {}, {}, addresses.front()).status;
-    };
-    for (int i = 0; i < 10; ++i) EXPECT_EQ(status(), 404);
-    EXPECT_EQ(status(), 429);
 }
 
 }  // namespace

@@ -9,7 +9,7 @@
 #include <regex>
 
 #include "tests/companion/FakeConnection.h"
-#include "tests/companion/TemporaryFolder.h"
+#include "tests/drivers/TemporaryFolder.h"
 
 namespace stagehopper::companion {
 namespace {
@@ -89,6 +89,8 @@ TEST_F(ApiTest, AnInvalidBodyIsRefused) {
         EXPECT_EQ(create(body).status, 400U) << body;
     }
     EXPECT_EQ(create(R"({"roomName":")" + std::string(65, 'a') + "\"}").status, 400U);
+    const std::string deep = std::string(2000, '[') + std::string(2000, ']');
+    EXPECT_EQ(create(R"({"roomName":)" + deep + "}").status, 400U);
     EXPECT_TRUE(meetings_.all().empty());
 }
 

@@ -14,7 +14,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "tests/companion/TemporaryFolder.h"
+#include "tests/drivers/TemporaryFolder.h"
 
 namespace stagehopper::companion {
 namespace {

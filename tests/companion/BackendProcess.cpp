@@ -3,7 +3,6 @@
 #include <arpa/inet.h>
 #include <gtest/gtest.h>
 #include <netinet/in.h>
-#include <poll.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -44,10 +43,6 @@ bool canBind(std::uint16_t port) {
 }
 
 }  // namespace
-
-void shortPause() {
-    ::poll(nullptr, 0, 5);
-}
 
 std::uint16_t BackendProcess::unusedPort() {
     // Below the ephemeral ports, and different for tests that run in parallel.
@@ -103,13 +98,14 @@ void BackendProcess::kill() {
 }
 
 std::optional<int> BackendProcess::exitStatus(std::chrono::milliseconds limit) {
-    becomesTrue(limit, [this] {
+    const auto hasEnded = [this] {
         int raw = 0;
         if (!status_ && ::waitpid(id_, &raw, WNOHANG) == id_) {
             status_ = WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
         }
         return status_.has_value();
-    });
+    };
+    static_cast<void>(desktop::waitFor(hasEnded, limit));
     return status_;
 }
 
@@ -119,7 +115,7 @@ std::string BackendProcess::log() const {
 }
 
 bool BackendProcess::logs(const std::string& text, std::chrono::milliseconds limit) const {
-    return becomesTrue(limit, [&] { return log().find(text) != std::string::npos; });
+    return desktop::waitFor([&] { return log().find(text) != std::string::npos; }, limit);
 }
 
 FakeParent::FakeParent() : id_(::fork()) {

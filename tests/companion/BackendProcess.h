@@ -8,22 +8,10 @@
 #include <string>
 #include <vector>
 
-#include "tests/companion/TemporaryFolder.h"
+#include "tests/drivers/TemporaryFolder.h"
+#include "tests/drivers/desktop/WaitFor.h"
 
 namespace stagehopper::companion {
-
-void shortPause();
-
-/// Waits until the condition is true. False if the limit passes.
-template <typename Condition>
-bool becomesTrue(std::chrono::milliseconds limit, Condition condition) {
-    const auto latest = std::chrono::steady_clock::now() + limit;
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() >= latest) return false;
-        shortPause();
-    }
-    return true;
-}
 
 /// The real backend as a child process with its own home and ports. The destructor ends it, and
 /// fails the test if its exit status is not 0.

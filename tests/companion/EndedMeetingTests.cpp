@@ -52,7 +52,7 @@ TEST_F(EndedMeetingTest, ANinthWaitingHostIsClosed) {
     for (int i = 0; i < 8; ++i) hosts.push_back(join("overlay-native-" + std::to_string(i)));
     EXPECT_EQ(join("overlay-native-8").closed(5s)->code, 1000);
     hosts.pop_back();
-    EXPECT_TRUE(becomesTrue(5s, [&] { return !join("overlay-native-8").closed(100ms); }))
+    EXPECT_TRUE(desktop::waitFor([&] { return !join("overlay-native-8").closed(100ms); }, 5s))
         << "one has disconnected";
 }
 

@@ -72,13 +72,6 @@ TEST_F(HttpTest, EveryResponseHasTheSecurityHeaders) {
                 HasSubstr("connect-src 'self' ws://" + host_));
 }
 
-TEST_F(HttpTest, AForeignHostNameIsRefused) {
-    EXPECT_EQ(request(port_, "GET", "/health", {{"Host", "evil.example:" + std::to_string(port_)}})
-                  .status,
-              421);
-    EXPECT_EQ(request(port_, "GET", "/v1/meetings/active", {{"Host", "localhost"}}).status, 421);
-}
-
 TEST_F(HttpTest, AWebPageIsRefused) {
     for (const char* origin : {"http://evil.example", "null", "file://"}) {
         EXPECT_EQ(request(port_, "GET", "/v1/meetings/active", {{"Origin", origin}}).status, 403);
@@ -204,7 +197,7 @@ TEST_F(HttpTest, ANetworkAddressMayOpenSixtyFourConnections) {
     EXPECT_EQ(phone(), 503);
     expectServing();
     held.pop_back();
-    EXPECT_TRUE(becomesTrue(5s, [&] { return phone() == 200; })) << "one has disconnected";
+    EXPECT_TRUE(desktop::waitFor([&] { return phone() == 200; }, 5s)) << "one has disconnected";
 }
 
 }  // namespace

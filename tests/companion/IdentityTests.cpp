@@ -80,12 +80,5 @@ TEST_F(IdentityTest, AReconnectReplacesTheOldConnectionOfTheClient) {
     }
 }
 
-TEST_F(IdentityTest, AStepHasTheIdThatTheWelcomeContained) {
-    RoomClient phone = join("phone-1");
-    const std::string own = phone.next("welcome", 5s)->at("userId");
-    phone.send(step("a"));
-    EXPECT_EQ(phone.next("slide_nav", 5s)->at("userId"), own);
-}
-
 }  // namespace
 }  // namespace stagehopper::companion

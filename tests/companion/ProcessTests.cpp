@@ -1,9 +1,7 @@
 // The start and the end of the backend.
 #include <gtest/gtest.h>
 
-#include "tests/companion/BackendProcess.h"
-#include "tests/companion/RawClient.h"
-#include "tests/companion/RoomClient.h"
+#include "tests/companion/Room.h"
 
 namespace stagehopper::companion {
 namespace {
@@ -57,42 +55,29 @@ TEST(BackendProcess, EndsWithTheParentThatStartedIt) {
     const std::uint16_t port = backend.port();
     ASSERT_EQ(request(port, "GET", "/health").status, 200);
     backend.kill();
-    EXPECT_TRUE(becomesTrue(1500ms, [&] { return request(port, "GET", "/health").status == 0; }));
+    EXPECT_TRUE(
+        desktop::waitFor([&] { return request(port, "GET", "/health").status == 0; }, 1500ms));
     EXPECT_TRUE(backend.logs("ending parent gone", 1s));
 }
 
-TEST(BackendProcess, ClosesItsConnectionsAndEndsWithinASecondAfterASignal) {
-    BackendProcess backend;
-    const auto made =
-        nlohmann::json::parse(ownPageRequest(backend.port(), "POST", "/v1/meetings").body);
-    RoomClient client({.port = backend.port(),
-                       .query = "roomCode=" + made["roomCode"].get<std::string>() +
-                                "&userId=a&role=guest&displayName=a&cursorColor=%23000000",
-                       .origin = {}});
+TEST_F(RoomTest, ASignalClosesItsConnectionsAndEndsTheBackendWithinASecond) {
+    RoomClient client = join("a");
     ASSERT_TRUE(client.next("welcome", 5s));
-    RawClient silent(backend.port());
-    backend.terminate();
+    RawClient silent(port_);
+    backend_.terminate();
     const auto closed = client.closed(1s);
     ASSERT_TRUE(closed);
     EXPECT_EQ(closed->code, 1001);
     EXPECT_EQ(closed->reason, "shutting down");
-    EXPECT_EQ(backend.exitStatus(1s), 0);
+    EXPECT_EQ(backend_.exitStatus(1s), 0);
 }
 
-TEST(BackendProcess, EndsWithinASecondEvenIfAClientDoesNotReplyToTheClose) {
-    BackendProcess backend;
-    const auto made =
-        nlohmann::json::parse(ownPageRequest(backend.port(), "POST", "/v1/meetings").body);
-    RawClient deaf(backend.port());
-    const std::string host = "127.0.0.1:" + std::to_string(backend.port());
-    deaf.send(
-        "GET /ws?roomCode=" + made["roomCode"].get<std::string>() +
-        "&userId=deaf&role=guest&displayName=&cursorColor=%23000000 HTTP/1.1\r\nHost: " + host +
-        "\r\nUpgrade: websocket\r\nConnection: Upgrade\r\nSec-WebSocket-Version: 13\r\n"
-        "Sec-WebSocket-Key: AAAAAAAAAAAAAAAAAAAAAA==\r\n\r\n");
+TEST_F(RoomTest, ASignalEndsTheBackendWithinASecondEvenIfAClientDoesNotReplyToTheClose) {
+    RawClient deaf(port_);
+    joinRaw(deaf, "deaf");
     ASSERT_NE(deaf.readUntil("welcome", 5s).find("101 Switching"), std::string::npos);
-    backend.terminate();
-    EXPECT_EQ(backend.exitStatus(1s), 0);
+    backend_.terminate();
+    EXPECT_EQ(backend_.exitStatus(1s), 0);
 }
 
 }  // namespace

@@ -32,11 +32,12 @@ protected:
     }
 
     /// Sends a raw handshake, for a client that misbehaves afterwards.
-    void joinRaw(RawClient& client, const std::string& userId) {
+    void joinRaw(RawClient& client, const std::string& userId, const std::string& behind = "") {
         client.send("GET /ws?" + query(userId) +
                     " HTTP/1.1\r\nHost: 127.0.0.1:" + std::to_string(port_) +
                     "\r\nUpgrade: websocket\r\nConnection: Upgrade\r\nSec-WebSocket-Version: 13\r\n"
-                    "Sec-WebSocket-Key: AAAAAAAAAAAAAAAAAAAAAA==\r\n\r\n");
+                    "Sec-WebSocket-Key: AAAAAAAAAAAAAAAAAAAAAA==\r\n\r\n" +
+                    behind);
     }
 
     static std::string step(const std::string& id) {

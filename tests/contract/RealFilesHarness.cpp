@@ -1,10 +1,7 @@
 #include "tests/contract/RealFilesHarness.h"
 
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
-#include <stdexcept>
-#include <system_error>
 
 namespace stagehopper {
 
@@ -16,17 +13,6 @@ void plantProgram(const std::filesystem::path& path, std::string_view contents) 
 }
 
 }  // namespace
-
-RealFilesHarness::RealFilesHarness() {
-    auto name = (std::filesystem::temp_directory_path() / "contract-XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary directory");
-    directory_ = name;
-}
-
-RealFilesHarness::~RealFilesHarness() {
-    std::error_code ignored;
-    std::filesystem::remove_all(directory_, ignored);
-}
 
 void RealFilesHarness::plantFile(const std::filesystem::path& path, std::string_view contents) {
     std::filesystem::create_directories(path.parent_path());

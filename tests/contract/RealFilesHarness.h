@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "tests/contract/PortHarness.h"
+#include "tests/drivers/TemporaryFolder.h"
 
 namespace stagehopper {
 
@@ -12,12 +13,6 @@ namespace stagehopper {
 /// folder, which it removes.
 class RealFilesHarness : public PortHarness {
 public:
-    /// Throws std::runtime_error if the folder cannot be created.
-    RealFilesHarness();
-    ~RealFilesHarness() override;
-    RealFilesHarness(const RealFilesHarness&) = delete;
-    RealFilesHarness& operator=(const RealFilesHarness&) = delete;
-
     std::filesystem::path temporaryDirectory() override { return directory_; }
     void plantFile(const std::filesystem::path& path, std::string_view contents) override;
     void plantLink(const std::filesystem::path& path, const std::filesystem::path& target) override;
@@ -34,7 +29,8 @@ public:
 private:
     [[nodiscard]] std::filesystem::path makeScript(const std::string& command) const;
 
-    std::filesystem::path directory_;
+    TemporaryFolder folder_;
+    std::filesystem::path directory_ = folder_.path();
 };
 
 }  // namespace stagehopper

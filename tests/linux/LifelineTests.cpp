@@ -10,13 +10,12 @@
 #include <thread>
 
 #include "ports/linux/processes/LinuxChildProcesses.h"
+#include "tests/drivers/desktop/WaitFor.h"
 
 namespace stagehopper::linux_port {
 namespace {
 
 using namespace std::chrono_literals;
-
-constexpr auto limit = 10s;
 
 /// Starts a program that runs on and writes its id, and dies without a word.
 [[noreturn]] void dieWithAChild(bool endsWithUs, const std::filesystem::path& idFile) {
@@ -57,12 +56,7 @@ protected:
         return status >> number >> name >> state && state != "Z";
     }
     static bool endsSoon(pid_t process) {
-        const auto deadline = std::chrono::steady_clock::now() + limit;
-        while (lives(process)) {
-            if (std::chrono::steady_clock::now() > deadline) return false;
-            std::this_thread::sleep_for(5ms);
-        }
-        return true;
+        return desktop::waitFor([process] { return !lives(process); }, 10s);
     }
 
     std::filesystem::path idFile;

@@ -6,34 +6,11 @@
 #include <fstream>
 #include <stdexcept>
 
+#include "tests/drivers/TemporaryFolder.h"
 #include "tests/linux/Variable.h"
 
 namespace stagehopper::linux_port {
 namespace {
-
-/// A folder with a program "ping" in it.
-class FolderWithPing {
-public:
-    FolderWithPing() {
-        auto name = (std::filesystem::temp_directory_path() / "tools-XXXXXX").string();
-        if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary directory");
-        path_ = name;
-        std::ofstream(ping()) << "#!/bin/sh\n";
-        std::filesystem::permissions(ping(), std::filesystem::perms::owner_all);
-    }
-    ~FolderWithPing() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path_, ignored);
-    }
-    FolderWithPing(const FolderWithPing&) = delete;
-    FolderWithPing& operator=(const FolderWithPing&) = delete;
-
-    [[nodiscard]] const std::filesystem::path& path() const { return path_; }
-    [[nodiscard]] std::filesystem::path ping() const { return path_ / "ping"; }
-
-private:
-    std::filesystem::path path_;
-};
 
 TEST(SystemTools, TheScriptingLanguageAndTheRadioSwitchAreRefusedWithAReason) {
     for (const char* tool : {"/sbin/ifconfig", "/usr/bin/osascript"}) {
@@ -52,12 +29,15 @@ TEST(SystemTools, TheRouteListingIsAnsweredInRowsOfDefaultRoutes) {
 }
 
 TEST(SystemTools, PingIsTheSystemsAndNotTheFirstInTheUsersPath) {
-    const FolderWithPing folder;
+    const TemporaryFolder folder;
+    const auto usersPing = folder.path() + "/ping";
+    std::ofstream(usersPing) << "#!/bin/sh\n";
+    std::filesystem::permissions(usersPing, std::filesystem::perms::owner_all);
     const Variable path("PATH", folder.path().c_str());
     const auto substitute = systemTool({.executable = "/sbin/ping"});
     const auto* executable = std::get_if<Executable>(&substitute);
     if (executable == nullptr) GTEST_SKIP() << "this machine has no ping";
-    EXPECT_NE(executable->path, folder.ping());
+    EXPECT_NE(executable->path, usersPing);
     EXPECT_TRUE(executable->path.is_absolute());
 }
 

@@ -28,17 +28,6 @@ GVariant* statusProperties() {
 
 }  // namespace
 
-AccessibilitySession::TemporaryFolder::TemporaryFolder() {
-    std::string name = std::filesystem::temp_directory_path() / "accessibility-XXXXXX";
-    if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
-    path = name;
-}
-
-AccessibilitySession::TemporaryFolder::~TemporaryFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path, ignored);
-}
-
 AccessibilitySession::AccessibilitySession() = default;
 
 AccessibilitySession::~AccessibilitySession() {

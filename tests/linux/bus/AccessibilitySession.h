@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 
+#include "tests/drivers/TemporaryFolder.h"
 #include "tests/linux/Variable.h"
 #include "tests/linux/bus/PrivateBus.h"
 
@@ -37,18 +38,11 @@ public:
                          std::chrono::milliseconds limit = std::chrono::seconds(10));
 
 private:
-    struct TemporaryFolder {
-        TemporaryFolder();
-        ~TemporaryFolder();
-        TemporaryFolder(const TemporaryFolder&) = delete;
-        TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-        std::filesystem::path path;
-    };
     TemporaryFolder folder_;
 
 public:
-    PrivateBus sessionBus{folder_.path / "session"};
-    PrivateBus accessibilityBus{folder_.path / "accessibility"};
+    PrivateBus sessionBus{folder_.path() + "/session"};
+    PrivateBus accessibilityBus{folder_.path() + "/accessibility"};
 
 private:
     Variable noDisplay_{"DISPLAY", nullptr};

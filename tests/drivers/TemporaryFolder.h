@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace stagehopper::companion {
+namespace stagehopper {
 
 /// A new folder. The destructor removes it.
 class TemporaryFolder {
@@ -27,4 +27,4 @@ private:
     std::string path_;
 };
 
-}  // namespace stagehopper::companion
+}  // namespace stagehopper

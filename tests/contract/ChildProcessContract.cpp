@@ -7,14 +7,14 @@
 
 #include "platform/ChildProcess.h"
 #include "platform/Dispatch.h"
-#include "tests/contract/PortHarness.h"
+#include "tests/contract/PortTest.h"
 
 namespace stagehopper {
 namespace {
 
 using namespace std::chrono_literals;
 
-class ChildProcessContract : public testing::Test {
+class ChildProcessContract : public PortTest {
 protected:
     /// The calls of a termination handler. The handlers run on other threads, perhaps after the
     /// test.
@@ -42,14 +42,7 @@ protected:
         const auto look = port.dispatch.repeatMain(2ms, [] {});
         return harness->runUntil(done);
     }
-    void runFor(platform::Duration delay) {
-        bool over = false;
-        const auto end = port.dispatch.afterMain(delay, [&over] { over = true; });
-        ASSERT_TRUE(harness->runUntil([&over] { return over; }));
-    }
 
-    std::unique_ptr<PortHarness> harness = makePortHarness();
-    platform::Platform port = harness->platform();
     std::shared_ptr<Exits> exits = std::make_shared<Exits>();
 };
 

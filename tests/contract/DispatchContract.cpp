@@ -7,7 +7,7 @@
 
 #include "platform/Clock.h"
 #include "platform/Dispatch.h"
-#include "tests/contract/PortHarness.h"
+#include "tests/contract/PortTest.h"
 
 namespace stagehopper {
 namespace {
@@ -16,21 +16,13 @@ using namespace std::chrono_literals;
 using platform::Duration;
 using testing::ElementsAre;
 
-class DispatchContract : public testing::Test {
+class DispatchContract : public PortTest {
 protected:
-    std::unique_ptr<PortHarness> harness = makePortHarness();
-    platform::Platform port = harness->platform();
     platform::Dispatch& dispatch = port.dispatch;
     std::vector<int> order;
 
     [[nodiscard]] bool untilOrderHas(std::size_t count) {
         return harness->runUntil([this, count] { return order.size() >= count; });
-    }
-    /// Runs all work that is due before `delay` from now.
-    void runFor(Duration delay) {
-        bool over = false;
-        const auto end = dispatch.afterMain(delay, [&over] { over = true; });
-        ASSERT_TRUE(harness->runUntil([&over] { return over; }));
     }
 };
 

@@ -5,7 +5,7 @@
 #include "platform/Application.h"
 #include "platform/Dispatch.h"
 #include "platform/UserInterface.h"
-#include "tests/contract/PortHarness.h"
+#include "tests/contract/PortTest.h"
 
 namespace stagehopper {
 namespace {
@@ -13,19 +13,11 @@ namespace {
 using namespace std::chrono_literals;
 using testing::ElementsAre;
 
-class Texts final : public platform::ScriptMessageHandler {
-public:
-    void didReceive(const platform::ScriptMessage& message) override {
-        received.push_back(message.text.value_or("(no text)"));
-    }
-    std::vector<std::string> received;
-};
-
-class PanelContract : public testing::Test {
+class PanelContract : public PortTest {
 protected:
     PanelContract() {
         platform::WebViewConfiguration configuration;
-        configuration.messageHandlers["bridge"] = texts;
+        configuration.messageHandlers["bridge"] = recorder;
         view = port.userInterface.makeWebView({0, 0, {200, 100}}, configuration);
         view->setDrawsBackground(false);
         panel = port.userInterface.makePanel({
@@ -46,12 +38,10 @@ protected:
     bool answers(const std::string& text) {
         harness->pagePosts(*view, "bridge", text);
         return harness->runUntil(
-            [this, &text] { return !texts->received.empty() && texts->received.back() == text; });
+            [this, &text] { return !recorder->texts.empty() && recorder->texts.back() == text; });
     }
 
-    std::unique_ptr<PortHarness> harness = makePortHarness();
-    platform::Platform port = harness->platform();
-    std::shared_ptr<Texts> texts = std::make_shared<Texts>();
+    std::shared_ptr<MessageRecorder> recorder = std::make_shared<MessageRecorder>();
     std::shared_ptr<platform::WebView> view;
     std::shared_ptr<platform::Panel> panel;
 };
@@ -93,21 +83,11 @@ TEST_F(PanelContract, OrderingOutAndInAgainIsHarmless) {
     EXPECT_TRUE(answers("still here"));
 }
 
-class Quitter final : public platform::ApplicationDelegate {
-public:
-    void applicationDidFinishLaunching() override { onLaunch(); }
-    bool applicationShouldTerminateAfterLastWindowClosed() override { return true; }
-    void applicationWillTerminate() override { ++told; }
-
-    std::function<void()> onLaunch;
-    int told = 0;
-};
-
 TEST_F(PanelContract, APanelDoesNotKeepTheProgramRunningAfterItsLastWindow) {
     const auto window =
         port.userInterface.makeWindow({{0, 0, {300, 200}}, platform::windowClosable});
     window->makeKeyAndOrderFront();
-    const auto delegate = std::make_shared<Quitter>();
+    const auto delegate = std::make_shared<RecordingDelegate>();
     std::unique_ptr<platform::WorkItem> close;
     delegate->onLaunch = [&] {
         close = port.dispatch.afterMain(1ms, [&] { harness->userCloses(*window); });
@@ -118,7 +98,7 @@ TEST_F(PanelContract, APanelDoesNotKeepTheProgramRunningAfterItsLastWindow) {
 }
 
 TEST_F(PanelContract, DroppingAPanelDoesNotEndTheProgram) {
-    const auto delegate = std::make_shared<Quitter>();
+    const auto delegate = std::make_shared<RecordingDelegate>();
     std::unique_ptr<platform::WorkItem> drop;
     std::unique_ptr<platform::WorkItem> quit;
     int toldBefore = -1;

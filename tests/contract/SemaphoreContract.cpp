@@ -3,17 +3,15 @@
 #include <gmock/gmock.h>
 
 #include "platform/Dispatch.h"
-#include "tests/contract/PortHarness.h"
+#include "tests/contract/PortTest.h"
 
 namespace stagehopper {
 namespace {
 
 using namespace std::chrono_literals;
 
-class SemaphoreContract : public testing::Test {
+class SemaphoreContract : public PortTest {
 protected:
-    std::unique_ptr<PortHarness> harness = makePortHarness();
-    platform::Platform port = harness->platform();
     std::shared_ptr<platform::Semaphore> semaphore = port.dispatch.makeSemaphore();
 };
 

@@ -19,32 +19,6 @@ TEST(SimulatedDesktop, TimePassesOnlyOnRequest) {
     EXPECT_EQ(desktop.clock.now() - start, 1500ms);
 }
 
-TEST(SimulatedDesktop, ReadyWorkIncludesWhatItPosts) {
-    Desktop desktop;
-    int runs = 0;
-    desktop.dispatch.asyncMain([&] { desktop.dispatch.asyncMain([&] { ++runs; }); });
-    desktop.runReady();
-    EXPECT_EQ(runs, 1);
-}
-
-TEST(SimulatedDesktop, ReadyWorkDoesNotIncludeTheFuture) {
-    Desktop desktop;
-    int runs = 0;
-    const auto later = desktop.dispatch.afterMain(1s, [&] { ++runs; });
-    desktop.runReady();
-    EXPECT_EQ(runs, 0);
-}
-
-TEST(SimulatedDesktop, AdvancingRunsEachPieceWhenItIsDue) {
-    Desktop desktop;
-    const auto start = desktop.clock.elapsed();
-    std::vector<std::chrono::nanoseconds> rounds;
-    const auto timer =
-        desktop.dispatch.repeatMain(4s, [&] { rounds.push_back(desktop.clock.elapsed() - start); });
-    desktop.advance(9s);
-    EXPECT_THAT(rounds, ElementsAre(4s, 8s));
-}
-
 TEST(SimulatedDesktop, AfterSleepingATimerRunsOnceAndKeepsItsBeat) {
     Desktop desktop;
     const auto start = desktop.clock.elapsed();

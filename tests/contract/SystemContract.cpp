@@ -11,17 +11,15 @@
 #include "platform/Host.h"
 #include "platform/KeyboardEvents.h"
 #include "platform/Text.h"
-#include "tests/contract/PortHarness.h"
+#include "tests/contract/PortTest.h"
 
 namespace stagehopper {
 namespace {
 
 using namespace std::string_literals;
 
-class SystemContract : public testing::Test {
+class SystemContract : public PortTest {
 protected:
-    std::unique_ptr<PortHarness> harness = makePortHarness();
-    platform::Platform port = harness->platform();
     std::filesystem::path directory = harness->temporaryDirectory();
     std::filesystem::path file = directory / "a.log";
 };

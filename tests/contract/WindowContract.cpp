@@ -5,7 +5,7 @@
 #include "platform/Application.h"
 #include "platform/Dispatch.h"
 #include "platform/UserInterface.h"
-#include "tests/contract/PortHarness.h"
+#include "tests/contract/PortTest.h"
 
 namespace stagehopper {
 namespace {
@@ -14,19 +14,7 @@ using namespace std::chrono_literals;
 using namespace std::string_literals;
 using testing::ElementsAre;
 
-class Recorder final : public platform::ScriptMessageHandler {
-public:
-    void didReceive(const platform::ScriptMessage& message) override {
-        texts.push_back(message.text.value_or("(no text)"));
-        names.push_back(message.name);
-        if (onMessage) onMessage();
-    }
-    std::vector<std::string> texts;
-    std::vector<std::string> names;
-    std::function<void()> onMessage;
-};
-
-class WindowContract : public testing::Test {
+class WindowContract : public PortTest {
 protected:
     WindowContract() {
         configuration.messageHandlers["bridge"] = recorder;
@@ -41,15 +29,8 @@ protected:
     [[nodiscard]] bool untilTexts(std::size_t count) {
         return harness->runUntil([this, count] { return recorder->texts.size() >= count; });
     }
-    void runFor(platform::Duration delay) {
-        bool over = false;
-        const auto end = port.dispatch.afterMain(delay, [&over] { over = true; });
-        ASSERT_TRUE(harness->runUntil([&over] { return over; }));
-    }
 
-    std::unique_ptr<PortHarness> harness = makePortHarness();
-    platform::Platform port = harness->platform();
-    std::shared_ptr<Recorder> recorder = std::make_shared<Recorder>();
+    std::shared_ptr<MessageRecorder> recorder = std::make_shared<MessageRecorder>();
     platform::WebViewConfiguration configuration;
     std::shared_ptr<platform::WebView> view;
     std::shared_ptr<platform::Window> window;
@@ -105,7 +86,7 @@ TEST_F(WindowContract, AHandlerMayDropTheViewThatCalledIt) {
 }
 
 TEST_F(WindowContract, AViewHoldsItsHandlers) {
-    const std::weak_ptr<Recorder> observed = recorder;
+    const std::weak_ptr<MessageRecorder> observed = recorder;
     configuration.messageHandlers.clear();
     recorder.reset();
     EXPECT_FALSE(observed.expired());
@@ -113,20 +94,6 @@ TEST_F(WindowContract, AViewHoldsItsHandlers) {
     view.reset();
     EXPECT_TRUE(harness->runUntil([&observed] { return observed.expired(); }));
 }
-
-class Asked final : public platform::ApplicationDelegate {
-public:
-    void applicationDidFinishLaunching() override { onLaunch(); }
-    bool applicationShouldTerminateAfterLastWindowClosed() override {
-        ++asked;
-        return true;
-    }
-    void applicationWillTerminate() override { ++told; }
-
-    std::function<void()> onLaunch;
-    int asked = 0;
-    int told = 0;
-};
 
 /// Records the windows that are about to close, and then runs a test's action.
 class Closing final : public platform::WindowDelegate {
@@ -178,7 +145,7 @@ TEST_F(WindowContract, TheDelegateMayDropTheWindowThatCloses) {
 }
 
 TEST_F(WindowContract, TheWindowsDelegateIsCalledBeforeTheApplications) {
-    const auto application = std::make_shared<Asked>();
+    const auto application = std::make_shared<RecordingDelegate>();
     const auto delegate = std::make_shared<Closing>();
     int askedBefore = -1;
     delegate->onClose = [&] { askedBefore = application->asked; };
@@ -194,7 +161,7 @@ TEST_F(WindowContract, TheWindowsDelegateIsCalledBeforeTheApplications) {
 }
 
 TEST_F(WindowContract, ClosingTheLastWindowAsksTheDelegateAndQuits) {
-    const auto delegate = std::make_shared<Asked>();
+    const auto delegate = std::make_shared<RecordingDelegate>();
     std::unique_ptr<platform::WorkItem> close;
     delegate->onLaunch = [&] {
         close = port.dispatch.afterMain(1ms, [this] { harness->userCloses(*window); });

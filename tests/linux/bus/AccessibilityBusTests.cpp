@@ -160,6 +160,7 @@ TEST_F(AccessibilityBusLife, ABusThatDiesWhileAProgramIsAskedYieldsNothing) {
     ASSERT_THAT(windowsOf(program.pid()), ElementsAre("deck"));
     // The program answers nothing, and the bus dies while we wait for it.
     program.signal(SIGUSR1);
+    ASSERT_TRUE(program.output().waitForLine("silent", 5s));
     std::thread death([&, mark = program.output().size()] {
         EXPECT_TRUE(program.output().waitForLine("asked", 5s, mark));
         session.accessibilityBus.die();

@@ -1,13 +1,15 @@
 // A program with one window, in front, and a menu item "To Next Slide" in it, on the accessibility
 // bus at the address of its first argument. It plays the bus's registry as well. Writes "ready",
 // "asked" when it is asked for the role of its window, and "pressed" for each press. The second
-// argument is what it does with a press; see answerToPress. After SIGUSR1 it answers nothing.
+// argument is what it does with a press; see answerToPress. After SIGUSR1 it writes "silent" and
+// answers nothing.
 
 #include <unistd.h>
 
 #include <csignal>
 #include <cstdio>
 #include <string>
+#include <string_view>
 
 #include "ports/linux/atspi/AtSpiRole.h"
 #include "tests/linux/bus/MethodCalls.h"
@@ -39,6 +41,8 @@ volatile std::sig_atomic_t silent = 0;
 
 void becomeSilent(int /*signal*/) {
     silent = 1;
+    constexpr std::string_view line = "silent\n";
+    static_cast<void>(write(STDOUT_FILENO, line.data(), line.size()) != 0);
 }
 
 void say(const char* words) {

@@ -44,16 +44,5 @@ TEST_F(LinuxHostOfAProcess, TheFirstOfTwoVariablesWithOneNameCounts) {
     EXPECT_EQ(found, (platform::Environment{{"TWICE", "1"}}));
 }
 
-TEST_F(LinuxHostOfAProcess, TheTimeOfDayIsTheUsers) {
-    const platform::Date moment = std::chrono::sys_days(2026y / 1 / 14) + 20h + 4min + 5s;
-    {
-        const Variable utc("TZ", "UTC");
-        EXPECT_EQ(host.localizedTime(moment), "20:04:05");
-    }
-    // West of Greenwich by the sign that POSIX gives it.
-    const Variable zone("TZ", "XYZ-05:30");
-    EXPECT_EQ(host.localizedTime(moment), "01:34:05");
-}
-
 }  // namespace
 }  // namespace stagehopper::linux_port

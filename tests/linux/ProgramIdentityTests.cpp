@@ -1,26 +1,15 @@
 #include "ports/linux/x11/ProgramIdentity.h"
 
 #include <gmock/gmock.h>
+
 #include <gtest/gtest.h>
+#include <utility>
 
 namespace stagehopper::linux_port {
 namespace {
 
 using testing::Eq;
 using testing::Optional;
-
-struct Case {
-    const char* what;
-    ProgramTraces traces;
-    const char* identity;
-};
-
-class KnownPrograms : public testing::TestWithParam<Case> {};
-
-TEST_P(KnownPrograms, AreRecognizedByTheirTraces) {
-    EXPECT_THAT(programIdentity(GetParam().traces), Optional(Eq(GetParam().identity)))
-        << GetParam().what;
-}
 
 WindowNames named(std::string application, std::string instance, std::string className) {
     return {std::move(application), std::move(instance), std::move(className), false};
@@ -30,46 +19,35 @@ WindowNames show() {
     return {"", "soffice", "Soffice", true};
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    ProgramIdentity, KnownPrograms,
-    testing::Values(
-        Case{"WPS", {{named("", "wpp", "wpp")}, "wpp"}, "com.kingsoft.wpsoffice.mac"},
-        Case{"Chrome",
-             {{named("", "google-chrome", "Google-chrome")}, "chrome"},
-             "com.google.Chrome"},
-        Case{"Chrome in a profile",
-             {{named("", "google-chrome (/tmp/p)", "Google-chrome")}, "chrome"},
-             "com.google.Chrome"},
-        Case{"Edge",
-             {{named("", "microsoft-edge", "Microsoft-edge")}, "msedge"},
-             "com.microsoft.edgemac"},
-        Case{"Firefox ESR",
-             {{named("", "Navigator", "firefox-esr")}, "firefox-esr"},
-             "org.mozilla.firefox"},
-        Case{
-            "Firefox", {{named("", "Navigator", "firefox")}, "firefox-bin"}, "org.mozilla.firefox"},
-        Case{"Firefox in a snap",
-             {{named("", "Navigator", "firefox_firefox")}, "firefox"},
-             "org.mozilla.firefox"},
-        Case{"Chromium in a profile",
-             {{named("", "chromium (/tmp/p)", "Chromium")}, "chromium"},
-             "org.chromium.Chromium"},
-        Case{"Chromium in a Flatpak",
-             {{named("", "org.chromium.Chromium", "org.chromium.Chromium")}, "chrome"},
-             "org.chromium.Chromium"},
-        Case{"Evince",
-             {{named("org.gnome.Evince", "evince", "Evince")}, "evince"},
-             "org.gnome.Evince"},
-        Case{"Okular", {{named("", "okular", "okular")}, "okular"}, "org.kde.okular"},
-        Case{"Impress with an editor",
-             {{named("org.libreoffice", "libreoffice", "libreoffice-impress")}, "soffice.bin"},
-             "org.libreoffice.Impress"},
-        Case{"Impress with an editor behind a text",
-             {{named("org.libreoffice", "libreoffice", "libreoffice-writer"),
-               named("org.libreoffice", "libreoffice", "libreoffice-impress")},
-              "soffice.bin"},
-             "org.libreoffice.Impress"},
-        Case{"a slide show alone", {{show()}, "soffice.bin"}, "org.libreoffice.Impress"}));
+TEST(ProgramIdentity, KnownProgramsAreRecognizedByTheirTraces) {
+    const auto writer = named("org.libreoffice", "libreoffice", "libreoffice-writer");
+    const auto impress = named("org.libreoffice", "libreoffice", "libreoffice-impress");
+    const std::pair<ProgramTraces, const char*> cases[] = {
+        {{{named("", "wpp", "wpp")}, "wpp"}, "com.kingsoft.wpsoffice.mac"},
+        {{{named("", "google-chrome", "Google-chrome")}, "chrome"}, "com.google.Chrome"},
+        // In a profile.
+        {{{named("", "google-chrome (/tmp/p)", "Google-chrome")}, "chrome"}, "com.google.Chrome"},
+        {{{named("", "microsoft-edge", "Microsoft-edge")}, "msedge"}, "com.microsoft.edgemac"},
+        {{{named("", "Navigator", "firefox-esr")}, "firefox-esr"}, "org.mozilla.firefox"},
+        {{{named("", "Navigator", "firefox")}, "firefox-bin"}, "org.mozilla.firefox"},
+        // In a snap.
+        {{{named("", "Navigator", "firefox_firefox")}, "firefox"}, "org.mozilla.firefox"},
+        {{{named("", "chromium (/tmp/p)", "Chromium")}, "chromium"}, "org.chromium.Chromium"},
+        // In a Flatpak.
+        {{{named("", "org.chromium.Chromium", "org.chromium.Chromium")}, "chrome"},
+         "org.chromium.Chromium"},
+        {{{named("org.gnome.Evince", "evince", "Evince")}, "evince"}, "org.gnome.Evince"},
+        {{{named("", "okular", "okular")}, "okular"}, "org.kde.okular"},
+        // With an editor, behind a text, and a slide show alone.
+        {{{impress}, "soffice.bin"}, "org.libreoffice.Impress"},
+        {{{writer, impress}, "soffice.bin"}, "org.libreoffice.Impress"},
+        {{{show()}, "soffice.bin"}, "org.libreoffice.Impress"},
+    };
+    for (const auto& [traces, identity] : cases) {
+        EXPECT_THAT(programIdentity(traces), Optional(Eq(identity)))
+            << traces.windows.front().instanceName;
+    }
+}
 
 TEST(ProgramIdentity, AnOfficeSuiteWithoutSlidesIsNotImpress) {
     const ProgramTraces writer{{named("", "libreoffice", "libreoffice-writer")}, "soffice.bin"};

@@ -55,21 +55,25 @@ TEST_F(Press, ThatIsPerformedSucceeds) {
     EXPECT_TRUE(programWasPressed());
 }
 
-TEST_F(Press, ThatTheProgramDeclinesFails) {
-    EXPECT_EQ(itemOfProgramThat("not done")->press(), AccessibilityError::cannotComplete);
+struct AnswerCase {
+    const char* manner;
+    AccessibilityError expected;
+};
+
+class PressAnswered : public Press, public testing::WithParamInterface<AnswerCase> {};
+
+TEST_P(PressAnswered, ReturnsWhatTheAnswerSays) {
+    EXPECT_EQ(itemOfProgramThat(GetParam().manner)->press(), GetParam().expected)
+        << GetParam().manner;
 }
 
-TEST_F(Press, ThatTheProgramAnswersWithAnErrorFails) {
-    EXPECT_EQ(itemOfProgramThat("fails")->press(), AccessibilityError::cannotComplete);
-}
-
-TEST_F(Press, OfAnItemThatIsGoneFails) {
-    EXPECT_EQ(itemOfProgramThat("no such object")->press(), AccessibilityError::invalidElement);
-}
-
-TEST_F(Press, OfAnItemWithoutAnActionFails) {
-    EXPECT_EQ(itemOfProgramThat("no such method")->press(), AccessibilityError::actionUnsupported);
-}
+INSTANTIATE_TEST_SUITE_P(
+    Answers, PressAnswered,
+    testing::Values(AnswerCase{"not done", AccessibilityError::cannotComplete},
+                    AnswerCase{"fails", AccessibilityError::cannotComplete},
+                    AnswerCase{"no such object", AccessibilityError::invalidElement},
+                    AnswerCase{"no such method", AccessibilityError::actionUnsupported},
+                    AnswerCase{"other type", AccessibilityError::success}));
 
 TEST_F(Press, WithoutAnAnswerCountsAsPressed) {
     EXPECT_EQ(itemOfProgramThat("silent")->press(), AccessibilityError::success);
@@ -85,10 +89,6 @@ TEST_F(Press, OfAStoppedProgramCountsAsPressedAndIsPerformedLater) {
     EXPECT_EQ(program().output().count("pressed"), 0U);
     program().signal(SIGCONT);
     EXPECT_TRUE(programWasPressed());
-}
-
-TEST_F(Press, WithAnAnswerOfAnotherTypeCountsAsPressed) {
-    EXPECT_EQ(itemOfProgramThat("other type")->press(), AccessibilityError::success);
 }
 
 TEST_F(Press, OfAProgramThatLeavesTheBusWithoutAnAnswerCountsAsPressed) {

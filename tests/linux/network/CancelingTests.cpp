@@ -18,68 +18,47 @@ constexpr auto canceledText = "error: The connection was cancelled";
 
 TEST(Canceling, WhileConnectingFailsPendingCalls) {
     const CrowdedPort crowded;
-    BeastUrlSession session;
-    Outcomes outcomes;
-    const auto task = session.makeWebSocketTask("ws://" + crowded.authority() + "/ws");
-    task->resume();
-    task->receive(outcomes.message());
-    EXPECT_FALSE(outcomes.lines().await(1, 20ms));
-    task->cancel(1000);
-    EXPECT_THAT(outcomes.first(1), ElementsAre(canceledText));
+    SocketClient client("ws://" + crowded.authority() + "/ws");
+    EXPECT_FALSE(client.outcomes.lines().await(1, 20ms));
+    client.task->cancel(1000);
+    EXPECT_THAT(client.outcomes.first(1), ElementsAre(canceledText));
 }
 
 TEST(Canceling, WhileTheHostIsLookedUpFailsPendingCalls) {
     DeafServer deaf;
-    BeastUrlSession session;
-    Outcomes outcomes;
-    const auto task =
-        session.makeWebSocketTask("ws://localhost:" + std::to_string(deaf.server.port()));
-    task->resume();
-    task->receive(outcomes.message());
-    task->cancel(1000);
-    EXPECT_THAT(outcomes.first(1), ElementsAre(canceledText));
+    SocketClient client("ws://localhost:" + std::to_string(deaf.server.port()));
+    client.task->cancel(1000);
+    EXPECT_THAT(client.outcomes.first(1), ElementsAre(canceledText));
 }
 
 TEST(Canceling, DuringTheHandshakeLeavesTheServer) {
     SilentServer silent;
-    BeastUrlSession session;
-    Outcomes outcomes;
-    const auto task = session.makeWebSocketTask("ws://" + silent.server.authority() + "/ws");
-    task->resume();
-    task->receive(outcomes.message());
-    task->sendPing(outcomes.pong());
+    SocketClient client("ws://" + silent.server.authority() + "/ws");
+    client.task->sendPing(client.outcomes.pong());
     ASSERT_TRUE(silent.asked.await(1));
-    task->cancel(1000);
-    EXPECT_THAT(outcomes.first(2),
+    client.task->cancel(1000);
+    EXPECT_THAT(client.outcomes.first(2),
                 ElementsAre(canceledText, "no pong: The connection was cancelled"));
     EXPECT_TRUE(silent.left.await(1));
 }
 
 TEST(Canceling, DoesNotWaitLongForAServerThatNeverCloses) {
     DeafServer deaf;
-    BeastUrlSession session({.closing = 50ms});
-    Outcomes outcomes;
-    const auto task = session.makeWebSocketTask("ws://" + deaf.server.authority() + "/ws");
-    task->resume();
-    task->receive(outcomes.message());
-    task->receive(outcomes.message());
-    ASSERT_TRUE(outcomes.lines().await(1));
-    task->cancel(1001);
-    EXPECT_THAT(outcomes.first(2), ElementsAre("text hello", canceledText));
+    SocketClient client("ws://" + deaf.server.authority() + "/ws", {.closing = 50ms});
+    client.task->receive(client.outcomes.message());
+    ASSERT_TRUE(client.outcomes.lines().await(1));
+    client.task->cancel(1001);
+    EXPECT_THAT(client.outcomes.first(2), ElementsAre("text hello", canceledText));
     ASSERT_TRUE(deaf.frames.await(2));
     EXPECT_THAT(deaf.frames.all(), ElementsAre("close 1001", "end"));
 }
 
 TEST(Canceling, TwiceHasTheEffectOfOnce) {
     DeafServer deaf;
-    BeastUrlSession session({.closing = 50ms});
-    Outcomes outcomes;
-    const auto task = session.makeWebSocketTask("ws://" + deaf.server.authority() + "/ws");
-    task->resume();
-    task->receive(outcomes.message());
-    ASSERT_TRUE(outcomes.lines().await(1));
-    task->cancel(1001);
-    task->cancel(1002);
+    SocketClient client("ws://" + deaf.server.authority() + "/ws", {.closing = 50ms});
+    ASSERT_TRUE(client.outcomes.lines().await(1));
+    client.task->cancel(1001);
+    client.task->cancel(1002);
     ASSERT_TRUE(deaf.frames.await(2));
     EXPECT_THAT(deaf.frames.all(), ElementsAre("close 1001", "end"));
 }

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/UrlSession.h"
+#include "ports/linux/network/BeastUrlSession.h"
 #include "tests/contract/Collected.h"
 
 namespace stagehopper {
@@ -51,5 +52,27 @@ public:
 private:
     std::shared_ptr<Collected<std::string>> lines_ = std::make_shared<Collected<std::string>>();
 };
+
+/// A session with one WebSocket that is being opened, and one pending receive.
+struct SocketClient {
+    explicit SocketClient(const std::string& url, linux_port::UrlTimeLimits limits = {})
+        : session(limits), task(session.makeWebSocketTask(url)) {
+        task->resume();
+        task->receive(outcomes.message());
+    }
+
+    linux_port::BeastUrlSession session;
+    Outcomes outcomes;
+    std::shared_ptr<platform::WebSocketTask> task;
+};
+
+/// What comes of a GET.
+inline std::string outcomeOfGet(const std::string& url, linux_port::UrlTimeLimits limits = {}) {
+    linux_port::BeastUrlSession session(limits);
+    Outcomes outcomes;
+    session.startDataTask(url, outcomes.data());
+    const auto lines = outcomes.first(1);
+    return lines.empty() ? "nothing" : lines.front();
+}
 
 }  // namespace stagehopper

@@ -66,31 +66,24 @@ TEST_F(Tls, ATrustedServerIsAskedUnderItsNameAndReceivesIt) {
     EXPECT_EQ(serverName_, "localhost");
 }
 
-TEST_F(Tls, ASelfSignedCertificateIsNotAccepted) {
-    EXPECT_EQ(answerFrom(makeServerContext(makeCertificate({"IP:127.0.0.1"}, nullptr))),
-              "error: The server's certificate was not accepted: self-signed certificate");
+TEST_F(Tls, ACertificateMustBeSignedValidNowAndForTheAddress) {
+    const std::pair<std::shared_ptr<SSL_CTX>, const char*> cases[] = {
+        {makeServerContext(makeCertificate({"IP:127.0.0.1"}, nullptr)), "self-signed certificate"},
+        {contextFor({"IP:127.0.0.1", -7200, -3600}), "certificate has expired"},
+        {contextFor({"IP:127.0.0.1", 3600, 7200}), "certificate is not yet valid"},
+        // A name does not vouch for the address it leads to, either.
+        {contextFor({"IP:127.0.0.2,DNS:localhost,DNS:127.0.0.1"}), "IP address mismatch"},
+    };
+    for (const auto& [context, fault] : cases) {
+        EXPECT_EQ(answerFrom(context),
+                  std::string("error: The server's certificate was not accepted: ") + fault);
+    }
 }
 
 TEST_F(Tls, AnUnlistedAuthorityIsNotTrusted) {
     const linux_port::Variable other{"SSL_CERT_FILE", "/nonexistent"};
     EXPECT_THAT(answerFrom(context_),
                 StartsWith("error: The server's certificate was not accepted: unable to get"));
-}
-
-TEST_F(Tls, AnExpiredCertificateIsNotAccepted) {
-    EXPECT_EQ(answerFrom(contextFor({"IP:127.0.0.1", -7200, -3600})),
-              "error: The server's certificate was not accepted: certificate has expired");
-}
-
-TEST_F(Tls, ACertificateThatIsNotValidYetIsNotAccepted) {
-    EXPECT_EQ(answerFrom(contextFor({"IP:127.0.0.1", 3600, 7200})),
-              "error: The server's certificate was not accepted: certificate is not yet valid");
-}
-
-TEST_F(Tls, ACertificateOfAnotherAddressIsNotAccepted) {
-    // A name does not vouch for the address it leads to, either.
-    EXPECT_EQ(answerFrom(contextFor({"IP:127.0.0.2,DNS:localhost,DNS:127.0.0.1"})),
-              "error: The server's certificate was not accepted: IP address mismatch");
 }
 
 TEST_F(Tls, ACertificateOfAnotherNameIsNotAccepted) {
@@ -110,11 +103,8 @@ TEST_F(Tls, AServerWithAnOldTlsVersionIsRefused) {
 
 TEST_F(Tls, AServerThatSpeaksPlainlyIsAnError) {
     const LoopbackServer server([](Peer& peer) { peer.send(fine), peer.readUntilGone(); });
-    BeastUrlSession session;
-    Outcomes outcomes;
-    session.startDataTask("https://" + server.authority() + "/", outcomes.data());
-    EXPECT_THAT(outcomes.first(1),
-                ElementsAre(StartsWith("error: The encrypted connection failed: ")));
+    EXPECT_THAT(outcomeOfGet("https://" + server.authority() + "/"),
+                StartsWith("error: The encrypted connection failed: "));
 }
 
 TEST_F(Tls, AServerThatNeverShakesHandsMeetsTheTimeLimit) {
@@ -138,14 +128,10 @@ TEST_F(Tls, CancelingDuringTheHandshakeLeavesTheServer) {
         peer.readUntilGone();
         left.add(1);
     });
-    BeastUrlSession session;
-    Outcomes outcomes;
-    const auto task = session.makeWebSocketTask("wss://" + server.authority() + "/");
-    task->resume();
-    task->receive(outcomes.message());
+    SocketClient client("wss://" + server.authority() + "/");
     ASSERT_TRUE(came.await(1));
-    task->cancel(1001);
-    EXPECT_THAT(outcomes.first(1), ElementsAre("error: The connection was cancelled"));
+    client.task->cancel(1001);
+    EXPECT_THAT(client.outcomes.first(1), ElementsAre("error: The connection was cancelled"));
     EXPECT_TRUE(left.await(1));
 }
 
@@ -201,12 +187,8 @@ TEST_F(Tls, ASocketCarriesTextsPingsOfBothSidesAndTheClosing) {
 TEST_F(Tls, ASocketOfAServerThatIsNotTrustedFailsTheReceive) {
     const auto context = makeServerContext(makeCertificate({"IP:127.0.0.1"}, nullptr));
     const LoopbackServer server([&](Peer& peer) { peer.encrypt(*context); });
-    BeastUrlSession session;
-    Outcomes outcomes;
-    const auto task = session.makeWebSocketTask("wss://" + server.authority() + "/ws");
-    task->resume();
-    task->receive(outcomes.message());
-    EXPECT_THAT(outcomes.first(1), ElementsAre(HasSubstr("self-signed certificate")));
+    SocketClient client("wss://" + server.authority() + "/ws");
+    EXPECT_THAT(client.outcomes.first(1), ElementsAre(HasSubstr("self-signed certificate")));
 }
 
 TEST_F(Tls, AServerThatResetsTheConnectionIsAnErrorAndNoSignal) {

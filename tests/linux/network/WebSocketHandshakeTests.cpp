@@ -23,12 +23,8 @@ std::string outcomeOfHandshake(const std::string& answer) {
         peer.finish();
         peer.readUntilGone();
     });
-    BeastUrlSession session;
-    Outcomes outcomes;
-    const auto task = session.makeWebSocketTask("ws://" + server.authority() + "/ws");
-    task->resume();
-    task->receive(outcomes.message());
-    const auto lines = outcomes.first(1);
+    SocketClient client("ws://" + server.authority() + "/ws");
+    const auto lines = client.outcomes.first(1);
     return lines.empty() ? "nothing" : lines.front();
 }
 
@@ -58,23 +54,18 @@ TEST(WebSocketHandshake, ARefusalNamesTheStatus) {
               "error: The server refused the connection (404)");
 }
 
-TEST(WebSocketHandshake, WhatIsNotHttpIsAnError) {
-    EXPECT_THAT(outcomeOfHandshake("\x01\x02 nonsense\r\n\r\n"), StartsWith("error: "));
-}
-
-TEST(WebSocketHandshake, AWrongKeyIsAnError) {
-    EXPECT_THAT(outcomeOfHandshake("HTTP/1.1 101 Switching Protocols\r\nUpgrade: websocket\r\n"
-                                   "Connection: Upgrade\r\nSec-WebSocket-Accept: bm8=\r\n\r\n"),
-                StartsWith("error: "));
-}
-
-TEST(WebSocketHandshake, AnEndlessHeaderIsAnError) {
-    EXPECT_THAT(outcomeOfHandshake("HTTP/1.1 101 Ok\r\nA: " + std::string(1'000'000, 'a')),
-                StartsWith("error: "));
-}
-
-TEST(WebSocketHandshake, AServerThatLeavesIsAnError) {
-    EXPECT_THAT(outcomeOfHandshake(""), StartsWith("error: "));
+TEST(WebSocketHandshake, AFaultyAnswerIsAnError) {
+    const std::pair<const char*, std::string> cases[] = {
+        {"no HTTP", "\x01\x02 nonsense\r\n\r\n"},
+        {"a wrong key",
+         "HTTP/1.1 101 Switching Protocols\r\nUpgrade: websocket\r\n"
+         "Connection: Upgrade\r\nSec-WebSocket-Accept: bm8=\r\n\r\n"},
+        {"an endless header", "HTTP/1.1 101 Ok\r\nA: " + std::string(1'000'000, 'a')},
+        {"nothing", ""},
+    };
+    for (const auto& [fault, answer] : cases) {
+        EXPECT_THAT(outcomeOfHandshake(answer), StartsWith("error: ")) << fault;
+    }
 }
 
 TEST(WebSocketHandshake, AServerThatNeverAnswersMeetsTheTimeLimit) {
@@ -98,12 +89,9 @@ TEST(WebSocketHandshake, ARefusedConnectionSaysSo) {
 }
 
 TEST(WebSocketHandshake, AnAddressOfAnotherSchemeIsNotSupported) {
-    BeastUrlSession session;
-    Outcomes outcomes;
-    const auto task = session.makeWebSocketTask("https://127.0.0.1/ws");
-    task->resume();
-    task->receive(outcomes.message());
-    EXPECT_THAT(outcomes.first(1), ElementsAre("error: Connections by https are not supported"));
+    SocketClient client("https://127.0.0.1/ws");
+    EXPECT_THAT(client.outcomes.first(1),
+                ElementsAre("error: Connections by https are not supported"));
 }
 
 TEST(WebSocketHandshake, APingWaitsForIt) {

@@ -84,7 +84,9 @@ void expectThatTypingAndSteppingDoNotMeet(const VirtualDesktop& desktop,
     desktop.user().release(XK_Shift_L);
     watch.end();
     EXPECT_GT(watch.looks(), 100);
-    if (focusNeverMoves) EXPECT_EQ(watch.losses(), 0);
+    if (focusNeverMoves) {
+        EXPECT_EQ(watch.losses(), 0);
+    }
     EXPECT_EQ(desktop.windows().active(), window);
     EXPECT_EQ(desktop.windows().focused(), window);
     expectAllOfTheUsersKeysAndNoneOfOurs(*typing, typed);

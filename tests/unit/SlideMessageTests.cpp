@@ -67,6 +67,10 @@ TEST(SlideMessage, UnusualTagsBecomeDifferentTexts) {
     EXPECT_EQ(seqOf("false"), "0");
     EXPECT_EQ(seqOf("[1,2]"), "[1,2]");
     EXPECT_EQ(seqOf(R"({"a":1})"), R"({"a":1})");
+    EXPECT_EQ(seqOf("0.1"), "0.1");
+    EXPECT_EQ(seqOf("0.30000000000000004"), "0.30000000000000004");
+    EXPECT_EQ(seqOf("1e20"), "1e+20");
+    EXPECT_EQ(seqOf(R"({"b":"\"","a":[null,-2.0]})"), R"({"a":[<null>,-2],"b":"\""})");
 }
 
 TEST(SlideMessage, ATagMayBeNestedUpToFoundationsLimit) {

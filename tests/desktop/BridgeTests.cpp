@@ -68,7 +68,7 @@ TEST_F(Bridge, AStepStillWorksAfterABurstOfHugeBodies) {
     diagnosticsOf("for (let i = 0; i < 5; ++i) post('PPT:' + 'x'.repeat(10_000_000) + '|' + i)");
     const auto mark = panel_->mark();
     panel_.next();
-    EXPECT_TRUE(panel_->logs("blocked_no_target", mark));
+    EXPECT_TRUE(panel_->logs("blocked_no_target", mark, std::chrono::seconds(20)));
 }
 
 TEST_F(Bridge, BodiesOtherThanStringsAreIgnored) {

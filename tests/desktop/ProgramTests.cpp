@@ -26,12 +26,16 @@ TEST_F(Program, WritesItsStartInOrderAndWithTheTimeToTheDebugLog) {
     ASSERT_TRUE(driven.logs("no_auto_prompts", 0));
     const std::regex line(R"(\[[^\]]+\] \[slide_nav\] ([^\n]*))");
     std::vector<std::string> messages;
-    std::ifstream file(debugLogFile);
-    for (std::string text; messages.size() < 4 && std::getline(file, text);) {
+    const auto readFile = [&] {
+        messages.clear();
+        std::ifstream file(debugLogFile);
         std::smatch parts;
-        ASSERT_TRUE(std::regex_match(text, parts, line)) << text;
-        messages.push_back(parts[1]);
-    }
+        for (std::string text; messages.size() < 4 && std::getline(file, text);) {
+            messages.push_back(std::regex_match(text, parts, line) ? parts[1].str() : text);
+        }
+        return messages.size() == 4;
+    };
+    EXPECT_TRUE(waitFor(readFile, limit));
     EXPECT_EQ(
         messages,
         (std::vector<std::string>{

@@ -4,7 +4,7 @@
 
 #include "tests/macos/MacStage.h"
 #include "tests/macos/recording/foundation/Notifications.h"
-#include "tests/macos/recording/runtime/Behaviours.h"
+#include "tests/macos/recording/runtime/Behaviors.h"
 #include "tests/macos/recording/runtime/Callbacks.h"
 #include "tests/macos/recording/webkit/ContentController.h"
 

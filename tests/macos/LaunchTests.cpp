@@ -6,7 +6,7 @@
 #include "resources/PanelScript.h"
 #include "tests/macos/MacStage.h"
 #include "tests/macos/recording/appkit/Menus.h"
-#include "tests/macos/recording/runtime/Behaviours.h"
+#include "tests/macos/recording/runtime/Behaviors.h"
 
 namespace stagehopper {
 

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "tests/macos/MacStage.h"
-#include "tests/macos/recording/runtime/Behaviours.h"
+#include "tests/macos/recording/runtime/Behaviors.h"
 
 namespace stagehopper {
 

@@ -1,7 +1,7 @@
 # The runtime itself. WorldSources.cmake has the behavior of the system's classes.
 set(STAGEHOPPER_RECORDING_RUNTIME
-  runtime/BehaviourTable.cpp
-  runtime/Behaviours.cpp
+  runtime/BehaviorTable.cpp
+  runtime/Behaviors.cpp
   runtime/Blocks.cpp
   runtime/Callbacks.cpp
   runtime/Classes.cpp

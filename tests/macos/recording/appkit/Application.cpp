@@ -7,7 +7,7 @@
 #include "tests/macos/recording/appkit/Windows.h"
 #include "tests/macos/recording/foundation/Notifications.h"
 #include "tests/macos/recording/foundation/SharedInstances.h"
-#include "tests/macos/recording/runtime/Behaviours.h"
+#include "tests/macos/recording/runtime/Behaviors.h"
 #include "tests/macos/recording/runtime/Callbacks.h"
 #include "tests/macos/recording/runtime/Queues.h"
 

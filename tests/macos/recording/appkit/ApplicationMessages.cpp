@@ -1,5 +1,5 @@
 #include "tests/macos/recording/foundation/SharedInstances.h"
-#include "tests/macos/recording/runtime/Behaviours.h"
+#include "tests/macos/recording/runtime/Behaviors.h"
 #include "tests/macos/recording/runtime/Callbacks.h"
 #include "tests/macos/recording/runtime/Classes.h"
 #include "tests/macos/recording/runtime/Definitions.h"

@@ -1,7 +1,7 @@
 #include <vector>
 
 #include "tests/macos/recording/foundation/Foundation.h"
-#include "tests/macos/recording/runtime/Behaviours.h"
+#include "tests/macos/recording/runtime/Behaviors.h"
 #include "tests/macos/recording/runtime/Definitions.h"
 #include "tests/macos/recording/system/World.h"
 

@@ -4,7 +4,7 @@
 #include "ports/macos/cocoa/objc/MessageDispatch.h"
 #include "tests/macos/recording/foundation/Notifications.h"
 #include "tests/macos/recording/foundation/SharedInstances.h"
-#include "tests/macos/recording/runtime/Behaviours.h"
+#include "tests/macos/recording/runtime/Behaviors.h"
 #include "tests/macos/recording/runtime/Callbacks.h"
 #include "tests/macos/recording/runtime/Definitions.h"
 #include "tests/macos/recording/runtime/Heap.h"

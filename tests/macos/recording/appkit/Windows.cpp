@@ -4,7 +4,7 @@
 #include <stdexcept>
 
 #include "tests/macos/recording/foundation/Foundation.h"
-#include "tests/macos/recording/runtime/Behaviours.h"
+#include "tests/macos/recording/runtime/Behaviors.h"
 #include "tests/macos/recording/runtime/Queues.h"
 
 namespace stagehopper::recording {

@@ -1,6 +1,6 @@
 #include "tests/macos/recording/foundation/Foundation.h"
 #include "tests/macos/recording/foundation/SharedInstances.h"
-#include "tests/macos/recording/runtime/Behaviours.h"
+#include "tests/macos/recording/runtime/Behaviors.h"
 #include "tests/macos/recording/runtime/Definitions.h"
 #include "tests/macos/recording/system/World.h"
 

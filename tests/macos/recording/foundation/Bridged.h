@@ -2,7 +2,7 @@
 
 #include "ports/macos/cocoa/foundation/CoreFoundation.h"
 #include "ports/macos/cocoa/objc/Runtime.h"
-#include "tests/macos/recording/runtime/Behaviours.h"
+#include "tests/macos/recording/runtime/Behaviors.h"
 
 // Between Core Foundation's references and objects. Any queue.
 

@@ -4,7 +4,7 @@
 #include "ports/macos/cocoa/foundation/NSRunLoop.h"
 #include "ports/macos/cocoa/graphics/AXUIElement.h"
 #include "tests/macos/recording/foundation/FoundationStates.h"
-#include "tests/macos/recording/runtime/Behaviours.h"
+#include "tests/macos/recording/runtime/Behaviors.h"
 
 // The texts that the system's libraries export. Only the system reads their contents, so each text
 // is its own name.

@@ -4,7 +4,7 @@
 
 #include "tests/macos/recording/foundation/Foundation.h"
 #include "tests/macos/recording/foundation/SharedInstances.h"
-#include "tests/macos/recording/runtime/Behaviours.h"
+#include "tests/macos/recording/runtime/Behaviors.h"
 #include "tests/macos/recording/runtime/Definitions.h"
 #include "tests/macos/recording/runtime/Queues.h"
 #include "tests/macos/recording/system/Tasks.h"

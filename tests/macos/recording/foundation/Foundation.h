@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "ports/macos/cocoa/objc/Runtime.h"
-#include "tests/macos/recording/runtime/Behaviours.h"
+#include "tests/macos/recording/runtime/Behaviors.h"
 
 // Reads and creates values of Foundation for the stand-ins. Any queue.
 

@@ -1,7 +1,7 @@
 #include "tests/macos/recording/runtime/Callbacks.h"
 
 #include "tests/macos/facts/Agreement.h"
-#include "tests/macos/recording/runtime/Behaviours.h"
+#include "tests/macos/recording/runtime/Behaviors.h"
 #include "tests/macos/recording/runtime/Blocks.h"
 #include "tests/macos/recording/runtime/Heap.h"
 #include "tests/macos/recording/runtime/Journal.h"

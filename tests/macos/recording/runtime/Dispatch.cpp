@@ -8,7 +8,7 @@
 #include <string>
 
 #include "ports/macos/cocoa/darwin/GrandCentralDispatch.h"
-#include "tests/macos/recording/runtime/Behaviours.h"
+#include "tests/macos/recording/runtime/Behaviors.h"
 #include "tests/macos/recording/runtime/DispatchObjects.h"
 #include "tests/macos/recording/runtime/Journal.h"
 #include "tests/macos/recording/runtime/Queues.h"

@@ -3,7 +3,7 @@
 #include <string>
 #include <utility>
 
-#include "tests/macos/recording/runtime/Behaviours.h"
+#include "tests/macos/recording/runtime/Behaviors.h"
 #include "tests/macos/recording/runtime/Blocks.h"
 #include "tests/macos/recording/runtime/Heap.h"
 #include "tests/macos/recording/runtime/Pools.h"

@@ -5,7 +5,7 @@
 
 #include "ports/macos/cocoa/objc/MessageDispatch.h"
 #include "tests/macos/facts/Facts.h"
-#include "tests/macos/recording/runtime/Behaviours.h"
+#include "tests/macos/recording/runtime/Behaviors.h"
 #include "tests/macos/recording/runtime/Classes.h"
 #include "tests/macos/recording/runtime/Heap.h"
 #include "tests/macos/recording/runtime/Registration.h"

@@ -1,5 +1,5 @@
 #include "ports/macos/cocoa/objc/AutoreleasePool.h"
-#include "tests/macos/recording/runtime/Behaviours.h"
+#include "tests/macos/recording/runtime/Behaviors.h"
 #include "tests/macos/recording/runtime/RuntimeTest.h"
 
 namespace stagehopper::recording {

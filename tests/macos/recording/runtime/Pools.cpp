@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "tests/macos/recording/runtime/Behaviours.h"
+#include "tests/macos/recording/runtime/Behaviors.h"
 
 namespace stagehopper::recording::pools {
 

@@ -4,7 +4,7 @@
 #include <map>
 #include <utility>
 
-#include "tests/macos/recording/runtime/Behaviours.h"
+#include "tests/macos/recording/runtime/Behaviors.h"
 #include "tests/macos/recording/runtime/Properties.h"
 
 namespace stagehopper::recording {

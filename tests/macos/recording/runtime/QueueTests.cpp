@@ -1,7 +1,7 @@
 #include <unistd.h>
 
 #include "ports/macos/cocoa/darwin/GrandCentralDispatch.h"
-#include "tests/macos/recording/runtime/Behaviours.h"
+#include "tests/macos/recording/runtime/Behaviors.h"
 #include "tests/macos/recording/runtime/Journal.h"
 #include "tests/macos/recording/runtime/Queues.h"
 #include "tests/macos/recording/runtime/RuntimeTest.h"

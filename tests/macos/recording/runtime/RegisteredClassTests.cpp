@@ -2,7 +2,7 @@
 
 #include "ports/macos/cocoa/foundation/NSNotification.h"
 #include "ports/macos/cocoa/objc/RuntimeClass.h"
-#include "tests/macos/recording/runtime/Behaviours.h"
+#include "tests/macos/recording/runtime/Behaviors.h"
 #include "tests/macos/recording/runtime/Callbacks.h"
 #include "tests/macos/recording/runtime/Journal.h"
 #include "tests/macos/recording/runtime/RuntimeTest.h"

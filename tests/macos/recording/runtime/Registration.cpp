@@ -4,7 +4,7 @@
 
 #include "tests/macos/facts/Agreement.h"
 #include "tests/macos/facts/Facts.h"
-#include "tests/macos/recording/runtime/Behaviours.h"
+#include "tests/macos/recording/runtime/Behaviors.h"
 
 namespace stagehopper::recording {
 

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "tests/macos/facts/Agreement.h"
-#include "tests/macos/recording/runtime/BehaviourTable.h"
+#include "tests/macos/recording/runtime/BehaviorTable.h"
 #include "tests/macos/recording/runtime/Blocks.h"
 #include "tests/macos/recording/runtime/Heap.h"
 #include "tests/macos/recording/runtime/Journal.h"

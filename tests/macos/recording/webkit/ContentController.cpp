@@ -1,7 +1,7 @@
 #include "tests/macos/recording/webkit/ContentController.h"
 
 #include "tests/macos/recording/foundation/Foundation.h"
-#include "tests/macos/recording/runtime/Behaviours.h"
+#include "tests/macos/recording/runtime/Behaviors.h"
 #include "tests/macos/recording/runtime/Definitions.h"
 
 // WKUserContentController, WKUserScript and WKScriptMessage.

@@ -5,7 +5,7 @@
 
 #include "ports/macos/cocoa/objc/Block.h"
 #include "tests/macos/recording/foundation/Foundation.h"
-#include "tests/macos/recording/runtime/Behaviours.h"
+#include "tests/macos/recording/runtime/Behaviors.h"
 #include "tests/macos/recording/runtime/Callbacks.h"
 #include "tests/macos/recording/runtime/Queues.h"
 

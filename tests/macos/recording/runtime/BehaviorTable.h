@@ -2,10 +2,10 @@
 
 #include <string>
 
-#include "tests/macos/recording/runtime/Behaviours.h"
+#include "tests/macos/recording/runtime/Behaviors.h"
 #include "tests/macos/recording/runtime/Classes.h"
 
-/// Looks up defined behaviours; see Behaviours.h.
+/// Looks up defined behaviours; see Behaviors.h.
 namespace stagehopper::recording::behaviours {
 
 /// The class's own behaviour, or the inherited one; null if there is none.

@@ -1,4 +1,4 @@
-#include "tests/macos/recording/runtime/Behaviours.h"
+#include "tests/macos/recording/runtime/Behaviors.h"
 
 #include <algorithm>
 #include <stdexcept>

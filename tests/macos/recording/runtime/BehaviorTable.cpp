@@ -1,4 +1,4 @@
-#include "tests/macos/recording/runtime/BehaviourTable.h"
+#include "tests/macos/recording/runtime/BehaviorTable.h"
 
 #include <functional>
 #include <map>

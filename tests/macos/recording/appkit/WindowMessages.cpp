@@ -10,7 +10,7 @@
 #include "tests/macos/recording/runtime/Heap.h"
 #include "tests/macos/recording/system/World.h"
 
-// NSWindow, NSPanel and NSColor. Setters without a behaviour of their own store what they are
+// NSWindow, NSPanel and NSColor. Setters without a behavior of their own store what they are
 // given; `Windows::look` reads it.
 
 namespace stagehopper::recording {
@@ -120,7 +120,7 @@ void defineWindows() {
     define("NSColor", MessageKind::classLevel, "clearColor",
            [](Call&) -> Value { return clearColor(); });
     describeAs("NSColor", [](cocoa::id color) {
-        return std::string(color == clearColor() ? "clearColor" : "a colour");
+        return std::string(color == clearColor() ? "clearColor" : "a color");
     });
 }
 

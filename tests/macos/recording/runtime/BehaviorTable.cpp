@@ -20,7 +20,7 @@ template <class T>
 using ByClass = std::map<std::string, T, std::less<>>;
 
 struct Table {
-    std::map<std::tuple<std::string, MessageKind, std::string>, Behaviour> behaviours;
+    std::map<std::tuple<std::string, MessageKind, std::string>, Behavior> behaviors;
     ByClass<std::function<std::string(cocoa::id)>> descriptions;
     std::set<std::string, std::less<>> quiet;
 };
@@ -33,16 +33,16 @@ Table& table() {
 }  // namespace
 
 void define(std::string_view className, MessageKind kind, std::string_view selector,
-            Behaviour behaviour) {
+            Behavior behavior) {
     const auto factKind = kind == MessageKind::classLevel ? macos_facts::Kind::classLevel
                                                           : macos_facts::Kind::instance;
     const auto name = std::string(className) + " " + std::string(selector);
     if (macos_facts::factFor(className, factKind, selector) == nullptr) {
-        throw std::logic_error("a behaviour for " + name + ", which is no fact");
+        throw std::logic_error("a behavior for " + name + ", which is no fact");
     }
     const auto key = std::tuple(std::string(className), kind, std::string(selector));
-    if (!table().behaviours.emplace(key, std::move(behaviour)).second) {
-        throw std::logic_error("two behaviours for " + name);
+    if (!table().behaviors.emplace(key, std::move(behavior)).second) {
+        throw std::logic_error("two behaviors for " + name);
     }
 }
 
@@ -54,19 +54,19 @@ void describeAs(std::string_view className, std::function<std::string(cocoa::id)
     table().descriptions.insert_or_assign(std::string(className), std::move(description));
 }
 
-namespace behaviours {
+namespace behaviors {
 
-const Behaviour* find(cocoa::Class ofClass, MessageKind kind, const std::string& selector) {
+const Behavior* find(cocoa::Class ofClass, MessageKind kind, const std::string& selector) {
     static const bool rootDefined = (defineRootObject(), true);
     static_cast<void>(rootDefined);
     for (auto* each = ofClass; each != nullptr; each = each->superclass) {
-        const auto found = table().behaviours.find({each->name, kind, selector});
-        if (found != table().behaviours.end()) return &found->second;
+        const auto found = table().behaviors.find({each->name, kind, selector});
+        if (found != table().behaviors.end()) return &found->second;
     }
     if (kind == MessageKind::instance) return nullptr;
     // A class object is also an instance of the root class.
-    const auto found = table().behaviours.find({"NSObject", MessageKind::instance, selector});
-    return found == table().behaviours.end() ? nullptr : &found->second;
+    const auto found = table().behaviors.find({"NSObject", MessageKind::instance, selector});
+    return found == table().behaviors.end() ? nullptr : &found->second;
 }
 
 bool isQuiet(cocoa::Class ofClass) {
@@ -76,7 +76,7 @@ bool isQuiet(cocoa::Class ofClass) {
     return false;
 }
 
-}  // namespace behaviours
+}  // namespace behaviors
 
 std::string describe(cocoa::id object) {
     if (object == nullptr) return "nil";

@@ -34,16 +34,16 @@ public:
     [[nodiscard]] Object name() const { return send<"name", Object()>(); }
 };
 
-/// What the class under test answers to `init`; the behaviours stay for the whole program.
+/// What the class under test answers to `init`; the behaviors stay for the whole program.
 Value (*initializer)(Call&) = nullptr;
 
 struct Rounds {
     int count = 0;
 };
 
-class Behaviours : public RuntimeTest {
+class Behaviors : public RuntimeTest {
 protected:
-    Behaviours() {
+    Behaviors() {
         static const bool defined = [] {
             define("NSThread", MessageKind::classLevel, "currentThread",
                    [](Call& call) -> Value { return call.make("NSThread"); });
@@ -61,7 +61,7 @@ protected:
     }
 };
 
-TEST_F(Behaviours, NewObjectsLiveAsLongAsThePool) {
+TEST_F(Behaviors, NewObjectsLiveAsLongAsThePool) {
     Weak weak;
     {
         const cocoa::AutoreleasePool pool;
@@ -71,24 +71,24 @@ TEST_F(Behaviours, NewObjectsLiveAsLongAsThePool) {
     EXPECT_EQ(weak.get(), nullptr);
 }
 
-TEST_F(Behaviours, NewObjectsNeedAPool) {
+TEST_F(Behaviors, NewObjectsNeedAPool) {
     EXPECT_TRUE(Thread::currentThread());
     EXPECT_THAT(takeProblems(), ElementsAre(HasSubstr("<NSThread 1> was autoreleased")));
 }
 
-TEST_F(Behaviours, ExistingObjectsNeedNoPool) {
+TEST_F(Behaviors, ExistingObjectsNeedNoPool) {
     const auto systems = makeObject("NSWindow");
     const auto view = makeObject("NSView");
     setProperty(systems.get(), "contentView", view.get());
     EXPECT_EQ(Window(systems.get()).contentView().pointer(), view.get());
 }
 
-TEST_F(Behaviours, NewReturnsAnOwnedInitializedObject) {
+TEST_F(Behaviors, NewReturnsAnOwnedInitializedObject) {
     const auto made = cocoa::Owned<Thread>::adopt(Thread::makeNew());
     EXPECT_EQ(stateOf<Rounds>(made.get().pointer()).count, 1);
 }
 
-TEST_F(Behaviours, AnInitializerThatReturnsNilFreesItsReceiver) {
+TEST_F(Behaviors, AnInitializerThatReturnsNilFreesItsReceiver) {
     initializer = [](Call&) -> Value { return cocoa::id(); };
     const auto raw = Thread::raw();
     const Weak weak(raw.pointer());
@@ -96,7 +96,7 @@ TEST_F(Behaviours, AnInitializerThatReturnsNilFreesItsReceiver) {
     EXPECT_EQ(weak.get(), nullptr);
 }
 
-TEST_F(Behaviours, AnInitializerMayReturnAnotherOwnedObject) {
+TEST_F(Behaviors, AnInitializerMayReturnAnotherOwnedObject) {
     initializer = [](Call& call) -> Value { return call.make("NSThread"); };
     const auto raw = Thread::raw();
     const Weak weak(raw.pointer());
@@ -105,13 +105,13 @@ TEST_F(Behaviours, AnInitializerMayReturnAnotherOwnedObject) {
     EXPECT_TRUE(other);
 }
 
-TEST_F(Behaviours, AResultOfAnotherTypeIsAProblem) {
+TEST_F(Behaviors, AResultOfAnotherTypeIsAProblem) {
     const auto exception = makeObject("NSException");
     EXPECT_FALSE(Exception(exception.get()).name());
     EXPECT_THAT(takeProblems(), ElementsAre(HasSubstr("was answered with d instead of @")));
 }
 
-TEST_F(Behaviours, TheStateOfAnObjectIsDestroyedWithIt) {
+TEST_F(Behaviors, TheStateOfAnObjectIsDestroyedWithIt) {
     auto held = std::make_shared<int>(1);
     const std::weak_ptr<int> watched = held;
     auto object = makeObject("NSObject");
@@ -120,14 +120,14 @@ TEST_F(Behaviours, TheStateOfAnObjectIsDestroyedWithIt) {
     EXPECT_TRUE(watched.expired());
 }
 
-TEST_F(Behaviours, ADescriptionReplacesTheObjectInTheJournal) {
+TEST_F(Behaviors, ADescriptionReplacesTheObjectInTheJournal) {
     describeAs("NSValue", [](cocoa::id) { return std::string("five"); });
     const auto number = makeObject("NSNumber");
     EXPECT_EQ(describe(number.get()), "five");
     EXPECT_EQ(Value(number.get()).describe(), "five");
 }
 
-TEST_F(Behaviours, MessagesOfAQuietClassAreNotInTheJournal) {
+TEST_F(Behaviors, MessagesOfAQuietClassAreNotInTheJournal) {
     const cocoa::AutoreleasePool pool;
     static_cast<void>(Thread::currentThread());
     const auto before = journal().mark();

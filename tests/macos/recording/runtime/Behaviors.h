@@ -36,7 +36,7 @@ public:
     [[nodiscard]] MessageKind kind() const { return kind_; }
     [[nodiscard]] std::string_view selector() const { return selector_; }
     /// For a class message, the receiving class, which may be a subclass of the one with the
-    /// behaviour; else the receiver's class.
+    /// behavior; else the receiver's class.
     [[nodiscard]] std::string className() const;
 
     template <class T>
@@ -51,7 +51,7 @@ public:
 
     /// A new object of that class, kept until the message is handled. If it is returned, it is
     /// autoreleased, or retained for the sender in the families alloc, new, copy and init:
-    /// behaviours return plain pointers and need not count references.
+    /// behaviors return plain pointers and need not count references.
     cocoa::id make(std::string_view className);
     [[nodiscard]] bool hasMade(cocoa::id object) const;
 
@@ -63,20 +63,20 @@ private:
     std::vector<Retained> made_;
 };
 
-using Behaviour = std::function<Value(Call&)>;
+using Behavior = std::function<Value(Call&)>;
 
 /// Defines how a class and its subclasses handle a message. Once for each message and for the whole
 /// program, from a function that runs before the first test. The message must be in the table of
 /// facts.
 ///
-/// Without a behaviour a message with a setter's name (`setTitle:`) stores its argument, where the
+/// Without a behavior a message with a setter's name (`setTitle:`) stores its argument, where the
 /// getter's name (`title`) finds it; objects are kept, blocks copied, delegates and targets held
 /// weakly. Every other message returns zero; one that should return an object is noted as a
 /// problem.
 ///
 /// An initializer returns its receiver, another object, or nil.
 void define(std::string_view className, MessageKind kind, std::string_view selector,
-            Behaviour behaviour);
+            Behavior behavior);
 
 /// Messages to this class and its subclasses do not appear in the journal: strings, collections.
 void keepOutOfJournal(std::string_view className);
@@ -100,11 +100,11 @@ void describeAs(std::string_view className, std::function<std::string(cocoa::id)
 /// The class as an object that messages can be sent to; for `stateOf`: shared instances.
 [[nodiscard]] cocoa::id classObject(std::string_view className);
 
-/// The value stored by a setter without a behaviour, or by `setProperty`; empty if never set.
+/// The value stored by a setter without a behavior, or by `setProperty`; empty if never set.
 [[nodiscard]] Value property(cocoa::id object, std::string_view name);
 void setProperty(cocoa::id object, std::string_view name, Value value);
 
-/// Sends a message as the system does between its own objects, from a behaviour or a test: without
+/// Sends a message as the system does between its own objects, from a behavior or a test: without
 /// checks and without a journal entry. The result lives as long as the current pool.
 Value answer(cocoa::id receiver, std::string_view selector, std::vector<Value> arguments = {});
 

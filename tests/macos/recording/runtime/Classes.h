@@ -14,7 +14,7 @@
 
 namespace stagehopper::recording {
 
-/// State that behaviours keep with objects and classes.
+/// State that behaviors keep with objects and classes.
 using State = std::unordered_map<std::type_index, std::shared_ptr<void>>;
 
 struct Method {

@@ -2,7 +2,7 @@
 
 namespace stagehopper::recording {
 
-// One function for each file of behaviours. Called once, by the first world.
+// One function for each file of behaviors. Called once, by the first world.
 
 void defineStrings();
 void defineCollections();

@@ -155,10 +155,10 @@ std::intptr_t dispatch_semaphore_signal(dispatch_semaphore_t semaphore) {
 
 std::intptr_t dispatch_semaphore_wait(dispatch_semaphore_t semaphore, dispatch_time_t timeout) {
     if (!dispatch::isLive(semaphore)) return 1;
-    const auto isSignalled = [semaphore] { return semaphore->value > 0; };
+    const auto isSignaled = [semaphore] { return semaphore->value > 0; };
     const bool came = timeout == DISPATCH_TIME_NOW
-                          ? isSignalled()
-                          : queues::waitUntil(isSignalled, dispatch::secondsUntil(timeout));
+                          ? isSignaled()
+                          : queues::waitUntil(isSignaled, dispatch::secondsUntil(timeout));
     if (!came) return 1;
     --semaphore->value;
     return 0;

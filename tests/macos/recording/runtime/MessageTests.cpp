@@ -89,7 +89,7 @@ TEST_F(Messages, AFreedArgumentIsAProblem) {
 
 TEST_F(Messages, AMissingResultObjectIsAProblem) {
     EXPECT_FALSE(handle_.screen());
-    EXPECT_THAT(takeProblems(), ElementsAre("no behaviour for -[<NSPanel 1> screen]"));
+    EXPECT_THAT(takeProblems(), ElementsAre("no behavior for -[<NSPanel 1> screen]"));
 }
 
 TEST_F(Messages, AMainThreadClassOnAnotherQueueIsAProblem) {
@@ -130,7 +130,7 @@ TEST_F(Messages, ExpectInOrderReportsTheMissingLine) {
                             "came too early: setLevel:1]");
 }
 
-TEST_F(Messages, ABehaviourWithoutAFactIsRefused) {
+TEST_F(Messages, ABehaviorWithoutAFactIsRefused) {
     EXPECT_THROW(define("NSWindow", MessageKind::instance, "explode", {}), std::logic_error);
 }
 

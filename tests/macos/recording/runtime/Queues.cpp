@@ -14,7 +14,7 @@ bool never() {
     return false;
 }
 
-/// Repeating work, under the token of its first time. What was cancelled is not here.
+/// Repeating work, under the token of its first time. What was canceled is not here.
 std::map<Token, std::function<void()>>& repeating() {
     static std::map<Token, std::function<void()>> all;
     return all;

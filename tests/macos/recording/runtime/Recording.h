@@ -12,7 +12,7 @@ namespace stagehopper::recording {
 /// Call this after everything of the port is destroyed.
 [[nodiscard]] std::vector<std::string> leaked();
 
-/// Restores the state before the first test, except for classes, behaviours and constants. Ends
+/// Restores the state before the first test, except for classes, behaviors and constants. Ends
 /// waiting work, and drops work that has not begun.
 void reset();
 

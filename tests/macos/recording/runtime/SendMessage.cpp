@@ -91,7 +91,7 @@ const MethodFact* check(const DeclaredMessage& message, cocoa::id receiver,
 void record(const DeclaredMessage& message, cocoa::id receiver, std::span<const Value> arguments) {
     const auto* object = heap::find(receiver);
     auto* itsClass = object != nullptr ? object->itsClass : classes::asClass(receiver);
-    if (memory::isMemoryMessage(message.selector) || behaviours::isQuiet(itsClass)) return;
+    if (memory::isMemoryMessage(message.selector) || behaviors::isQuiet(itsClass)) return;
     JournalEntry entry;
     entry.queue = queues::current();
     entry.seconds = queues::now();
@@ -102,7 +102,7 @@ void record(const DeclaredMessage& message, cocoa::id receiver, std::span<const 
     journal().add(std::move(entry));
 }
 
-/// What a message without a behaviour does.
+/// What a message without a behavior does.
 Value answerWithout(const DeclaredMessage& message, cocoa::id receiver,
                     std::span<const Value> arguments) {
     const auto name = propertyOfSetter(message.selector);
@@ -114,7 +114,7 @@ Value answerWithout(const DeclaredMessage& message, cocoa::id receiver,
         const auto stored = property(receiver, message.selector);
         if (stored.encoding() != "v") return stored;
     }
-    if (message.result == "@") noteProblem("no behaviour for " + lineOf(message, receiver));
+    if (message.result == "@") noteProblem("no behavior for " + lineOf(message, receiver));
     return {};
 }
 
@@ -136,10 +136,10 @@ Value sendMessage(const DeclaredMessage& message, cocoa::id receiver,
         message.kind == Kind::classLevel ? MessageKind::classLevel : MessageKind::instance;
     const auto* object = heap::find(receiver);
     auto* itsClass = object != nullptr ? object->itsClass : classes::asClass(receiver);
-    const auto* behaviour = behaviours::find(itsClass, kind, std::string(message.selector));
+    const auto* behavior = behaviors::find(itsClass, kind, std::string(message.selector));
     Call call(receiver, kind, message.selector, arguments);
     auto answer =
-        behaviour != nullptr ? (*behaviour)(call) : answerWithout(message, receiver, arguments);
+        behavior != nullptr ? (*behavior)(call) : answerWithout(message, receiver, arguments);
     if (!answer.agreesWith(message.result)) {
         noteProblem(lineOf(message, receiver) + " was answered with " +
                     std::string(answer.encoding()) + " instead of " + std::string(message.result));
@@ -157,9 +157,9 @@ Value answer(cocoa::id receiver, std::string_view selector, std::vector<Value> a
     const auto* object = heap::find(receiver);
     const auto kind = object != nullptr ? MessageKind::instance : MessageKind::classLevel;
     auto* itsClass = object != nullptr ? object->itsClass : classes::asClass(receiver);
-    if (const auto* behaviour = behaviours::find(itsClass, kind, std::string(selector))) {
+    if (const auto* behavior = behaviors::find(itsClass, kind, std::string(selector))) {
         Call call(receiver, kind, selector, arguments);
-        const auto given = (*behaviour)(call);
+        const auto given = (*behavior)(call);
         if (given.object() != nullptr) memory::autorelease(Retained(given.object()), false);
         return given;
     }

@@ -20,7 +20,7 @@ struct DeclaredMessage {
 };
 
 /// Takes the place of objc_msgSend: checks and records the message, counts references and calls the
-/// class's behaviour. Only the running work may call this.
+/// class's behavior. Only the running work may call this.
 Value sendMessage(const DeclaredMessage& message, cocoa::id receiver,
                   std::span<const Value> arguments);
 

@@ -26,7 +26,7 @@ concept Crosses =
 class Value {
 public:
     Value() = default;
-    /// Implicit, so that a behaviour can `return 5UL;`.
+    /// Implicit, so that a behavior can `return 5UL;`.
     template <Crosses T>
     Value(T value) : encoding_(cocoa::encoding<cocoa::Abi<T>>) {
         if constexpr (std::derived_from<T, cocoa::Object>) {

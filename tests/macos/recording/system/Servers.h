@@ -41,7 +41,6 @@ public:
     static constexpr const char* refused = "Could not connect to the server.";
     static constexpr const char* lost = "The network connection was lost.";
     static constexpr const char* timedOut = "The request timed out.";
-    static constexpr const char* cancelled = "cancelled";
     /// Seconds until the system gives up a request.
     static constexpr double requestLimit = 60;
 

@@ -66,11 +66,11 @@ void Tasks::exits(LaunchedTask& task, std::int32_t status) {
     queues::inTheWorld(0, [task = *found, status] { end(*task, status, false); });
 }
 
-void Tasks::end(LaunchedTask& task, std::int32_t status, bool signalled) {
+void Tasks::end(LaunchedTask& task, std::int32_t status, bool signaled) {
     if (!task.running) return;
     task.running = false;
     task.status = status;
-    task.signalled = signalled;
+    task.signaled = signaled;
     if (task.program.onEnd) task.program.onEnd();
     if (auto onExit = std::exchange(task.onExit, nullptr)) {
         queues::async("task", std::move(onExit));

@@ -12,7 +12,7 @@
 
 namespace stagehopper::recording {
 
-/// The behaviour of a started program.
+/// The behavior of a started program.
 using ProgramFile = simulated::ProgramFile;
 
 /// One start of a program: its parameters and its state.
@@ -32,7 +32,7 @@ struct LaunchedTask {
     bool askedToEnd = false;
     std::int32_t status = 0;
     /// Ended by a signal, not by itself.
-    bool signalled = false;
+    bool signaled = false;
     ProgramFile program;
     /// Called once, on the queue "task", after it ends.
     std::function<void()> onExit;
@@ -73,7 +73,7 @@ public:
 private:
     static constexpr std::int32_t firstProcess = 5001;
 
-    static void end(LaunchedTask& task, std::int32_t status, bool signalled);
+    static void end(LaunchedTask& task, std::int32_t status, bool signaled);
 
     std::vector<std::shared_ptr<LaunchedTask>> launched_;
 };

@@ -9,7 +9,6 @@
 #include "platform/Accessibility.h"
 #include "platform/FileSystem.h"
 #include "platform/Host.h"
-#include "platform/KeyboardEvents.h"
 #include "platform/Text.h"
 #include "tests/contract/PortTest.h"
 
@@ -163,14 +162,6 @@ TEST_F(SystemContract, AnUnknownProcessHasNoAttributesAndCannotBePressed) {
         EXPECT_FALSE(element->attributeValue(attribute));
     }
     EXPECT_NE(element->press(), platform::AccessibilityError::success);
-}
-
-TEST_F(SystemContract, AKeyToAnUnknownProcessIsRefusedWithAReason) {
-    const auto event = port.keyboardEvents.makeKeyboardEvent(platform::virtual_key::pageDown, true);
-    ASSERT_NE(event, nullptr);
-    const auto outcome = port.keyboardEvents.postToProcess(nobody, *event);
-    EXPECT_FALSE(outcome);
-    EXPECT_NE(outcome.reason(), "");
 }
 
 }  // namespace

@@ -14,12 +14,6 @@ MacStage::MacStage() {
     world.tasks.programs["/sbin/ping"] = {};
 }
 
-void MacStage::dropProgram() {
-    drop();
-    for (const auto& task : world.tasks.launched()) world.tasks.exits(*task, 0);
-    advance(recording::Servers::requestLimit + 1);
-}
-
 void MacStage::make() {
     pool_ = std::make_unique<cocoa::AutoreleasePool>();
     services_ = std::make_unique<macos_port::Services>();

@@ -25,8 +25,7 @@ protected:
 
     /// With pages, a route tool and a ping tool; without a backend.
     MacStage();
-    /// Also ends what the program left behind: its processes, its requests, its delays.
-    void dropProgram() override;
+    void dropProgram() override { drop(); }
 
     /// The steps of the entry point before it runs the loop.
     void make();

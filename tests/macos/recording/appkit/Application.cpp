@@ -63,6 +63,7 @@ void Application::systemQuits() {
 void Application::run() {
     finishLaunching();
     queues::runUntil([this] { return terminated_; });
+    queues::endMain();
 }
 
 void Application::terminate() {

@@ -50,6 +50,7 @@ Outcome outcomeOf(const std::string& asked) {
             return failure(Servers::requestLimit, Servers::timedOut);
         const auto found = server->answers.find(Servers::pathOf(address));
         answer = found == server->answers.end() ? ServerAnswer{404} : found->second;
+        if (answer.never) return failure(Servers::requestLimit, Servers::timedOut);
         redirected = !answer.location.empty();
         if (redirected) address = answer.location;
     }

@@ -38,6 +38,7 @@ Value makeTask(Call& call) {
 }
 
 void connect(const std::shared_ptr<SocketConnection>& connection) {
+    if (connection->ended()) return;
     auto* server = World::current().servers.serverOf(connection->address());
     if (server == nullptr) {
         connection->breaks(Servers::refused);

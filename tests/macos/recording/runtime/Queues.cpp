@@ -84,6 +84,10 @@ bool runUntil(const std::function<bool()>& condition, double limit) {
     return came;
 }
 
+void endMain() {
+    scheduler().endMain();
+}
+
 bool waitUntil(const std::function<bool()>& condition, double limit) {
     return scheduler().waitUntil(condition, limit);
 }

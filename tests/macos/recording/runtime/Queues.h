@@ -41,6 +41,9 @@ void advance(double seconds);
 /// work within the time limit makes it hold.
 bool runUntil(const std::function<bool()>& condition, double limit = 600);
 
+/// The program's main loop has ended: work that is still queued on "main" never runs.
+void endMain();
+
 /// Blocks the caller as a system call does; on "main" the run loop does not run during the wait.
 /// False if the condition does not hold in time. A wait without a limit that can never end is a
 /// problem, and ends.

@@ -41,7 +41,7 @@ void Scheduler::cancel(queues::Token token) {
 }
 
 bool Scheduler::isRunnable(const std::string& queue, bool mainMayRun) const {
-    if (queue == "main") return mainMayRun;
+    if (queue == "main") return mainMayRun && !mainHasEnded_;
     if (queue == "world" || isGlobal(queue)) return true;
     // A serial queue.
     return std::ranges::none_of(blocked_,
@@ -157,6 +157,7 @@ void Scheduler::reset() {
     items_.clear();
     now_ = 0;
     stepsSinceTimeMoved_ = 0;
+    mainHasEnded_ = false;
     ending_ = false;
 }
 

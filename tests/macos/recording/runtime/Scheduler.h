@@ -26,6 +26,7 @@ public:
     /// Runs until no work is left up to that time, or the condition holds.
     void runUntil(double time, const std::function<bool()>& condition, bool mainMayRun);
     bool waitUntil(const std::function<bool()>& condition, double limit);
+    void endMain() { mainHasEnded_ = true; }
 
     /// Ends waits at once, drops work that has not begun, and sets the clock to zero.
     void reset();
@@ -53,6 +54,7 @@ private:
     Items items_;
     std::list<std::unique_ptr<Worker>> blocked_;
     std::string here_ = "main";
+    bool mainHasEnded_ = false;
     bool ending_ = false;
 };
 

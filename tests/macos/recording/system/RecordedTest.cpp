@@ -15,10 +15,11 @@ void RecordedTest::TearDown() {
     dropProgram();
 }
 
-RecordedTest::~RecordedTest() {
+CheckedWorld::~CheckedWorld() {
+    for (const auto& task : tasks.launched()) tasks.exits(*task, 0);
     queues::advance(everythingHasEnded);
-    EXPECT_EQ(world.runningTimers, 0) << "timers that were not invalidated";
-    world.end();
+    EXPECT_EQ(runningTimers, 0) << "timers that were not invalidated";
+    end();
     EXPECT_THAT(problems(), testing::IsEmpty());
     EXPECT_THAT(leaked(), testing::IsEmpty());
 }

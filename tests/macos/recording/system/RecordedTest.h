@@ -9,15 +9,19 @@
 
 namespace stagehopper::recording {
 
-/// A test with its own world. At its end there must be no problem, and the program must have
-/// released every object, block, queue and semaphore.
-class RecordedTest : public testing::Test {
+/// The world of one test. Ends after the program: then there must be no problem, and the program
+/// must have released every object, block, queue and semaphore.
+class CheckedWorld final : public World {
 public:
-    RecordedTest() = default;
-    ~RecordedTest() override;
-    RecordedTest(const RecordedTest&) = delete;
-    RecordedTest& operator=(const RecordedTest&) = delete;
+    CheckedWorld() = default;
+    /// Also ends the processes that still run.
+    ~CheckedWorld();
+    CheckedWorld(const CheckedWorld&) = delete;
+    CheckedWorld& operator=(const CheckedWorld&) = delete;
+};
 
+/// A test with its own world.
+class RecordedTest : public testing::Test {
 protected:
     void TearDown() final;
 
@@ -25,7 +29,7 @@ protected:
     /// too late.
     virtual void dropProgram() {}
 
-    World world;
+    CheckedWorld world;
 };
 
 }  // namespace stagehopper::recording

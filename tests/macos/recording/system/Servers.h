@@ -19,6 +19,8 @@ struct ServerAnswer {
     std::string location{};
     /// Only the head comes; then the connection is lost.
     bool breaksOff = false;
+    /// The request is accepted and never answered.
+    bool never = false;
 };
 
 /// A server on a port of the loopback interface.

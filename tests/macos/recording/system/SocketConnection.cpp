@@ -91,7 +91,7 @@ void SocketConnection::answerPing(PongHandler handler) {
 
 void SocketConnection::close(long code) {
     if (failure_) return;
-    if (open_) closeCode_ = code;
+    if (open_) closeCode_ = static_cast<int>(code);
     breaks("cancelled");
 }
 

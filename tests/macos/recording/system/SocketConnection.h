@@ -40,9 +40,10 @@ public:
     // --- what a test looks at -----------------------------------------------------------------
     [[nodiscard]] const std::string& address() const { return address_; }
     [[nodiscard]] bool open() const { return open_; }
+    [[nodiscard]] bool ended() const { return failure_.has_value(); }
     [[nodiscard]] int pings() const { return pings_; }
     /// Absent until the client closes it.
-    [[nodiscard]] std::optional<long> closeCode() const { return closeCode_; }
+    [[nodiscard]] std::optional<int> closeCode() const { return closeCode_; }
     /// Whether the client waits for a message.
     [[nodiscard]] bool awaited() const { return !receivers_.empty(); }
 
@@ -65,7 +66,7 @@ private:
     std::shared_ptr<void> client_;
     int pings_ = 0;
     int pongs_ = 0;
-    std::optional<long> closeCode_;
+    std::optional<int> closeCode_;
     std::optional<std::string> failure_;
     std::deque<Incoming> inbox_;
     std::deque<Receiver> receivers_;

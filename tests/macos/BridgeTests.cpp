@@ -12,7 +12,6 @@ namespace {
 using recording::expectInOrder;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::SizeIs;
 
 class MacBridge : public MacStage {
 protected:
@@ -20,10 +19,6 @@ protected:
         world.servers.serve(3000);
         launch();
         forget();
-    }
-    void pagePostsOther(recording::Retained body) {
-        panelPage().posts("bridge", std::move(body));
-        runUntilIdle();
     }
 };
 
@@ -38,39 +33,18 @@ TEST_F(MacBridge, ATextReachesTheController) {
 }
 
 TEST_F(MacBridge, ATextWithHalfASurrogatePairIsInTheSystemsLogAndNotInTheFile) {
-    pagePostsOther(recording::makeStringWithoutUtf8(u"DBG:é\xD83D!"));
-    EXPECT_THAT(diagnostics(), ElementsAre("panel_debug é\uFFFD\uFFFD\uFFFD!"));
+    panelPage().posts("bridge", recording::makeStringWithoutUtf8(u"DBG:é\xD83D!"));
     pagePosts("DBG:whole");
+    EXPECT_THAT(diagnostics(),
+                ElementsAre("panel_debug é\uFFFD\uFFFD\uFFFD!", "panel_debug whole"));
     EXPECT_THAT(files.contents(logFile), testing::EndsWith("panel_debug whole\n"));
     EXPECT_THAT(files.contents(logFile), testing::Not(testing::HasSubstr("é")));
 }
 
-TEST_F(MacBridge, AnEmptyTextDoesNothing) {
-    pagePosts("");
-    EXPECT_THAT(world.systemLog, IsEmpty());
-}
-
-TEST_F(MacBridge, ANumberABooleanAndAListDoNothing) {
-    pagePostsOther(recording::makeNumber(17));
-    pagePostsOther(recording::makeTruth(true));
-    pagePostsOther(recording::makeArray({recording::makeString("CMD:showOverlay")}));
-    EXPECT_THAT(world.systemLog, IsEmpty());
-    EXPECT_THAT(lines("didReceiveScriptMessage:"), SizeIs(3));
-    EXPECT_THAT(lines("NSPanel"), IsEmpty());
-}
-
-TEST_F(MacBridge, AMessageToAnUnknownHandlerIsIgnored) {
-    panelPage().posts("other", "DBG:hello");
-    runUntilIdle();
-    EXPECT_THAT(world.systemLog, IsEmpty());
-}
-
 TEST_F(MacBridge, MessagesFromAFrameInThePageAreIgnored) {
-    panelPage().postsFromFrame("bridge", "CMD:showOverlay");
     panelPage().postsFromFrame("bridge", "DBG:from a frame");
     runUntilIdle();
     EXPECT_THAT(world.systemLog, IsEmpty());
-    EXPECT_THAT(lines("NSPanel"), IsEmpty());
 }
 
 TEST_F(MacBridge, AFileDroppedOnThePageDoesNotReplaceIt) {
@@ -81,65 +55,42 @@ TEST_F(MacBridge, AFileDroppedOnThePageDoesNotReplaceIt) {
         runUntilIdle();
         EXPECT_EQ(panelPage().file, page);
     }
-}
-
-TEST_F(MacBridge, ThePageMayNavigateToItself) {
-    const auto page = panelPage().file;
     panelPage().userDrops("file://" + page + "#top");
     runUntilIdle();
     EXPECT_EQ(panelPage().file, "file://" + page + "#top");
-}
-
-TEST_F(MacBridge, AFrameShowsTheBackendsPageAndNoWindowIsOpened) {
     EXPECT_TRUE(panelPage().frameMayGoTo("http://127.0.0.1:3000/link"));
     EXPECT_FALSE(panelPage().mayOpenWindow("http://127.0.0.1:3000/link"));
 }
 
 TEST_F(MacBridge, APageWhoseProcessDiedIsLoadedAgainAfterAPause) {
-    panelPage().processDies();
-    runUntilIdle();
-    EXPECT_EQ(panelPage().loads, 1);
-    advance(0.6);
-    EXPECT_EQ(panelPage().loads, 2);
-    EXPECT_TRUE(panelPage().alive);
+    pagePosts("CMD:showOverlay");
+    world.systemLog.clear();
+    for (const auto page : {0U, 1U}) {
+        world.pages.at(page).processDies();
+        runUntilIdle();
+        EXPECT_EQ(world.pages.at(page).loads, 1);
+        advance(0.6);
+        EXPECT_EQ(world.pages.at(page).loads, 2);
+        EXPECT_TRUE(world.pages.at(page).alive);
+    }
     EXPECT_THAT(world.systemLog,
-                ElementsAre("Stagehopper: the page panel.html ended and is loaded again"));
-    pagePosts("DBG:back again");
-    EXPECT_THAT(diagnostics(), ElementsAre("panel_debug back again"));
+                ElementsAre("Stagehopper: the page panel.html ended and is loaded again",
+                            "Stagehopper: the page overlay.html ended and is loaded again"));
 }
 
 TEST_F(MacBridge, APageThatDiesTooOftenStaysEmpty) {
+    for (int death = 1; death <= 6; ++death) {
+        panelPage().processDies();
+        advance(30);
+        EXPECT_TRUE(panelPage().alive) << "once a minute is not too often";
+    }
     for (int death = 1; death <= 4; ++death) {
         panelPage().processDies();
         advance(1);
     }
-    EXPECT_EQ(panelPage().loads, 4);
     EXPECT_FALSE(panelPage().alive);
     EXPECT_EQ(world.systemLog.back(),
               "Stagehopper: the page panel.html ended too often and stays empty");
-}
-
-TEST_F(MacBridge, APageThatDiesOnceAMinuteIsAlwaysLoadedAgain) {
-    for (int death = 1; death <= 6; ++death) {
-        panelPage().processDies();
-        advance(30);
-    }
-    EXPECT_TRUE(panelPage().alive);
-}
-
-TEST_F(MacBridge, TheOverlaysPageIsAlsoLoadedAgain) {
-    pagePosts("CMD:showOverlay");
-    world.pages.at(1).processDies();
-    advance(0.6);
-    EXPECT_EQ(world.pages.at(1).loads, 2);
-    EXPECT_EQ(panelPage().loads, 1);
-}
-
-TEST_F(MacBridge, MessagesOfThePageAfterTheControllersEndAreIgnored) {
-    panelPage().posts("bridge", "DBG:too late");
-    dropController();
-    runUntilIdle();
-    EXPECT_THAT(world.systemLog, IsEmpty());
 }
 
 }  // namespace

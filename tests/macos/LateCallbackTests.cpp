@@ -27,42 +27,28 @@ protected:
     static Retained property(cocoa::id object, std::string_view name) {
         return Retained(recording::property(object, name).object());
     }
-    [[nodiscard]] static Retained applicationDelegate() {
-        return property(recording::sharedApplication(), "delegate");
-    }
 };
 
-TEST_F(MacLateCallback, TheDelegatesMessagesAfterTheControllersEndDoNothing) {
-    const auto delegate = applicationDelegate();
+TEST_F(MacLateCallback, TheDelegatesMessagesAfterTheEndDoNothing) {
+    const auto application = recording::sharedApplication();
+    const auto delegate = property(application, "delegate");
+    const auto notification = recording::makeNotification("NSAnyNotification", application);
+    const auto expectNothing = [&] {
+        forget();
+        sendToPort(delegate.get(), "applicationDidFinishLaunching:", notification.get());
+        sendToPort(delegate.get(), "applicationWillTerminate:", notification.get());
+        sendToPort(delegate.get(), "windowWillClose:", notification.get());
+        EXPECT_FALSE(sendToPort<bool>(
+            delegate.get(), "applicationShouldTerminateAfterLastWindowClosed:", application));
+        sendToPort(delegate.get(), "screenDidChange");
+        EXPECT_THAT(world.systemLog, IsEmpty());
+        EXPECT_THAT(lines(" set"), IsEmpty());
+    };
     dropController();
-    forget();
-    const auto notification =
-        recording::makeNotification("NSAnyNotification", recording::sharedApplication());
-    sendToPort(delegate.get(), "applicationDidFinishLaunching:", notification.get());
-    sendToPort(delegate.get(), "applicationWillTerminate:", notification.get());
-    sendToPort(delegate.get(), "windowWillClose:", notification.get());
-    EXPECT_FALSE(sendToPort<bool>(
-        delegate.get(),
-        "applicationShouldTerminateAfterLastWindowClosed:", recording::sharedApplication()));
-    sendToPort(delegate.get(), "screenDidChange");
-    EXPECT_THAT(world.systemLog, IsEmpty());
-    EXPECT_THAT(lines(" set"), IsEmpty());
-}
-
-TEST_F(MacLateCallback, TheDelegatesMessagesAfterTheServicesEndDoNothing) {
-    const auto delegate = applicationDelegate();
+    expectNothing();
     drop();
-    forget();
-    const auto notification =
-        recording::makeNotification("NSAnyNotification", recording::sharedApplication());
-    sendToPort(delegate.get(), "applicationDidFinishLaunching:", notification.get());
-    sendToPort(delegate.get(), "windowWillClose:", notification.get());
-    EXPECT_FALSE(sendToPort<bool>(
-        delegate.get(),
-        "applicationShouldTerminateAfterLastWindowClosed:", recording::sharedApplication()));
-    sendToPort(delegate.get(), "screenDidChange");
-    EXPECT_THAT(world.systemLog, IsEmpty());
-    EXPECT_THAT(lines(), SizeIs(4)) << "only the callbacks themselves";
+    expectNothing();
+    EXPECT_THAT(lines(), SizeIs(5)) << "only the callbacks themselves";
 }
 
 TEST_F(MacLateCallback, AMessageHandlerThatOutlivesItsPageDoesNothing) {
@@ -87,25 +73,7 @@ TEST_F(MacLateCallback, APageGuardThatOutlivesItsPageReloadsNothing) {
     EXPECT_EQ(world.pages.at(0).loads, 1);
 }
 
-TEST_F(MacLateCallback, TimersEndWithTheController) {
-    dropController();
-    runUntilIdle();
-    forget();
-    advance(60);
-    EXPECT_THAT(lines(), IsEmpty());
-}
-
-TEST_F(MacLateCallback, AScreenChangeAfterTheEndDoesNothing) {
-    pagePosts("CMD:showOverlay");
-    drop();
-    forget();
-    world.screens.change({{{0, 0}, {800, 600}}});
-    runUntilIdle();
-    EXPECT_THAT(lines(), IsEmpty());
-}
-
 TEST_F(MacLateCallback, DelayedWorkAfterTheEndDoesNothing) {
-    world.servers.serve(3000);
     pagePosts("CMD:showOverlay");
     pagePosts("WSCONN:ws://127.0.0.1:3000|AB12");
     drop();

@@ -59,50 +59,21 @@ TEST_F(MacOverlay, IsBuiltInOneOrderAndShownWithoutTakingTheFocus) {
     EXPECT_EQ(page().readAccess, resources);
     EXPECT_THAT(lines("makeKey"), IsEmpty());
     EXPECT_THAT(lines("NSApplication"), IsEmpty());
-}
-
-TEST_F(MacOverlay, IsAClearPanelAboveEverythingThatLetsTheMouseThrough) {
-    show();
-    const auto look = world.windows.look("NSPanel");
-    EXPECT_EQ(look.styleMask, 128U);
-    EXPECT_EQ(look.level, recording::World::shieldingLevel + 1L);
-    EXPECT_EQ(look.collectionBehavior, 257U);
-    EXPECT_TRUE(look.visible);
-    EXPECT_FALSE(look.key);
-    EXPECT_TRUE(look.clearBackground);
-    EXPECT_FALSE(look.opaque);
-    EXPECT_FALSE(look.hasShadow);
-    EXPECT_FALSE(look.hidesOnDeactivate);
-    EXPECT_TRUE(look.ignoresMouseEvents);
-    EXPECT_FALSE(look.restorable);
-    EXPECT_EQ(look.animationBehavior, 2) << "it would fade, and be freed in the middle of it";
     EXPECT_FALSE(page().drawsBackground());
-}
-
-TEST_F(MacOverlay, ItsPageCanPostNothing) {
-    show();
-    EXPECT_THAT(page().handlers(), IsEmpty());
-    // The first marks the frames.
-    ASSERT_THAT(page().injectedScripts(), SizeIs(2));
+    EXPECT_THAT(page().handlers(), IsEmpty()) << "its page can post nothing";
+    ASSERT_THAT(page().injectedScripts(), SizeIs(2)) << "the first marks the frames";
     EXPECT_EQ(page().injectedScripts()[1].injectionTime, 0);
     EXPECT_TRUE(page().injectedScripts()[1].mainFrameOnly);
 }
 
-TEST_F(MacOverlay, ShowingItAgainOnlyOrdersItFront) {
+TEST_F(MacOverlay, HidingItAndShowingItAgainOnlyOrdersIt) {
     show();
-    pagePosts("CMD:hideOverlay");
     forget();
+    pagePosts("CMD:hideOverlay");
     show();
-    EXPECT_THAT(lines("NSPanel"), ElementsAre("[<NSPanel 1> orderFrontRegardless]"));
+    EXPECT_THAT(lines("NSPanel"),
+                ElementsAre("[<NSPanel 1> orderOut:nil]", "[<NSPanel 1> orderFrontRegardless]"));
     EXPECT_THAT(lines("initWithFrame:"), IsEmpty());
-}
-
-TEST_F(MacOverlay, HidingItOrdersItOut) {
-    show();
-    forget();
-    pagePosts("CMD:hideOverlay");
-    EXPECT_THAT(lines("NSPanel"), ElementsAre("[<NSPanel 1> orderOut:nil]"));
-    EXPECT_TRUE(exists());
     EXPECT_EQ(page().loads, 1);
 }
 
@@ -130,65 +101,16 @@ TEST_F(MacOverlay, FollowsTheScreen) {
     EXPECT_EQ(queueOf("setFrame:"), "main");
 }
 
-TEST_F(MacOverlay, OnASecondScreenItsPageStillStartsInTheCorner) {
-    world.screens.change({{{0, 0}, {1440, 900}}, {{1440, -180}, {1920, 1080}}});
+TEST_F(MacOverlay, CoversTheMainScreenOrElseTheFirstAndItsPageStartsInTheCorner) {
+    world.screens.change({{{10, 20}, {800, 600}}, {{1440, -180}, {1920, 1080}}});
     world.screens.main = 1;
     show();
-    EXPECT_THAT(lines(), Contains("[<NSPanel 1> initWithContentRect:{1440,-180,1920,1080} "
-                                  "styleMask:128 backing:2 defer:NO]"));
-    EXPECT_EQ(page().frame().origin.x, 0);
-    EXPECT_EQ(page().frame().size.width, 1920);
-}
-
-TEST_F(MacOverlay, WithoutAMainScreenTheFirstOneIsCovered) {
-    world.screens.change({{{10, 20}, {800, 600}}, {{1440, 0}, {1920, 1080}}});
+    EXPECT_THAT(lines("initWithContentRect:{1440,-180,1920,1080}"), SizeIs(1));
+    EXPECT_THAT(lines("initWithFrame:{0,0,1920,1080}"), SizeIs(1));
+    pagePosts("CMD:destroyOverlay");
     world.screens.main.reset();
     show();
-    EXPECT_THAT(lines(), Contains("[<NSPanel 1> initWithContentRect:{10,20,800,600} "
-                                  "styleMask:128 backing:2 defer:NO]"));
-}
-
-TEST_F(MacOverlay, WithoutAnyScreenNothingIsMade) {
-    world.screens.change({});
-    world.screens.main.reset();
-    runUntilIdle();
-    forget();
-    show();
-    EXPECT_FALSE(exists());
-    EXPECT_THAT(lines("WKWebView"), IsEmpty());
-}
-
-TEST_F(MacOverlay, StaysWhereItWasWhenTheLastScreenIsUnplugged) {
-    show();
-    forget();
-    world.screens.main.reset();
-    world.screens.change({});
-    runUntilIdle();
-    EXPECT_THAT(lines("setFrame:"), IsEmpty());
-    EXPECT_TRUE(exists());
-}
-
-TEST_F(MacOverlay, ClosesWithThePanelWindow) {
-    show();
-    forget();
-    userClosesPanel();
-    expectInOrder({"<- [<AppController 1> windowWillClose:<NSNotification 3>]",
-                   "[<NSPanel 1> orderOut:nil]", "[<WKWebView 2> stopLoading]"});
-    EXPECT_FALSE(exists());
-}
-
-TEST_F(MacOverlay, ConnectsItsPageHalfASecondAfterThePanelAsks) {
-    show();
-    forget();
-    pagePosts("WSCONN:ws://127.0.0.1:3000|AB\"12");
-    EXPECT_THAT(page().evaluated, IsEmpty());
-    advance(0.49);
-    EXPECT_THAT(page().evaluated, IsEmpty());
-    advance(0.02);
-    EXPECT_THAT(page().evaluated,
-                ElementsAre(R"(window._connectOverlay("ws://127.0.0.1:3000", "AB\"12"))"));
-    EXPECT_THAT(lines("evaluateJavaScript:"),
-                ElementsAre(testing::EndsWith("completionHandler:nil]")));
+    EXPECT_THAT(lines("initWithContentRect:{10,20,800,600}"), SizeIs(1));
 }
 
 }  // namespace

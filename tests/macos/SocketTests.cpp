@@ -9,13 +9,10 @@ namespace stagehopper {
 namespace {
 
 using recording::expectInOrder;
-using testing::Contains;
 using testing::DoubleNear;
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
-using testing::StartsWith;
 
 constexpr auto* lost = "The network connection was lost.";
 
@@ -25,11 +22,8 @@ protected:
         world.servers.serve(3000);
         launch();
     }
-    void connect(const std::string& room = "AB12") {
-        pagePosts("WSCONN:http://127.0.0.1:3000|" + room);
-    }
+    void connect() { pagePosts("WSCONN:http://127.0.0.1:3000|AB12"); }
     auto& socket() { return world.servers.lastConnection(3000); }
-    auto& connections() { return world.servers.serve(3000).connections; }
 };
 
 TEST_F(MacSocket, IsCreatedResumedAndReceiving) {
@@ -64,39 +58,6 @@ TEST_F(MacSocket, ATextArrivesOnTheSessionsQueueAndIsActedOnTheMainOne) {
     EXPECT_TRUE(socket().awaited());
 }
 
-TEST_F(MacSocket, BytesAreReadAsData) {
-    connect();
-    forget();
-    socket().sendsBytes(R"({"type":"welcome"})");
-    runUntilIdle();
-    EXPECT_THAT(lines("data]"), SizeIs(1));
-    EXPECT_THAT(lines(" string]"), IsEmpty());
-    EXPECT_THAT(diagnostics("native_ws_ready"), SizeIs(1));
-}
-
-TEST_F(MacSocket, InvalidTextBytesAreDroppedAndTheNextMessageArrives) {
-    connect();
-    forget();
-    socket().sendsBytes("\xFF\xFE");
-    socket().sends(R"({"type":"welcome"})");
-    runUntilIdle();
-    EXPECT_THAT(diagnostics(), ElementsAre("native_ws_ready room=AB12"));
-}
-
-TEST_F(MacSocket, MessagesKeepTheirOrder) {
-    connect();
-    forget();
-    for (int i = 0; i < 20; ++i) {
-        socket().sends(R"({"type":"slide_nav","direction":"x","seq":)" + std::to_string(i) + "}");
-    }
-    runUntilIdle();
-    const auto received = diagnostics("native_ws_received");
-    ASSERT_THAT(received, SizeIs(20));
-    for (std::size_t i = 0; i < 20; ++i) {
-        EXPECT_EQ(received[i], "native_ws_received direction=x seq=" + std::to_string(i));
-    }
-}
-
 TEST_F(MacSocket, ABrokenConnectionIsReopenedASecondLater) {
     connect();
     forget();
@@ -114,26 +75,13 @@ TEST_F(MacSocket, ABrokenConnectionIsReopenedASecondLater) {
     EXPECT_TRUE(socket().open());
 }
 
-TEST_F(MacSocket, IsPingedEveryFifteenSeconds) {
-    connect();
-    forget();
-    advance(14.9);
-    EXPECT_THAT(lines("sendPing"), IsEmpty());
-    advance(0.2);
-    EXPECT_THAT(lines("sendPing"), ElementsAre("[<NSURLSessionWebSocketTask 1> "
-                                               "sendPingWithPongReceiveHandler:^block]"));
-    EXPECT_EQ(queueOf("sendPing"), "main");
-    advance(30);
-    EXPECT_EQ(socket().pings(), 3);
-    EXPECT_TRUE(socket().open());
-    EXPECT_THAT(diagnostics("native_ws_ping_failed"), IsEmpty());
-}
-
 TEST_F(MacSocket, ASecondCallOfAPongHandlerDoesNothing) {
     world.servers.serve(3000).pongs = 2;
     connect();
+    forget();
     advance(31);
-    EXPECT_EQ(socket().pings(), 2);
+    EXPECT_THAT(lines("sendPing"), SizeIs(2));
+    EXPECT_EQ(queueOf("sendPing"), "main");
     EXPECT_TRUE(socket().open());
 }
 
@@ -147,30 +95,6 @@ TEST_F(MacSocket, AFailedPingReportedTwiceCountsOnce) {
     socket().breaks(lost);
     runUntilIdle();
     EXPECT_THAT(diagnostics("native_ws_ping_failed"), SizeIs(1));
-}
-
-TEST_F(MacSocket, AFailedPingReopensTheConnection) {
-    world.servers.serve(3000).pongs = 0;
-    connect();
-    advance(15);
-    forget();
-    socket().breaks(lost);
-    runUntilIdle();
-    EXPECT_THAT(lines("cancelWithCloseCode:1001 reason:nil]"), SizeIs(1));
-    advance(1);
-    EXPECT_THAT(connections(), SizeIs(2));
-    EXPECT_TRUE(socket().open());
-}
-
-TEST_F(MacSocket, AnotherRoomReplacesIt) {
-    connect("ONE");
-    forget();
-    connect("TWO");
-    expectInOrder({"[<NSURLSessionWebSocketTask 1> cancelWithCloseCode:1001 reason:nil]",
-                   "[<NSURLSessionWebSocketTask 2> resume]"});
-    advance(10);
-    EXPECT_THAT(diagnostics("native_ws_receive_failed"), IsEmpty());
-    EXPECT_EQ(world.servers.openSockets(), 1U);
 }
 
 TEST_F(MacSocket, IsCanceledOnceAtQuit) {
@@ -201,38 +125,6 @@ TEST_F(MacSocket, MessagesAfterTheControllersEndDoNothing) {
     EXPECT_THAT(diagnostics(), IsEmpty());
     EXPECT_THAT(lines("receiveMessage"), IsEmpty());
     EXPECT_THAT(lines("dispatch_async_f"), IsEmpty());
-}
-
-TEST_F(MacSocket, AnInvalidAddressIsNotPassedToTheSession) {
-    forget();
-    pagePosts("WSCONN:http://not a url|AB12");
-    EXPECT_THAT(lines("webSocketTaskWithURL:"), IsEmpty());
-    EXPECT_THAT(diagnostics("native_ws_connect_failed"), SizeIs(1));
-}
-
-TEST_F(MacSocket, AnAddressOfAnotherSchemeFailsAsAConnectionDoes) {
-    forget();
-    pagePosts("WSCONN:ftp://h|AB12");
-    EXPECT_THAT(lines("webSocketTaskWithURL:"), IsEmpty());
-    EXPECT_THAT(diagnostics("native_ws_receive_failed"), SizeIs(1));
-}
-
-TEST_F(MacSocket, ASchemeInCapitalsIsAccepted) {
-    forget();
-    pagePosts("WSCONN:WS://127.0.0.1:3000|CD34");
-    EXPECT_THAT(lines("webSocketTaskWithURL:<ws://127.0.0.1:3000/ws?roomCode=CD34"), SizeIs(1));
-}
-
-TEST_F(MacSocket, TheMeetingOfTheBackendIsJoined) {
-    serveMeeting(3000, "CD34");
-    forget();
-    advance(4);
-    expectInOrder(
-        {"dataTaskWithURL:<http://127.0.0.1:3000/v1/meetings/active> "
-         "completionHandler:^block]",
-         "dispatch_async_f(main)", "[<NSURLSessionWebSocketTask 1> resume]"});
-    EXPECT_THAT(diagnostics("native_ws_connecting"),
-                ElementsAre("native_ws_connecting room=CD34 reason=active_discovery"));
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace stagehopper::simulated {
 
@@ -9,7 +10,10 @@ Desktop::Desktop()
     : journal(clock),
       dispatch(clock),
       processes(journal, dispatch),
-      network(journal, dispatch),
+      network(journal,
+              [this](platform::Duration delay, platform::Task task) {
+                  dispatch.asyncSystem(delay, std::move(task));
+              }),
       application(journal, dispatch),
       userInterface(journal, dispatch),
       workspace(journal),

@@ -71,7 +71,7 @@ public:
             } else {
                 connection_->inbox.pop_front();
             }
-            session_.dispatch_.asyncSystem(
+            session_.asyncSystem_(
                 {}, [completion = std::move(completion), result = std::move(result)] {
                     completion(result);
                 });
@@ -85,11 +85,11 @@ public:
         ++connection_->pings;
         auto* server = session_.serverOf(connection_->url);
         if (resumed_ && !connection_->open) {
-            session_.dispatch_.asyncSystem({}, [pongHandler = std::move(pongHandler)] {
+            session_.asyncSystem_({}, [pongHandler = std::move(pongHandler)] {
                 pongHandler(platform::UrlError{lost});
             });
         } else if (connection_->open && server != nullptr && server->answersPings) {
-            session_.dispatch_.asyncSystem(
+            session_.asyncSystem_(
                 {}, [pongHandler = std::move(pongHandler)] { pongHandler(std::nullopt); });
         } else {
             connection_->pongHandlers.push_back(std::move(pongHandler));
@@ -148,7 +148,7 @@ void SimulatedUrlSession::startDataTask(const std::string& url,
             result.error = platform::UrlError{lost};
         }
     }
-    dispatch_.asyncSystem(delay, [completion = std::move(completion), result = std::move(result)] {
+    asyncSystem_(delay, [completion = std::move(completion), result = std::move(result)] {
         completion(result);
     });
 }
@@ -186,7 +186,7 @@ void SimulatedUrlSession::deliver(SocketConnection& connection, platform::Receiv
     }
     auto receiver = std::move(connection.receivers.front());
     connection.receivers.pop_front();
-    dispatch_.asyncSystem(
+    asyncSystem_(
         {}, [receiver = std::move(receiver), result = std::move(result)] { receiver(result); });
 }
 
@@ -195,10 +195,10 @@ void SimulatedUrlSession::breaks(SocketConnection& connection, const std::string
     const platform::UrlError error{why};
     connection.inbox.push_back(error);
     for (auto& receiver : std::exchange(connection.receivers, {})) {
-        dispatch_.asyncSystem({}, [receiver = std::move(receiver), error] { receiver(error); });
+        asyncSystem_({}, [receiver = std::move(receiver), error] { receiver(error); });
     }
     for (auto& handler : std::exchange(connection.pongHandlers, {})) {
-        dispatch_.asyncSystem({}, [handler = std::move(handler), error] { handler(error); });
+        asyncSystem_({}, [handler = std::move(handler), error] { handler(error); });
     }
 }
 

@@ -6,12 +6,13 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/Clock.h"
+#include "platform/Dispatch.h"
 #include "platform/UrlSession.h"
 #include "ports/simulated/Journal.h"
-#include "ports/simulated/SimulatedDispatch.h"
 
 namespace stagehopper::simulated {
 
@@ -46,11 +47,14 @@ struct Server {
 };
 
 /// HTTP and WebSocket in memory: the loopback interface with servers on some ports. Completions run
-/// on the system's lane of the dispatch. Main thread and global work.
+/// on a thread of the system. Main thread and global work.
 class SimulatedUrlSession final : public platform::UrlSession {
 public:
-    SimulatedUrlSession(Journal& journal, SimulatedDispatch& dispatch)
-        : journal_(journal), dispatch_(dispatch) {}
+    /// Runs a task on a thread of the system, after a delay.
+    using AsyncSystem = std::function<void(platform::Duration, platform::Task)>;
+
+    SimulatedUrlSession(Journal& journal, AsyncSystem asyncSystem)
+        : journal_(journal), asyncSystem_(std::move(asyncSystem)) {}
 
     void startDataTask(const std::string& url,
                        std::function<void(platform::DataResult)> completion) override;
@@ -83,7 +87,7 @@ private:
     void deliver(SocketConnection& connection, platform::ReceiveResult result);
 
     Journal& journal_;
-    SimulatedDispatch& dispatch_;
+    AsyncSystem asyncSystem_;
     std::map<int, Server> servers_;
     std::vector<std::string> requests_;
 };

@@ -53,7 +53,7 @@ TEST_F(MacBackend, IsConfiguredThenStarted) {
 }
 
 TEST_F(MacBackend, TheReplyToAProbeArrivesOnTheSessionsQueueWhileTheMainThreadWaits) {
-    world.servers.serve(3000).answersAfter = 0.2;
+    world.servers.serve(3000).answersAfter = platform::Duration{0.2};
     launch();
     EXPECT_EQ(queueOf("statusCode]"), "session");
     // One probe before the backend, one before the discovery.
@@ -62,7 +62,8 @@ TEST_F(MacBackend, TheReplyToAProbeArrivesOnTheSessionsQueueWhileTheMainThreadWa
 }
 
 TEST_F(MacBackend, ANonHttpReplyIsNotABackend) {
-    world.servers.serve(3000).answers["/health"] = {.http = false};
+    world.servers.serve(3000);
+    world.network.notHttp.insert("http://127.0.0.1:3000/health");
     installServingBackend(3001);
     launch();
     EXPECT_THAT(starts(), SizeIs(1));

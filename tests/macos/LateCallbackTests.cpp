@@ -6,7 +6,7 @@
 #include "tests/macos/recording/foundation/Notifications.h"
 #include "tests/macos/recording/runtime/Behaviors.h"
 #include "tests/macos/recording/runtime/Callbacks.h"
-#include "tests/macos/recording/webkit/ContentController.h"
+#include "tests/macos/recording/webkit/WebPages.h"
 
 namespace stagehopper {
 
@@ -25,7 +25,7 @@ protected:
     }
 
     static Retained property(cocoa::id object, std::string_view name) {
-        return Retained(recording::property(object, name).object());
+        return Retained(recording::propertyObject(object, name));
     }
 };
 
@@ -53,8 +53,7 @@ TEST_F(MacLateCallback, TheDelegatesMessagesAfterTheEndDoNothing) {
 
 TEST_F(MacLateCallback, AMessageHandlerThatOutlivesItsPageDoesNothing) {
     const auto controller = property(panelPage().view(), "contentController");
-    const auto handler = recording::stateOf<recording::ContentControllerState>(controller.get())
-                             .handlers.at("bridge");
+    const auto handler = panelPage().controller().handlers.at("bridge");
     drop();
     forget();
     const auto message = recording::makeObject("WKScriptMessage");
@@ -84,7 +83,7 @@ TEST_F(MacLateCallback, DelayedWorkAfterTheEndDoesNothing) {
 
 TEST_F(MacLateCallback, AReplyAfterTheEndIsDropped) {
     serveMeeting(3000, "AB12");
-    world.servers.serve(3000).answersAfter = 0.3;
+    world.servers.serve(3000).answersAfter = platform::Duration{0.3};
     forget();
     // The discovery's next round: the probe is answered, the question about meetings is under way.
     advance(4.4);

@@ -23,7 +23,7 @@ protected:
     MacLaunch() { world.servers.serve(3000); }
 
     [[nodiscard]] static cocoa::id mainMenu() {
-        return recording::property(recording::sharedApplication(), "mainMenu").object();
+        return recording::propertyObject(recording::sharedApplication(), "mainMenu");
     }
 };
 
@@ -90,15 +90,15 @@ TEST_F(MacLaunch, ThePanelsPageCanPostToTheBridgeAndHasItsScript) {
         "[<WKWebView 1> initWithFrame:{0,0,0,0} configuration:<WKWebViewConfiguration 1>]",
         "[<WKWebView 1> setNavigationDelegate:<PageGuard 1>]",
     });
-    EXPECT_THAT(panelPage().handlers(), ElementsAre("bridge"));
-    ASSERT_THAT(panelPage().injectedScripts(), SizeIs(2));
+    EXPECT_THAT(panelPage().controller().handlers, ElementsAre(testing::Key("bridge")));
+    ASSERT_THAT(panelPage().controller().scripts, SizeIs(2));
     // By the first one the backend's page knows, in its frame, that the view is ours.
-    EXPECT_EQ(panelPage().injectedScripts()[0].source, webkit_ports::frameMarkScript);
-    EXPECT_EQ(panelPage().injectedScripts()[0].injectionTime, 0);
-    EXPECT_FALSE(panelPage().injectedScripts()[0].mainFrameOnly);
-    EXPECT_EQ(panelPage().injectedScripts()[1].source, panelScript);
-    EXPECT_EQ(panelPage().injectedScripts()[1].injectionTime, 0);
-    EXPECT_TRUE(panelPage().injectedScripts()[1].mainFrameOnly);
+    EXPECT_EQ(panelPage().controller().scripts[0].source, webkit_ports::frameMarkScript);
+    EXPECT_EQ(panelPage().controller().scripts[0].injectionTime, 0);
+    EXPECT_FALSE(panelPage().controller().scripts[0].mainFrameOnly);
+    EXPECT_EQ(panelPage().controller().scripts[1].source, panelScript);
+    EXPECT_EQ(panelPage().controller().scripts[1].injectionTime, 0);
+    EXPECT_TRUE(panelPage().controller().scripts[1].mainFrameOnly);
     EXPECT_THAT(lines("<WKPreferences 1> set"),
                 ElementsAre("[<WKPreferences 1> setInactiveSchedulingPolicy:2]"));
     EXPECT_THAT(lines("DataStore"), ElementsAre("[WKWebsiteDataStore nonPersistentDataStore]",

@@ -87,7 +87,7 @@ TEST_F(MacNetwork, WaitingForABackendKeepsNoRequestsAlive) {
     pagePosts("CMD:requestAwdlBeforeMeeting");
     advance(8);
     EXPECT_EQ(queueOf("usleep(250000)"), "global user-initiated");
-    EXPECT_GT(world.servers.requests.size(), 1000U);
+    EXPECT_GT(world.servers.requests().size(), 1000U);
     EXPECT_LT(recording::heap::living("NSURLSessionDataTask"), 5U);
     EXPECT_THAT(prompts(), IsEmpty());
     // The wait ends before its program is destroyed.

@@ -60,10 +60,10 @@ TEST_F(MacOverlay, IsBuiltInOneOrderAndShownWithoutTakingTheFocus) {
     EXPECT_THAT(lines("makeKey"), IsEmpty());
     EXPECT_THAT(lines("NSApplication"), IsEmpty());
     EXPECT_FALSE(page().drawsBackground());
-    EXPECT_THAT(page().handlers(), IsEmpty()) << "its page can post nothing";
-    ASSERT_THAT(page().injectedScripts(), SizeIs(2)) << "the first marks the frames";
-    EXPECT_EQ(page().injectedScripts()[1].injectionTime, 0);
-    EXPECT_TRUE(page().injectedScripts()[1].mainFrameOnly);
+    EXPECT_THAT(page().controller().handlers, IsEmpty()) << "its page can post nothing";
+    ASSERT_THAT(page().controller().scripts, SizeIs(2)) << "the first marks the frames";
+    EXPECT_EQ(page().controller().scripts[1].injectionTime, 0);
+    EXPECT_TRUE(page().controller().scripts[1].mainFrameOnly);
 }
 
 TEST_F(MacOverlay, HidingItAndShowingItAgainOnlyOrdersIt) {

@@ -1,66 +1,26 @@
 // The macOS port's sessions on the recording runtime under the contract's tests.
 
-#include <utility>
-
 #include "ports/macos/MacUrlSession.h"
 #include "ports/macos/cocoa/objc/AutoreleasePool.h"
-#include "tests/contract/ServerHarness.h"
+#include "tests/contract/SimulatedStandIn.h"
 #include "tests/macos/recording/system/RecordedTest.h"
 
 namespace stagehopper {
 
 namespace {
 
-class RecordingStandIn final : public StandInServer {
+/// The system follows redirects by itself.
+class RecordingStandIn final : public SimulatedStandIn {
 public:
-    RecordingStandIn(recording::Servers& servers, int port)
-        : servers_(servers), server_(servers.serve(port)), port_(port) {}
+    RecordingStandIn(recording::World& world, int port)
+        : SimulatedStandIn(world.servers, port), world_(world) {}
 
-    [[nodiscard]] std::string authority() const override {
-        return "127.0.0.1:" + std::to_string(port_);
-    }
-    void answers(const std::string& path, platform::HttpResponse response) override {
-        server_.answers[path] = {response.statusCode, std::move(response.body)};
-    }
     void redirects(const std::string& path, const std::string& address) override {
-        server_.answers[path] = {.status = 302, .location = address};
+        world_.network.redirects["http://" + authority() + path] = address;
     }
-    void breaksOff(const std::string& path, platform::HttpResponse response) override {
-        answers(path, std::move(response));
-        server_.answers[path].breaksOff = true;
-    }
-    void neverAnswers(const std::string& path) override { server_.answers[path].never = true; }
-    void ignoresPings() override { server_.pongs = 0; }
-
-    void sends(const platform::WebSocketMessage& message) override {
-        if (message.kind == platform::WebSocketMessage::Kind::text) {
-            last().sends(message.bytes);
-        } else {
-            last().sendsBytes(message.bytes);
-        }
-    }
-    void closes(int code) override { last().breaks("closed with " + std::to_string(code)); }
-    void breaks() override { last().breaks(recording::Servers::lost); }
-
-    [[nodiscard]] std::vector<std::string> socketTargets() const override {
-        std::vector<std::string> targets;
-        for (const auto& connection : server_.connections) {
-            const auto& address = connection->address();
-            targets.push_back(address.substr(address.find(authority()) + authority().size()));
-        }
-        return targets;
-    }
-    [[nodiscard]] int pings() const override { return last().pings(); }
-    [[nodiscard]] std::optional<int> closeCode() const override { return last().closeCode(); }
 
 private:
-    [[nodiscard]] recording::SocketConnection& last() const {
-        return servers_.lastConnection(port_);
-    }
-
-    recording::Servers& servers_;
-    recording::Server& server_;
-    int port_;
+    recording::World& world_;
 };
 
 class RecordingServerHarness final : public ServerHarness {
@@ -68,7 +28,8 @@ public:
     platform::UrlSession& session() override { return session_; }
     StandInServer& startServer() override {
         const int port = 3000 + static_cast<int>(servers_.size());
-        servers_.push_back(std::make_unique<RecordingStandIn>(world_.servers, port));
+        world_.servers.serve(port);
+        servers_.push_back(std::make_unique<RecordingStandIn>(world_, port));
         return *servers_.back();
     }
     std::string refusingAuthority() override { return "127.0.0.1:2999"; }

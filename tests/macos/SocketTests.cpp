@@ -41,13 +41,13 @@ TEST_F(MacSocket, IsCreatedResumedAndReceiving) {
         testing::MatchesRegex("\\[<NSURLSession 1> webSocketTaskWithURL:<ws://127.0.0.1:3000/ws\\?"
                               "roomCode=AB12&userId=overlay-native-[0-9A-F]{8}&role=guest&"
                               "displayName=overlay-native&cursorColor=%23000000>\\]"));
-    EXPECT_TRUE(socket().open());
+    EXPECT_TRUE(socket().open);
 }
 
 TEST_F(MacSocket, ATextArrivesOnTheSessionsQueueAndIsActedOnTheMainOne) {
     connect();
     forget();
-    socket().sends(R"({"type":"welcome"})");
+    world.servers.sends(socket(), R"({"type":"welcome"})");
     runUntilIdle();
     expectInOrder({"type]", "string]", "dispatch_async_f(main)",
                    "receiveMessageWithCompletionHandler:^block]",
@@ -55,13 +55,13 @@ TEST_F(MacSocket, ATextArrivesOnTheSessionsQueueAndIsActedOnTheMainOne) {
     EXPECT_EQ(queueOf("string]"), "session");
     EXPECT_EQ(queueOf("receiveMessage"), "session");
     EXPECT_EQ(queueOf("NSLog(\"[slide_nav] native_ws_ready"), "main");
-    EXPECT_TRUE(socket().awaited());
+    EXPECT_FALSE(socket().receivers.empty());
 }
 
 TEST_F(MacSocket, ABrokenConnectionIsReopenedASecondLater) {
     connect();
     forget();
-    socket().breaks(lost);
+    world.servers.breaks(socket(), lost);
     runUntilIdle();
     expectInOrder({std::string("NSLog(\"[slide_nav] native_ws_receive_failed room=AB12 error=") +
                        lost + "\")",
@@ -72,27 +72,27 @@ TEST_F(MacSocket, ABrokenConnectionIsReopenedASecondLater) {
     advance(1);
     expectInOrder({"[<NSURLSessionWebSocketTask 2> resume]"});
     EXPECT_THAT(timeOf("[<NSURLSessionWebSocketTask 2> resume]") - before, DoubleNear(1, 1e-6));
-    EXPECT_TRUE(socket().open());
+    EXPECT_TRUE(socket().open);
 }
 
 TEST_F(MacSocket, ASecondCallOfAPongHandlerDoesNothing) {
-    world.servers.serve(3000).pongs = 2;
+    world.network.pongCalls = 2;
     connect();
     forget();
     advance(31);
     EXPECT_THAT(lines("sendPing"), SizeIs(2));
     EXPECT_EQ(queueOf("sendPing"), "main");
-    EXPECT_TRUE(socket().open());
+    EXPECT_TRUE(socket().open);
 }
 
 TEST_F(MacSocket, AFailedPingReportedTwiceCountsOnce) {
-    world.servers.serve(3000).pongs = 0;
+    world.servers.serve(3000).answersPings = false;
+    world.network.pongCalls = 2;
     connect();
     advance(15);
-    ASSERT_EQ(socket().pings(), 1);
+    ASSERT_EQ(socket().pings, 1);
     forget();
-    socket().failedPingCalls = 2;
-    socket().breaks(lost);
+    world.servers.breaks(socket(), lost);
     runUntilIdle();
     EXPECT_THAT(diagnostics("native_ws_ping_failed"), SizeIs(1));
 }
@@ -103,7 +103,7 @@ TEST_F(MacSocket, IsCanceledOnceAtQuit) {
     userQuits();
     EXPECT_THAT(lines("cancelWithCloseCode:"),
                 ElementsAre("[<NSURLSessionWebSocketTask 1> cancelWithCloseCode:1001 reason:nil]"));
-    EXPECT_EQ(socket().closeCode(), 1001);
+    EXPECT_EQ(socket().closeCode, 1001);
     drop();
     EXPECT_THAT(lines("cancelWithCloseCode:"), SizeIs(1));
 }
@@ -118,7 +118,7 @@ TEST_F(MacSocket, IsCanceledWhenItsLastOwnerIsGone) {
 TEST_F(MacSocket, MessagesAfterTheControllersEndDoNothing) {
     connect();
     auto& connection = socket();
-    connection.sends(R"({"type":"welcome"})");
+    world.servers.sends(connection, R"({"type":"welcome"})");
     dropController();
     forget();
     advance(20);

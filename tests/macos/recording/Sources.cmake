@@ -1,6 +1,5 @@
 # The runtime itself. WorldSources.cmake has the behavior of the system's classes.
 set(STAGEHOPPER_RECORDING_RUNTIME
-  runtime/BehaviorTable.cpp
   runtime/Behaviors.cpp
   runtime/Blocks.cpp
   runtime/Callbacks.cpp
@@ -9,16 +8,9 @@ set(STAGEHOPPER_RECORDING_RUNTIME
   runtime/Heap.cpp
   runtime/Journal.cpp
   runtime/Memory.cpp
-  runtime/MessageTally.cpp
   runtime/ObjectiveC.cpp
-  runtime/Pools.cpp
-  runtime/Problems.cpp
-  runtime/Properties.cpp
-  runtime/Queues.cpp
   runtime/Recording.cpp
-  runtime/Registration.cpp
   runtime/Retained.cpp
-  runtime/RootObject.cpp
   runtime/Scheduler.cpp
   runtime/SendMessage.cpp
   runtime/Value.cpp

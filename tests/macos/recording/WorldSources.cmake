@@ -1,41 +1,26 @@
 # The behavior of the system's classes, and the world around the program.
 set(STAGEHOPPER_RECORDING_WORLD
   appkit/Application.cpp
-  appkit/ApplicationMessages.cpp
   appkit/Menus.cpp
-  appkit/ScreenMessages.cpp
-  appkit/Screens.cpp
-  appkit/WindowMessages.cpp
   appkit/Windows.cpp
-  appkit/WorkspaceMessages.cpp
   foundation/Constants.cpp
   foundation/CoreFoundationFunctions.cpp
-  foundation/FileHandles.cpp
   foundation/Foundation.cpp
   foundation/FoundationCollections.cpp
-  foundation/FoundationData.cpp
-  foundation/FoundationDates.cpp
-  foundation/FoundationNumbers.cpp
   foundation/FoundationStrings.cpp
+  foundation/FoundationValues.cpp
   foundation/JsonMessages.cpp
   foundation/Notifications.cpp
   foundation/ProcessInformation.cpp
-  foundation/SharedInstances.cpp
-  foundation/TaskMessages.cpp
   foundation/Timers.cpp
   foundation/UrlSessions.cpp
   foundation/Urls.cpp
-  foundation/WebSocketTasks.cpp
   system/AccessibilityElements.cpp
   system/AccessibilityFunctions.cpp
   system/KeyboardFunctions.cpp
   system/OtherPrograms.cpp
   system/RecordedTest.cpp
-  system/Servers.cpp
-  system/SocketConnection.cpp
-  system/SystemFunctions.cpp
   system/Tasks.cpp
   system/World.cpp
-  webkit/ContentController.cpp
   webkit/WebPages.cpp
   webkit/WebViewMessages.cpp)

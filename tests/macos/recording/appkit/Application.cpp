@@ -6,17 +6,18 @@
 #include "tests/macos/recording/appkit/Menus.h"
 #include "tests/macos/recording/appkit/Windows.h"
 #include "tests/macos/recording/foundation/Notifications.h"
-#include "tests/macos/recording/foundation/SharedInstances.h"
 #include "tests/macos/recording/runtime/Behaviors.h"
 #include "tests/macos/recording/runtime/Callbacks.h"
+#include "tests/macos/recording/runtime/Classes.h"
 #include "tests/macos/recording/runtime/Queues.h"
+#include "tests/macos/recording/system/World.h"
 
 namespace stagehopper::recording {
 
 namespace {
 
 cocoa::id delegate() {
-    return property(sharedApplication(), "delegate").object();
+    return propertyObject(sharedApplication(), "delegate");
 }
 
 void notifyDelegate(std::string_view selector, std::string_view notification) {
@@ -48,16 +49,12 @@ void Application::finishLaunching() {
 }
 
 void Application::userPresses(std::string_view title) {
-    const auto item = findMenuItem(property(sharedApplication(), "mainMenu").object(), title);
+    const auto item = findMenuItem(propertyObject(sharedApplication(), "mainMenu"), title);
     if (item == nullptr) throw std::logic_error("no menu item " + std::string(title));
-    queues::async("main", [this, item = Retained(item)] {
-        auto action = performMenuItem(item.get());
-        if (!action.empty()) actions.push_back(std::move(action));
+    queues::async("main", [item = Retained(item)] {
+        const auto* action = property(item.get(), "action").as<cocoa::SEL>();
+        answer(sharedApplication(), action->name, {item.get()});
     });
-}
-
-void Application::systemQuits() {
-    queues::async("main", [this] { terminate(); });
 }
 
 void Application::run() {
@@ -68,13 +65,6 @@ void Application::run() {
 
 void Application::terminate() {
     if (std::exchange(terminating_, true)) return;
-    const std::string question = "applicationShouldTerminate:";
-    constexpr unsigned long now = 1;
-    if (responds(delegate(), question) &&
-        sendToPort<unsigned long>(delegate(), question, sharedApplication()) != now) {
-        terminating_ = false;
-        return;
-    }
     notifyDelegate("applicationWillTerminate:", "NSApplicationWillTerminateNotification");
     terminated_ = true;
 }
@@ -85,6 +75,29 @@ void Application::windowWasClosed() {
         if (windows_.ordinaryWindowVisible() || terminated_) return;
         if (sendToPort<bool>(delegate(), question, sharedApplication())) terminate();
     });
+}
+
+void defineApplication() {
+    const auto application = []() -> Application& { return World::current().application; };
+    const auto activate = [application](Call& call) {
+        if (!application().missing.contains(call.selector())) return;
+        noteProblem("this system has no -[NSApplication " + std::string(call.selector()) + "]");
+    };
+    MessagesOf("NSApplication")
+        .onClass(
+            "sharedApplication",
+            [application](Call&) { return application().exists ? sharedApplication() : nullptr; })
+        .on("setActivationPolicy:", [](Call&) { return true; })
+        .on("activate", activate)
+        .on("activateIgnoringOtherApps:", activate)
+        .on("respondsToSelector:",
+            [application](Call& call) {
+                const auto& selector = call.argument<cocoa::SEL>(0)->name;
+                return !application().missing.contains(selector) &&
+                       responds(call.receiver(), selector);
+            })
+        .on("terminate:", [application](Call&) { application().terminate(); })
+        .on("run", [application](Call&) { application().run(); });
 }
 
 }  // namespace stagehopper::recording

@@ -23,35 +23,23 @@ public:
     /// The first step of `run`: notifies the delegate that launching has finished. For tests that
     /// advance time themselves.
     void finishLaunching();
-    /// The user chooses an item of the main menu; handled when the main thread is free. Throws if
-    /// there is no such item.
-    void userPresses(std::string_view title);
-    /// The user shuts down or logs out: like `terminate:`, handled when the main thread is free.
-    void systemQuits();
+    /// The user chooses an item of the main menu; the application handles it when the main thread
+    /// is free. Throws if there is no such item.
+    static void userPresses(std::string_view title);
 
-    [[nodiscard]] bool launched() const { return launched_; }
     [[nodiscard]] bool terminated() const { return terminated_; }
-    /// The default for a program without a bundle is prohibited, 2.
-    [[nodiscard]] long activationPolicy() const { return activationPolicy_; }
     /// False: there is no shared application object.
     bool exists = true;
-    /// How often it asked to come to the front.
-    int activations = 0;
-    /// Actions of menu items that went to the first responder and not to the application: "copy:".
-    std::vector<std::string> actions;
     /// Messages that are absent from this version of the system.
-    std::set<std::string> missing;
+    std::set<std::string, std::less<>> missing;
 
     // --- for NSApplication and NSWindow -------------------------------------------------------
     void run();
     void terminate();
-    void setActivationPolicy(long policy) { activationPolicy_ = policy; }
     /// Asks the delegate, a little later, whether to quit.
     void windowWasClosed();
 
 private:
-    static constexpr long prohibited = 2;
-
     void warnOfInsecureState();
 
     const Windows& windows_;
@@ -59,7 +47,6 @@ private:
     bool launched_ = false;
     bool terminating_ = false;
     bool terminated_ = false;
-    long activationPolicy_ = prohibited;
 };
 
 /// NSApplication's shared instance.

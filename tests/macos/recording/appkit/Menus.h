@@ -17,9 +17,4 @@ namespace stagehopper::recording {
 /// Searches the menu and its submenus; nil if it is absent.
 [[nodiscard]] cocoa::id findMenuItem(cocoa::id menu, std::string_view title);
 
-/// Chooses an item: its action goes to its target, else along the responders. Returns the name of
-/// an action that goes to the first responder, not to the application: the views of a page take the
-/// editing actions. Empty for any other.
-std::string performMenuItem(cocoa::id item);
-
 }  // namespace stagehopper::recording

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <string>
+#include <cstddef>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -9,31 +10,6 @@
 
 namespace stagehopper::recording {
 
-/// The visible state of a window, for tests.
-struct WindowLook {
-    std::string className;
-    std::string title;
-    cocoa::CGRect frame;
-    cocoa::CGSize minSize;
-    unsigned long styleMask = 0;
-    unsigned long backing = 0;
-    bool deferred = false;
-    bool visible = false;
-    bool key = false;
-    long level = 0;
-    unsigned long collectionBehavior = 0;
-    bool opaque = true;
-    bool clearBackground = false;
-    bool hasShadow = true;
-    bool hidesOnDeactivate = false;
-    bool ignoresMouseEvents = false;
-    bool releasedWhenClosed = true;
-    bool restorable = true;
-    /// 0: AppKit chooses the animations.
-    long animationBehavior = 0;
-    cocoa::id contentView = nullptr;
-};
-
 /// The program's windows and panels. Main thread only.
 class Windows {
 public:
@@ -41,10 +17,6 @@ public:
     [[nodiscard]] std::vector<cocoa::id> all() const;
     /// The newest of exactly that class; throws if there is none.
     [[nodiscard]] cocoa::id newest(std::string_view className) const;
-    [[nodiscard]] static WindowLook look(cocoa::id window);
-    [[nodiscard]] WindowLook look(std::string_view className) const {
-        return look(newest(className));
-    }
     [[nodiscard]] std::size_t visible() const;
 
     /// The user clicks the close button; handled when the main thread is free.
@@ -57,6 +29,20 @@ public:
 
 private:
     std::vector<Weak> windows_;
+};
+
+/// The screens, the one with the menu bar first. Main thread only.
+class Screens {
+public:
+    [[nodiscard]] const std::vector<cocoa::CGRect>& frames() const { return frames_; }
+    /// The index of the screen with the key window; absent if the system reports none.
+    std::optional<std::size_t> main = 0;
+
+    /// Replaces the screens; observers are notified when the main thread is free.
+    void change(std::vector<cocoa::CGRect> frames);
+
+private:
+    std::vector<cocoa::CGRect> frames_{{{0, 0}, {1440, 900}}};
 };
 
 }  // namespace stagehopper::recording

@@ -22,20 +22,6 @@ Retained make(std::string_view className, State state) {
     return made;
 }
 
-template <class State>
-cocoa::id make(Call& call, std::string_view className, State state) {
-    const auto made = call.make(className);
-    stateOf<State>(made) = std::move(state);
-    return made;
-}
-
-std::vector<Retained> strings(const std::vector<std::string>& texts) {
-    std::vector<Retained> made;
-    made.reserve(texts.size());
-    for (const auto& text : texts) made.push_back(makeString(text));
-    return made;
-}
-
 }  // namespace
 
 std::string textOf(cocoa::id string) {
@@ -100,8 +86,8 @@ Retained makeData(std::string bytes) {
     return make("NSData", DataState{std::move(bytes)});
 }
 
-Retained makeUrl(std::string address) {
-    return make("NSURL", UrlState{std::move(address), {}});
+Retained makeUrl(std::string address, std::string path) {
+    return make("NSURL", UrlState{std::move(address), std::move(path)});
 }
 
 Retained makeTruth(bool value) {
@@ -113,31 +99,14 @@ Retained makeNumber(std::int64_t value) {
 }
 
 Retained makeError(std::string localizedDescription) {
-    return make("NSError", ErrorState{.localizedDescription = std::move(localizedDescription)});
+    auto made = makeObject("NSError");
+    setProperty(made.get(), "localizedDescription",
+                makeString(std::move(localizedDescription)).get());
+    return made;
 }
 
 Retained makeArray(const std::vector<Retained>& elements) {
     return make("NSArray", ArrayState{elements});
-}
-
-cocoa::id makeString(Call& call, std::string text) {
-    return make(call, "NSString", StringState{std::move(text)});
-}
-
-cocoa::id makeData(Call& call, std::string bytes) {
-    return make(call, "NSData", DataState{std::move(bytes)});
-}
-
-cocoa::id makeUrl(Call& call, std::string address) {
-    return make(call, "NSURL", UrlState{std::move(address), {}});
-}
-
-cocoa::id makeArray(Call& call, const std::vector<Retained>& elements) {
-    return make(call, "NSArray", ArrayState{elements});
-}
-
-cocoa::id makeTexts(Call& call, const std::vector<std::string>& texts) {
-    return makeArray(call, strings(texts));
 }
 
 cocoa::id leaveToPool(const Retained& object) {

@@ -4,6 +4,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "ports/macos/cocoa/objc/Runtime.h"
@@ -32,19 +33,20 @@ namespace stagehopper::recording {
 /// A string with an unpaired surrogate among these UTF-16 units, which UTF-8 cannot represent.
 [[nodiscard]] Retained makeStringWithoutUtf8(std::u16string units);
 [[nodiscard]] Retained makeData(std::string bytes);
-[[nodiscard]] Retained makeUrl(std::string address);
+/// The path only for a file URL.
+[[nodiscard]] Retained makeUrl(std::string address, std::string path = {});
 [[nodiscard]] Retained makeTruth(bool value);
 [[nodiscard]] Retained makeNumber(std::int64_t value);
 [[nodiscard]] Retained makeError(std::string localizedDescription);
 [[nodiscard]] Retained makeArray(const std::vector<Retained>& elements);
 
-// --- new ones as the answer of a message
-// ----------------------------------------------------------
-[[nodiscard]] cocoa::id makeString(Call& call, std::string text);
-[[nodiscard]] cocoa::id makeData(Call& call, std::string bytes);
-[[nodiscard]] cocoa::id makeUrl(Call& call, std::string address);
-[[nodiscard]] cocoa::id makeArray(Call& call, const std::vector<Retained>& elements);
-[[nodiscard]] cocoa::id makeTexts(Call& call, const std::vector<std::string>& texts);
+// --- new ones as the answer of a message --------------------------------------------------------
+[[nodiscard]] inline cocoa::id makeString(Call& call, std::string text) {
+    return call.made(makeString(std::move(text)));
+}
+[[nodiscard]] inline cocoa::id makeArray(Call& call, const std::vector<Retained>& elements) {
+    return call.made(makeArray(elements));
+}
 
 /// Hands the object to the current pool, as for an object that is returned through a pointer.
 cocoa::id leaveToPool(const Retained& object);

@@ -3,7 +3,6 @@
 
 #include "tests/macos/recording/foundation/Foundation.h"
 #include "tests/macos/recording/foundation/FoundationStates.h"
-#include "tests/macos/recording/runtime/Definitions.h"
 
 namespace stagehopper::recording {
 
@@ -24,10 +23,6 @@ Value arrayWithObjects(Call& call) {
         elements.push_back(element(objects, i, "NSArray"));
     }
     return makeArray(call, elements);
-}
-
-Value arrayCount(Call& call) {
-    return static_cast<unsigned long>(call.state<ArrayState>().elements.size());
 }
 
 Value objectAtIndex(Call& call) {
@@ -61,10 +56,6 @@ Value objectForKey(Call& call) {
     return valueUnder(call.receiver(), textOf(call.argument<cocoa::id>(0)));
 }
 
-Value dictionaryCount(Call& call) {
-    return static_cast<unsigned long>(call.state<DictionaryState>().entries.size());
-}
-
 std::string describeArray(cocoa::id array) {
     std::string line;
     for (const auto element : elementsOf(array)) {
@@ -84,19 +75,18 @@ std::string describeDictionary(cocoa::id dictionary) {
 }  // namespace
 
 void defineCollections() {
-    define("NSArray", MessageKind::classLevel, "arrayWithObjects:count:", arrayWithObjects);
-    define("NSArray", MessageKind::instance, "count", arrayCount);
-    define("NSArray", MessageKind::instance, "objectAtIndex:", objectAtIndex);
-    describeAs("NSArray", describeArray);
-    keepOutOfJournal("NSArray");
-
-    define("NSDictionary", MessageKind::classLevel,
-           "dictionaryWithObjects:forKeys:count:", dictionaryWithObjects);
-    define("NSDictionary", MessageKind::instance, "allKeys", allKeys);
-    define("NSDictionary", MessageKind::instance, "objectForKey:", objectForKey);
-    define("NSDictionary", MessageKind::instance, "count", dictionaryCount);
-    describeAs("NSDictionary", describeDictionary);
-    keepOutOfJournal("NSDictionary");
+    MessagesOf("NSArray")
+        .onClass("arrayWithObjects:count:", arrayWithObjects)
+        .on("count", [](Call& call) { return call.state<ArrayState>().elements.size(); })
+        .on("objectAtIndex:", objectAtIndex)
+        .describedBy(describeArray)
+        .notInJournal();
+    MessagesOf("NSDictionary")
+        .onClass("dictionaryWithObjects:forKeys:count:", dictionaryWithObjects)
+        .on("allKeys", allKeys)
+        .on("objectForKey:", objectForKey)
+        .describedBy(describeDictionary)
+        .notInJournal();
 }
 
 }  // namespace stagehopper::recording

@@ -31,15 +31,6 @@ struct NumberState {
     double value = 0;
     bool truth = false;
 };
-struct DateState {
-    /// Since 1970.
-    double seconds = 0;
-};
-struct ErrorState {
-    std::string domain = "NSCocoaErrorDomain";
-    long code = 0;
-    std::string localizedDescription;
-};
 struct ArrayState {
     std::vector<Retained> elements;
 };

@@ -4,8 +4,6 @@
 #include "ports/simulated/SimulatedText.h"
 #include "tests/macos/recording/foundation/Foundation.h"
 #include "tests/macos/recording/foundation/FoundationStates.h"
-#include "tests/macos/recording/foundation/SharedInstances.h"
-#include "tests/macos/recording/runtime/Definitions.h"
 #include "tests/macos/recording/system/World.h"
 #include "text/Utf8.h"
 
@@ -36,18 +34,12 @@ Value lengthOfBytes(Call& call) {
     return string.notConvertible ? 0UL : static_cast<unsigned long>(string.utf8.size());
 }
 
+/// Asked only for a text that is not convertible.
 Value length(Call& call) {
-    const auto& string = call.state<StringState>();
-    if (string.notConvertible) {
-        return static_cast<unsigned long>(string.notConvertible->size());
-    }
-    // One unit for each character, two for those that take four bytes.
-    unsigned long units = 0;
-    for (const char byte : string.utf8) {
-        const auto bits = static_cast<unsigned char>(byte);
-        if ((bits & 0xC0U) != 0x80U) units += bits >= 0xF0U ? 2 : 1;
-    }
-    return units;
+    const auto& units = call.state<StringState>().notConvertible;
+    if (!units && !call.state<StringState>().utf8.empty())
+        noteProblem("the units of a convertible string are counted");
+    return static_cast<unsigned long>(units ? units->size() : 0);
 }
 
 Value characterAtIndex(Call& call) {
@@ -74,35 +66,31 @@ Value lowercased(Call& call) {
     return makeString(call, simulated::SimulatedText().lowercased(call.state<StringState>().utf8));
 }
 
-/// As the user's language has it.
-Value lowercasedForUser(Call& call) {
-    if (!World::current().systemInfo.userIsTurkish) return lowercased(call);
-    std::string dotless;
-    for (const char letter : call.state<StringState>().utf8) {
-        if (letter == 'I') {
-            dotless += "ı";
-        } else {
-            dotless += letter;
-        }
+/// As the user's language has it: in Turkish an I without a dot.
+cocoa::id lowercasedForUser(Call& call) {
+    auto text = call.state<StringState>().utf8;
+    for (auto at = text.find('I'); World::current().systemInfo.userIsTurkish && at < text.size();
+         at = text.find('I', at)) {
+        text.replace(at, 1, "ı");
     }
-    return makeString(call, simulated::SimulatedText().lowercased(dotless));
+    return makeString(call, simulated::SimulatedText().lowercased(text));
 }
 
 }  // namespace
 
 void defineStrings() {
-    define("NSString", MessageKind::instance, "initWithBytes:length:encoding:", initWithBytes);
-    define("NSString", MessageKind::instance, "UTF8String", utf8String);
-    define("NSString", MessageKind::instance, "lengthOfBytesUsingEncoding:", lengthOfBytes);
-    define("NSString", MessageKind::instance, "length", length);
-    define("NSString", MessageKind::instance, "characterAtIndex:", characterAtIndex);
-    define("NSString", MessageKind::instance, "stringByFoldingWithOptions:locale:", folded);
-    define("NSString", MessageKind::instance, "lowercaseString", lowercased);
-    define("NSString", MessageKind::instance, "lowercaseStringWithLocale:", lowercasedForUser);
-    describeAs("NSString", [](cocoa::id string) { return "\"" + textOf(string) + "\""; });
-    keepOutOfJournal("NSString");
-    defineShared("NSLocale", "currentLocale");
-    keepOutOfJournal("NSLocale");
+    MessagesOf("NSString")
+        .on("initWithBytes:length:encoding:", initWithBytes)
+        .on("UTF8String", utf8String)
+        .on("lengthOfBytesUsingEncoding:", lengthOfBytes)
+        .on("length", length)
+        .on("characterAtIndex:", characterAtIndex)
+        .on("stringByFoldingWithOptions:locale:", folded)
+        .on("lowercaseString", lowercased)
+        .on("lowercaseStringWithLocale:", lowercasedForUser)
+        .describedBy([](cocoa::id string) { return "\"" + textOf(string) + "\""; })
+        .notInJournal();
+    MessagesOf("NSLocale").shared("currentLocale").notInJournal();
 }
 
 }  // namespace stagehopper::recording

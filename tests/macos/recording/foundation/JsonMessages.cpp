@@ -37,25 +37,25 @@ Retained objectFor(const nlohmann::json& json) {
     return dictionary;
 }
 
-Value jsonObjectWithData(Call& call) {
+cocoa::id jsonObjectWithData(Call& call) {
     const auto json = nlohmann::json::parse(bytesOf(call.argument<cocoa::id>(0)), nullptr, false);
-    if (!json.is_structured()) return {};
+    if (!json.is_structured()) return nullptr;
     return leaveToPool(objectFor(json));
 }
 
 }  // namespace
 
 void defineJson() {
-    define("NSData", MessageKind::classLevel, "dataWithBytes:length:", [](Call& call) -> Value {
+    MessagesOf("NSData").onClass("dataWithBytes:length:", [](Call& call) {
         const auto* bytes = static_cast<const char*>(call.argument<const void*>(0));
-        return makeData(call, std::string(bytes, call.argument<unsigned long>(1)));
+        return call.made(makeData(std::string(bytes, call.argument<unsigned long>(1))));
     });
-    define("NSJSONSerialization", MessageKind::classLevel,
-           "JSONObjectWithData:options:error:", jsonObjectWithData);
-    define("NSNumber", MessageKind::instance, "doubleValue",
-           [](Call& call) -> Value { return call.state<NumberState>().value; });
-    define("NSNumber", MessageKind::instance, "stringValue",
-           [](Call& call) -> Value { return makeString(call, call.state<DecodedNumber>().text); });
+    MessagesOf("NSJSONSerialization")
+        .onClass("JSONObjectWithData:options:error:", jsonObjectWithData);
+    MessagesOf("NSNumber")
+        .on("doubleValue", [](Call& call) { return call.state<NumberState>().value; })
+        .on("stringValue",
+            [](Call& call) { return makeString(call, call.state<DecodedNumber>().text); });
 }
 
 }  // namespace stagehopper::recording

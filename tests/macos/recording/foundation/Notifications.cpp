@@ -5,11 +5,9 @@
 #include <vector>
 
 #include "tests/macos/recording/foundation/Foundation.h"
-#include "tests/macos/recording/foundation/SharedInstances.h"
 #include "tests/macos/recording/runtime/Behaviors.h"
 #include "tests/macos/recording/runtime/Callbacks.h"
 #include "tests/macos/recording/runtime/Classes.h"
-#include "tests/macos/recording/runtime/Definitions.h"
 
 namespace stagehopper::recording {
 
@@ -28,11 +26,6 @@ struct CenterState {
     std::vector<Observation> observations;
 };
 
-struct NotificationState {
-    Retained name;
-    Retained object;
-};
-
 /// Selectors of methods without an argument are called without the notification.
 void notify(const Observation& observation, const Retained& notification) {
     const auto observer = observation.observer.get();
@@ -47,27 +40,24 @@ void notify(const Observation& observation, const Retained& notification) {
     }
 }
 
-Value addObserver(Call& call) {
+void addObserver(Call& call) {
     const auto selector = call.argument<cocoa::SEL>(1);
     call.state<CenterState>().observations.push_back(
         {Weak(call.argument<cocoa::id>(0)), selector->name, textOf(call.argument<cocoa::id>(2)),
          call.argument<cocoa::id>(3)});
-    return {};
 }
 
-Value removeObserver(Call& call) {
+void removeObserver(Call& call) {
     const auto observer = call.argument<cocoa::id>(0);
     std::erase_if(call.state<CenterState>().observations,
                   [&](const auto& each) { return each.observer.get() == observer; });
-    return {};
 }
 
 }  // namespace
 
-Retained makeNotification(std::string_view name, cocoa::id object) {
+Retained makeNotification(std::string_view /*name*/, cocoa::id object) {
     auto notification = makeObject("NSNotification");
-    stateOf<NotificationState>(notification.get()) = {makeString(std::string(name)),
-                                                      Retained(object)};
+    setProperty(notification.get(), "object", object);
     return notification;
 }
 
@@ -83,14 +73,10 @@ void postNotification(std::string_view name, cocoa::id object) {
 }
 
 void defineNotifications() {
-    defineShared("NSNotificationCenter", "defaultCenter");
-    define("NSNotificationCenter", MessageKind::instance,
-           "addObserver:selector:name:object:", addObserver);
-    define("NSNotificationCenter", MessageKind::instance, "removeObserver:", removeObserver);
-    define("NSNotification", MessageKind::instance, "name",
-           [](Call& call) -> Value { return call.state<NotificationState>().name.get(); });
-    define("NSNotification", MessageKind::instance, "object",
-           [](Call& call) -> Value { return call.state<NotificationState>().object.get(); });
+    MessagesOf("NSNotificationCenter")
+        .shared("defaultCenter")
+        .on("addObserver:selector:name:object:", addObserver)
+        .on("removeObserver:", removeObserver);
 }
 
 }  // namespace stagehopper::recording

@@ -1,14 +1,16 @@
-#include <utility>
+#include <cstdarg>
 #include <vector>
 
+#include "ports/macos/cocoa/foundation/NSLog.h"
+#include "ports/macos/cocoa/graphics/CGWindowLevel.h"
 #include "tests/macos/recording/foundation/Foundation.h"
 #include "tests/macos/recording/foundation/FoundationStates.h"
-#include "tests/macos/recording/foundation/SharedInstances.h"
-#include "tests/macos/recording/runtime/Definitions.h"
+#include "tests/macos/recording/runtime/Journal.h"
 #include "tests/macos/recording/runtime/Queues.h"
 #include "tests/macos/recording/system/World.h"
 
-// NSProcessInfo, NSBundle, and the working directory.
+// NSProcessInfo, NSBundle, the working directory, the log, and the level of windows that cover
+// everything.
 
 namespace stagehopper::recording {
 
@@ -18,7 +20,7 @@ SystemInfo& systemInfo() {
     return World::current().systemInfo;
 }
 
-Value environment(Call& call) {
+cocoa::id environment(Call& call) {
     const auto made = call.make("NSDictionary");
     for (const auto& [name, value] : systemInfo().environment) {
         stateOf<DictionaryState>(made).entries.emplace_back(makeString(name), makeString(value));
@@ -26,56 +28,76 @@ Value environment(Call& call) {
     return made;
 }
 
-Value beginActivity(Call& call) {
+cocoa::id beginActivity(Call& call) {
     const auto activity = call.make("NSObject");
     systemInfo().activities.push_back(
         {call.argument<unsigned long>(0), textOf(call.argument<cocoa::id>(1)), Weak(activity)});
     return activity;
 }
 
-Value endActivity(Call& call) {
+void endActivity(Call& call) {
     const auto ended = call.argument<cocoa::id>(0);
     const auto count = std::erase_if(systemInfo().activities,
                                      [&](const auto& each) { return each.token.get() == ended; });
     if (count == 0) noteProblem("an activity is ended that was never begun");
-    return {};
 }
 
-Value bundleIdentifier(Call& call) {
+cocoa::id bundleIdentifier(Call& call) {
     const auto& identifier = systemInfo().bundleIdentifier;
-    return identifier ? makeString(call, *identifier) : cocoa::id{};
+    return identifier ? makeString(call, *identifier) : nullptr;
 }
 
-Value resourceUrl(Call& call) {
+cocoa::id resourceUrl(Call& call) {
     const auto& directory = systemInfo().resourceDirectory;
-    if (!directory) return cocoa::id{};
-    const auto made = makeUrl(call, "file://" + *directory + "/");
-    stateOf<UrlState>(made).path = *directory;
-    return made;
+    return directory ? call.made(makeUrl("file://" + *directory + "/", *directory)) : nullptr;
+}
+
+cocoa::id arguments(Call& call) {
+    std::vector<Retained> texts;
+    for (const auto& argument : systemInfo().arguments) texts.push_back(makeString(argument));
+    return makeArray(call, texts);
 }
 
 }  // namespace
 
 void defineProcessInformation() {
-    defineShared("NSProcessInfo", "processInfo");
-    define("NSProcessInfo", MessageKind::instance, "processIdentifier",
-           [](Call&) -> Value { return systemInfo().processIdentifier; });
-    define("NSProcessInfo", MessageKind::instance, "systemUptime",
-           [](Call&) -> Value { return systemInfo().secondsUp + queues::now(); });
-    define("NSProcessInfo", MessageKind::instance, "arguments",
-           [](Call& call) -> Value { return makeTexts(call, systemInfo().arguments); });
-    define("NSProcessInfo", MessageKind::instance, "environment", environment);
-    define("NSProcessInfo", MessageKind::instance,
-           "beginActivityWithOptions:reason:", beginActivity);
-    define("NSProcessInfo", MessageKind::instance, "endActivity:", endActivity);
-
-    defineShared("NSBundle", "mainBundle");
-    define("NSBundle", MessageKind::instance, "bundleIdentifier", bundleIdentifier);
-    define("NSBundle", MessageKind::instance, "resourceURL", resourceUrl);
-
-    defineShared("NSFileManager", "defaultManager");
-    define("NSFileManager", MessageKind::instance, "currentDirectoryPath",
-           [](Call& call) -> Value { return makeString(call, systemInfo().currentDirectory); });
+    MessagesOf("NSProcessInfo")
+        .shared("processInfo")
+        .on("processIdentifier", [](Call&) { return systemInfo().processIdentifier; })
+        .on("systemUptime", [](Call&) { return systemInfo().secondsUp + queues::now(); })
+        .on("arguments", arguments)
+        .on("environment", environment)
+        .on("beginActivityWithOptions:reason:", beginActivity)
+        .on("endActivity:", endActivity);
+    MessagesOf("NSBundle")
+        .shared("mainBundle")
+        .on("bundleIdentifier", bundleIdentifier)
+        .on("resourceURL", resourceUrl);
+    MessagesOf("NSFileManager").shared("defaultManager").on("currentDirectoryPath", [](Call& call) {
+        return makeString(call, systemInfo().currentDirectory);
+    });
 }
 
 }  // namespace stagehopper::recording
+
+extern "C" void NSLog(stagehopper::cocoa::id format, ...) {
+    using namespace stagehopper::recording;
+    if (textOf(format) != "%@") {
+        noteProblem("NSLog has a message for its format: " + describe(format));
+        return;
+    }
+    std::va_list arguments;
+    va_start(arguments, format);
+    const auto message = va_arg(arguments, stagehopper::cocoa::id);
+    va_end(arguments);
+    recordFunction("NSLog", {describe(message)});
+    World::current().systemLog.push_back(textOf(message));
+}
+
+namespace stagehopper::cocoa {
+
+extern "C" CGWindowLevel CGShieldingWindowLevel() {
+    return recording::World::shieldingLevel;
+}
+
+}  // namespace stagehopper::cocoa

@@ -3,9 +3,7 @@
 
 #include "ports/macos/cocoa/foundation/NSRunLoop.h"
 #include "tests/macos/recording/foundation/Foundation.h"
-#include "tests/macos/recording/foundation/SharedInstances.h"
 #include "tests/macos/recording/runtime/Callbacks.h"
-#include "tests/macos/recording/runtime/Definitions.h"
 #include "tests/macos/recording/runtime/Queues.h"
 #include "tests/macos/recording/system/World.h"
 
@@ -24,7 +22,7 @@ struct TimerState {
     std::optional<queues::Token> token{};
 };
 
-Value makeTimer(Call& call) {
+cocoa::id makeTimer(Call& call) {
     const auto timer = call.make("NSTimer");
     stateOf<TimerState>(timer) = {.interval = call.argument<double>(0),
                                   .repeats = call.argument<bool>(1),
@@ -51,30 +49,26 @@ void fire(const Retained& timer) {
 }
 
 /// The run loop keeps the timer until it is invalidated.
-Value addTimer(Call& call) {
+void addTimer(Call& call) {
     const auto timer = call.argument<cocoa::id>(0);
     if (textOf(call.argument<cocoa::id>(1)) != textOf(NSRunLoopCommonModes)) {
         noteProblem("a timer stands still while a menu is open: its mode is no common one");
     }
     auto& state = stateOf<TimerState>(timer);
-    if (!state.valid || state.token) return {};
+    if (!state.valid || state.token) return;
     const auto work = [kept = Retained(timer)] { fire(kept); };
     ++World::current().runningTimers;
     state.token = state.repeats ? queues::repeat(state.interval, work)
                                 : queues::after(state.interval, "main", work);
-    return {};
 }
 
 }  // namespace
 
 void defineTimers() {
-    define("NSTimer", MessageKind::classLevel, "timerWithTimeInterval:repeats:block:", makeTimer);
-    define("NSTimer", MessageKind::instance, "invalidate", [](Call& call) -> Value {
-        invalidate(call.receiver());
-        return {};
-    });
-    defineShared("NSRunLoop", "mainRunLoop");
-    define("NSRunLoop", MessageKind::instance, "addTimer:forMode:", addTimer);
+    MessagesOf("NSTimer")
+        .onClass("timerWithTimeInterval:repeats:block:", makeTimer)
+        .on("invalidate", [](Call& call) { invalidate(call.receiver()); });
+    MessagesOf("NSRunLoop").shared("mainRunLoop").on("addTimer:forMode:", addTimer);
 }
 
 }  // namespace stagehopper::recording

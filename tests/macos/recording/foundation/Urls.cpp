@@ -3,8 +3,6 @@
 #include <string_view>
 
 #include "tests/macos/recording/foundation/Foundation.h"
-#include "tests/macos/recording/foundation/FoundationStates.h"
-#include "tests/macos/recording/runtime/Definitions.h"
 
 namespace stagehopper::recording {
 
@@ -21,53 +19,33 @@ bool isUrl(std::string_view text) {
     return !text.empty();
 }
 
-cocoa::id fileUrl(Call& call, std::string path, bool isDirectory) {
-    if (path.empty() || path.front() != '/') noteProblem("a file URL of \"" + path + "\"");
-    const auto made = call.make("NSURL");
-    auto& state = stateOf<UrlState>(made);
+cocoa::id fileUrl(Call& call, bool isDirectory) {
+    auto path = textOf(call.argument<cocoa::id>(0));
+    if (!path.starts_with('/')) noteProblem("a file URL of \"" + path + "\"");
     while (path.size() > 1 && path.back() == '/') path.pop_back();
-    state.path = path;
-    state.address = "file://" + path + (isDirectory ? "/" : "");
-    return made;
+    return call.made(makeUrl("file://" + path + (isDirectory ? "/" : ""), path));
 }
 
-Value urlWithString(Call& call) {
+cocoa::id urlWithString(Call& call) {
     const auto argument = call.argument<cocoa::id>(0);
     if (argument == nullptr) noteProblem("a URL of no text");
     const auto text = textOf(argument);
-    return isUrl(text) ? makeUrl(call, text) : cocoa::id{};
-}
-
-Value fileUrlWithPath(Call& call) {
-    return fileUrl(call, textOf(call.argument<cocoa::id>(0)), false);
-}
-
-Value fileUrlWithPathIsDirectory(Call& call) {
-    return fileUrl(call, textOf(call.argument<cocoa::id>(0)), call.argument<cocoa::BOOL>(1));
-}
-
-Value path(Call& call) {
-    const auto& state = call.state<UrlState>();
-    if (!state.path.empty()) return makeString(call, state.path);
-    const auto authority = state.address.find("://");
-    const auto begin =
-        authority == std::string::npos ? authority : state.address.find('/', authority + 3);
-    if (begin == std::string::npos) return makeString(call, "");
-    return makeString(call, state.address.substr(begin, state.address.find('?') - begin));
+    return isUrl(text) ? call.made(makeUrl(text)) : nullptr;
 }
 
 }  // namespace
 
 void defineUrls() {
-    define("NSURL", MessageKind::classLevel, "URLWithString:", urlWithString);
-    define("NSURL", MessageKind::classLevel, "fileURLWithPath:", fileUrlWithPath);
-    define("NSURL", MessageKind::classLevel,
-           "fileURLWithPath:isDirectory:", fileUrlWithPathIsDirectory);
-    define("NSURL", MessageKind::instance, "path", path);
-    define("NSURL", MessageKind::instance, "absoluteString",
-           [](Call& call) -> Value { return makeString(call, addressOf(call.receiver())); });
-    describeAs("NSURL", [](cocoa::id url) { return "<" + addressOf(url) + ">"; });
-    keepOutOfJournal("NSURL");
+    MessagesOf("NSURL")
+        .onClass("URLWithString:", urlWithString)
+        .onClass("fileURLWithPath:", [](Call& call) { return fileUrl(call, false); })
+        .onClass("fileURLWithPath:isDirectory:",
+                 [](Call& call) { return fileUrl(call, call.argument<cocoa::BOOL>(1)); })
+        .on("path", [](Call& call) { return makeString(call, pathOf(call.receiver())); })
+        .on("absoluteString",
+            [](Call& call) { return makeString(call, addressOf(call.receiver())); })
+        .describedBy([](cocoa::id url) { return "<" + addressOf(url) + ">"; })
+        .notInJournal();
 }
 
 }  // namespace stagehopper::recording

@@ -5,11 +5,13 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <typeindex>
+#include <utility>
 #include <vector>
 
 #include "ports/macos/cocoa/objc/MessageDispatch.h"
-#include "tests/macos/recording/runtime/Problems.h"
+#include "tests/macos/recording/runtime/Journal.h"
 #include "tests/macos/recording/runtime/Retained.h"
 #include "tests/macos/recording/runtime/Value.h"
 
@@ -18,6 +20,9 @@
 namespace stagehopper::recording {
 
 using cocoa::MessageKind;
+
+/// A new object that the system owns.
+[[nodiscard]] Retained makeObject(std::string_view className);
 
 /// The state that an object carries, one value of each type: created at the first use, destroyed
 /// with the object.
@@ -52,7 +57,9 @@ public:
     /// A new object of that class, kept until the message is handled. If it is returned, it is
     /// autoreleased, or retained for the sender in the families alloc, new, copy and init:
     /// behaviors return plain pointers and need not count references.
-    cocoa::id make(std::string_view className);
+    cocoa::id make(std::string_view className) { return made(makeObject(className)); }
+    /// The same for an object that was created for this message.
+    cocoa::id made(Retained object) { return made_.emplace_back(std::move(object)).get(); }
     [[nodiscard]] bool hasMade(cocoa::id object) const;
 
 private:
@@ -84,8 +91,47 @@ void keepOutOfJournal(std::string_view className);
 /// How objects of a class appear in the journal instead of `<NSURL 1>`.
 void describeAs(std::string_view className, std::function<std::string(cocoa::id)> description);
 
-/// A new object that the system owns.
-[[nodiscard]] Retained makeObject(std::string_view className);
+/// The messages of one class, defined in a chain.
+class MessagesOf {
+public:
+    explicit MessagesOf(std::string_view className) : className_(className) {}
+    /// A message to an instance. The behavior may return nothing.
+    template <class Handler>
+    MessagesOf& on(std::string_view selector, Handler handler) {
+        return add(MessageKind::instance, selector, std::move(handler));
+    }
+    /// A message to the class.
+    template <class Handler>
+    MessagesOf& onClass(std::string_view selector, Handler handler) {
+        return add(MessageKind::classLevel, selector, std::move(handler));
+    }
+    /// A message to the class that returns the shared instance.
+    MessagesOf& shared(std::string_view selector);
+    MessagesOf& describedBy(std::function<std::string(cocoa::id)> description) {
+        describeAs(className_, std::move(description));
+        return *this;
+    }
+    MessagesOf& notInJournal() {
+        keepOutOfJournal(className_);
+        return *this;
+    }
+
+private:
+    template <class Handler>
+    MessagesOf& add(MessageKind kind, std::string_view selector, Handler handler) {
+        if constexpr (std::is_void_v<std::invoke_result_t<Handler, Call&>>) {
+            define(className_, kind, selector, [handler](Call& call) -> Value {
+                handler(call);
+                return {};
+            });
+        } else {
+            define(className_, kind, selector, std::move(handler));
+        }
+        return *this;
+    }
+
+    std::string className_;
+};
 
 /// An object that outlives every test, such as the system's exported constants.
 [[nodiscard]] cocoa::id makeConstant(std::string_view className);
@@ -93,20 +139,34 @@ void describeAs(std::string_view className, std::function<std::string(cocoa::id)
 /// "nil" for nil, the name for a class object.
 [[nodiscard]] std::string classNameOf(cocoa::id object);
 [[nodiscard]] bool isKindOf(cocoa::id object, std::string_view className);
-/// Whether its class was registered by the port.
-[[nodiscard]] bool isOurs(cocoa::id object);
-[[nodiscard]] bool isBlock(cocoa::id object);
 
-/// The class as an object that messages can be sent to; for `stateOf`: shared instances.
-[[nodiscard]] cocoa::id classObject(std::string_view className);
+/// The shared instance of a class, as returned by `sharedWorkspace`; created at the first use.
+/// `which` distinguishes several instances of one class. Any queue.
+[[nodiscard]] cocoa::id sharedInstance(std::string_view className, std::string_view which = "");
+/// At the end of a test: the next one gets new instances.
+void forgetSharedInstances();
 
 /// The value stored by a setter without a behavior, or by `setProperty`; empty if never set.
 [[nodiscard]] Value property(cocoa::id object, std::string_view name);
+/// Nil unless it is an object.
+[[nodiscard]] inline cocoa::id propertyObject(cocoa::id object, std::string_view name) {
+    return property(object, name).object();
+}
 void setProperty(cocoa::id object, std::string_view name, Value value);
 
 /// Sends a message as the system does between its own objects, from a behavior or a test: without
 /// checks and without a journal entry. The result lives as long as the current pool.
 Value answer(cocoa::id receiver, std::string_view selector, std::vector<Value> arguments = {});
+
+namespace behaviors {
+/// The class's own behavior, or the inherited one; null if there is none.
+[[nodiscard]] const Behavior* find(cocoa::Class ofClass, MessageKind kind,
+                                   const std::string& selector);
+[[nodiscard]] bool isQuiet(cocoa::Class ofClass);
+}  // namespace behaviors
+
+/// "title" for "setTitle:"; empty for other names.
+[[nodiscard]] std::string propertyOfSetter(std::string_view selector);
 
 namespace detail {
 /// The slot for one type; created empty.

@@ -23,29 +23,6 @@ TEST_F(BlockLife, ABlockKeepsItsCapturesUntilItsLastReferenceIsReleased) {
     EXPECT_TRUE(watched.expired());
 }
 
-TEST_F(BlockLife, ABlockIsCalledWithItsArguments) {
-    std::vector<long> got;
-    const cocoa::Block<void(long, long)> block([&got](long first, long second) {
-        got = {first, second};
-    });
-    callBlock(Retained(block.get()), 3L, 4L);
-    EXPECT_THAT(got, ElementsAre(3, 4));
-}
-
-TEST_F(BlockLife, ABlockMayReleaseItselfWhileItRuns) {
-    Retained system;
-    bool ran = false;
-    {
-        const cocoa::Block<void()> block([&] {
-            system = {};
-            ran = true;
-        });
-        system = Retained(block.get());
-    }
-    callBlock(system);
-    EXPECT_TRUE(ran);
-}
-
 TEST_F(BlockLife, CallingABlockWithOtherTypesIsAProblem) {
     const cocoa::Block<void(long)> block([](long) {});
     callBlock(Retained(block.get()), 1.5);

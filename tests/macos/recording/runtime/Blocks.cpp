@@ -7,7 +7,7 @@
 #include <set>
 
 #include "ports/macos/cocoa/objc/Block.h"
-#include "tests/macos/recording/runtime/Problems.h"
+#include "tests/macos/recording/runtime/Journal.h"
 
 extern "C" {
 void* _NSConcreteStackBlock[32] = {};

@@ -59,7 +59,6 @@ void journalCallback(cocoa::id object, std::string_view selector,
     entry.kind = JournalEntry::Kind::callback;
     entry.queue = queues::current();
     entry.seconds = queues::now();
-    entry.className = classNameOf(object);
     entry.receiver = describe(object);
     entry.selector = selector;
     for (const auto& argument : arguments) entry.arguments.push_back(argument.describe());

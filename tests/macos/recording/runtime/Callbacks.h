@@ -47,10 +47,10 @@ Result sendToPort(cocoa::id receiver, std::string_view selector, Arguments... ar
     const std::array<Value, sizeof...(Arguments)> boxed{Value(arguments)...};
     detail::journalCallback(receiver, selector, boxed);
     const cocoa::AutoreleasePool pool;
-    using Method = cocoa::Abi<Result> (*)(cocoa::id, cocoa::SEL, cocoa::Abi<Arguments>...);
+    using Implementation = cocoa::Abi<Result> (*)(cocoa::id, cocoa::SEL, cocoa::Abi<Arguments>...);
     const auto name = cocoa::sel_registerName(std::string(selector).c_str());
-    return Result(
-        reinterpret_cast<Method>(implementation)(receiver, name, detail::abi(arguments)...));
+    return Result(reinterpret_cast<Implementation>(implementation)(receiver, name,
+                                                                   detail::abi(arguments)...));
 }
 
 /// Calls a block that returns nothing. The block lives until it returns.

@@ -6,26 +6,18 @@ namespace stagehopper::recording {
 
 void defineStrings();
 void defineCollections();
-void defineNumbers();
-void defineDataAndErrors();
 void defineJson();
-void defineDates();
+void defineValues();
 void defineUrls();
 void defineProcessInformation();
 void defineNotifications();
 void defineTimers();
-
 void defineTasks();
-void defineFileHandles();
 void defineUrlSessions();
-void defineWebSockets();
-
 void defineApplication();
 void defineWindows();
 void defineMenus();
-void defineScreens();
 void defineWorkspace();
-void defineContentControllers();
 void defineWebViews();
 
 }  // namespace stagehopper::recording

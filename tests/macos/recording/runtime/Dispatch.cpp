@@ -9,7 +9,6 @@
 
 #include "ports/macos/cocoa/darwin/GrandCentralDispatch.h"
 #include "tests/macos/recording/runtime/Behaviors.h"
-#include "tests/macos/recording/runtime/DispatchObjects.h"
 #include "tests/macos/recording/runtime/Journal.h"
 #include "tests/macos/recording/runtime/Queues.h"
 

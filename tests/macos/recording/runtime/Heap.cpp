@@ -6,7 +6,7 @@
 #include <unordered_map>
 #include <utility>
 
-#include "tests/macos/recording/runtime/Problems.h"
+#include "tests/macos/recording/runtime/Journal.h"
 #include "tests/macos/recording/runtime/Queues.h"
 #include "tests/macos/recording/runtime/Value.h"
 

@@ -31,6 +31,11 @@ std::string messageText(const JournalEntry& entry) {
     return text;
 }
 
+std::vector<std::string>& noted() {
+    static auto* const all = new std::vector<std::string>;
+    return *all;
+}
+
 }  // namespace
 
 std::string JournalEntry::line() const {
@@ -40,31 +45,9 @@ std::string JournalEntry::line() const {
 }
 
 std::vector<std::string> Journal::lines() const {
-    return linesSince(0);
-}
-
-std::vector<std::string> Journal::linesSince(std::size_t mark) const {
     std::vector<std::string> lines;
-    for (auto index = mark; index < entries_.size(); ++index) {
-        lines.push_back(entries_[index].line());
-    }
+    for (const auto& entry : entries_) lines.push_back(entry.line());
     return lines;
-}
-
-std::vector<std::string> Journal::of(std::string_view name) const {
-    std::vector<std::string> lines;
-    for (const auto& entry : entries_) {
-        const bool isFunction = entry.kind == JournalEntry::Kind::function;
-        if ((isFunction ? entry.selector : entry.className) == name) lines.push_back(entry.line());
-    }
-    return lines;
-}
-
-std::vector<JournalEntry> Journal::where(
-    const std::function<bool(const JournalEntry&)>& condition) const {
-    std::vector<JournalEntry> found;
-    std::ranges::copy_if(entries_, std::back_inserter(found), condition);
-    return found;
 }
 
 bool Journal::contains(std::string_view line) const {
@@ -75,6 +58,18 @@ bool Journal::contains(std::string_view line) const {
 Journal& journal() {
     static Journal all;
     return all;
+}
+
+void noteProblem(std::string problem) {
+    noted().push_back(std::move(problem));
+}
+
+const std::vector<std::string>& problems() {
+    return noted();
+}
+
+std::vector<std::string> takeProblems() {
+    return std::exchange(noted(), {});
 }
 
 void recordFunction(std::string_view name, std::vector<std::string> arguments) {

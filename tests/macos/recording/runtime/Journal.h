@@ -1,8 +1,8 @@
 #pragma once
 
-#include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace stagehopper::recording {
@@ -15,8 +15,6 @@ struct JournalEntry {
     std::string queue;
     /// Since the start of the test.
     double seconds = 0;
-    /// The receiver's class; empty for a C function.
-    std::string className;
     /// "<NSWindow 1>", or the class's name.
     std::string receiver;
     /// Of the message, or the function's name.
@@ -36,13 +34,6 @@ public:
 
     [[nodiscard]] const std::vector<JournalEntry>& entries() const { return entries_; }
     [[nodiscard]] std::vector<std::string> lines() const;
-    [[nodiscard]] std::vector<std::string> linesSince(std::size_t mark) const;
-    /// A point in the journal, for `linesSince`.
-    [[nodiscard]] std::size_t mark() const { return entries_.size(); }
-    /// The lines about objects of that class, or the calls of that C function.
-    [[nodiscard]] std::vector<std::string> of(std::string_view name) const;
-    [[nodiscard]] std::vector<JournalEntry> where(
-        const std::function<bool(const JournalEntry&)>& condition) const;
     [[nodiscard]] bool contains(std::string_view line) const;
 
 private:
@@ -50,6 +41,14 @@ private:
 };
 
 [[nodiscard]] Journal& journal();
+
+/// Notes what the port must not do and did: a message to an object that was freed, a reference
+/// released too often, a message that is absent from the facts, a main-thread class on another
+/// queue …. The end of a test asks for the problems.
+void noteProblem(std::string problem);
+[[nodiscard]] const std::vector<std::string>& problems();
+/// For tests of what is noted.
+[[nodiscard]] std::vector<std::string> takeProblems();
 
 /// Records a call of a C function of the system: `recordFunction("CGEventPostToPid", {…})`.
 void recordFunction(std::string_view name, std::vector<std::string> arguments = {});

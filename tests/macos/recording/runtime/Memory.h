@@ -30,3 +30,15 @@ void handAnswerOver(const macos_facts::MethodFact& fact, cocoa::id receiver, coc
 void autorelease(Retained reference, bool needsPool);
 
 }  // namespace stagehopper::recording::memory
+
+/// The autorelease pools of each thread. Any queue.
+namespace stagehopper::recording::pools {
+
+/// Whether the current work runs inside a pool.
+[[nodiscard]] bool exists();
+/// Keeps the reference until the innermost pool ends; without a pool, until the test ends.
+void add(Retained reference);
+/// Drops references that were added without a pool.
+void clear();
+
+}  // namespace stagehopper::recording::pools

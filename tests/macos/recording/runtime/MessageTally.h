@@ -25,6 +25,9 @@ private:
     std::set<const macos_facts::MethodFact*> different_;
 };
 
-[[nodiscard]] MessageTally& messageTally();
+[[nodiscard]] inline MessageTally& messageTally() {
+    static MessageTally all;
+    return all;
+}
 
 }  // namespace stagehopper::recording

@@ -4,13 +4,74 @@
 #include <string>
 
 #include "ports/macos/cocoa/objc/MessageDispatch.h"
+#include "tests/macos/facts/Agreement.h"
 #include "tests/macos/facts/Facts.h"
 #include "tests/macos/recording/runtime/Behaviors.h"
 #include "tests/macos/recording/runtime/Classes.h"
 #include "tests/macos/recording/runtime/Heap.h"
-#include "tests/macos/recording/runtime/Registration.h"
 
 // The C interface of the Objective-C runtime.
+
+namespace stagehopper::recording {
+
+namespace {
+
+/// Whether a program can look up that protocol of the table: the runtime has a record only of
+/// protocols that a library's own code refers to.
+bool isKnownToTheRuntime(std::string_view protocol) {
+    return protocol != "NSApplicationDelegate";
+}
+
+bool conforms(const objc_class& made, std::string_view protocol) {
+    return std::ranges::find(made.protocols, protocol) != made.protocols.end();
+}
+
+void checkTypes(const objc_class& made, const std::string& selector, const Method& method,
+                std::string_view known) {
+    if (macos_facts::agrees(method.types, known)) return;
+    noteProblem(made.name + " answers " + selector + " as " + method.types + ", the system asks " +
+                std::string(known));
+}
+
+void checkMethod(const objc_class& made, const std::string& selector, const Method& method) {
+    bool isDeclared = false;
+    std::string_view missing;
+    for (const auto& fact : macos_facts::callbacks) {
+        if (fact.selector != selector) continue;
+        if (!conforms(made, fact.protocol) && isKnownToTheRuntime(fact.protocol)) {
+            missing = fact.protocol;
+            continue;
+        }
+        isDeclared = true;
+        checkTypes(made, selector, method, fact.encoding);
+    }
+    if (!isDeclared && !missing.empty()) {
+        noteProblem(made.name + " answers " + selector + " without conforming to " +
+                    std::string(missing));
+    }
+    const auto* inherited = macos_facts::factFor("NSObject", macos_facts::Kind::instance, selector);
+    if (inherited != nullptr) checkTypes(made, selector, method, inherited->encoding);
+}
+
+/// Compares a class of the port with its protocols. Notes as problems: methods with other types,
+/// missing required methods, methods of a protocol to which the class does not conform, and methods
+/// of the root class with other types.
+void checkRegistration(const objc_class& made) {
+    for (const auto& [selector, method] : made.methods) checkMethod(made, selector, method);
+    for (const auto& fact : macos_facts::callbacks) {
+        const bool isMissing = fact.need == macos_facts::Need::required &&
+                               conforms(made, fact.protocol) &&
+                               !made.methods.contains(fact.selector);
+        if (isMissing) {
+            noteProblem(made.name + " lacks " + std::string(fact.selector) + " of " +
+                        std::string(fact.protocol));
+        }
+    }
+}
+
+}  // namespace
+
+}  // namespace stagehopper::recording
 
 namespace stagehopper::cocoa {
 

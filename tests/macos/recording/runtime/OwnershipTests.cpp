@@ -1,5 +1,7 @@
+#include "ports/macos/cocoa/darwin/GrandCentralDispatch.h"
 #include "ports/macos/cocoa/objc/AutoreleasePool.h"
 #include "tests/macos/recording/runtime/Behaviors.h"
+#include "tests/macos/recording/runtime/Queues.h"
 #include "tests/macos/recording/runtime/RuntimeTest.h"
 
 namespace stagehopper::recording {
@@ -10,29 +12,12 @@ using testing::HasSubstr;
 
 class Ownership : public RuntimeTest {};
 
-TEST_F(Ownership, AnObjectLivesUntilItsLastReferenceIsReleased) {
-    auto first = Thing::make();
-    const Weak weak(first.get().pointer());
-    auto second = first;
-    first = {};
-    EXPECT_NE(weak.get(), nullptr);
-    second = {};
-    EXPECT_EQ(weak.get(), nullptr);
-}
-
 TEST_F(Ownership, AMessageToAFreedObjectIsAProblemAndReturnsZero) {
     auto owned = Thing::make();
     const auto stale = owned.get();
     owned = {};
     EXPECT_FALSE(stale.retain());
     EXPECT_THAT(takeProblems(), ElementsAre(HasSubstr("-[<NSObject 1>, which was freed retain]")));
-}
-
-TEST_F(Ownership, AnAddressWithoutAnObjectIsAProblem) {
-    int something = 0;
-    const Thing fake(reinterpret_cast<cocoa::id>(&something));
-    fake.release();
-    EXPECT_THAT(takeProblems(), ElementsAre(HasSubstr("something that is no object")));
 }
 
 TEST_F(Ownership, AnExcessReleaseIsAProblemEvenWhileTheSystemHoldsTheObject) {
@@ -51,25 +36,12 @@ TEST_F(Ownership, AnUnreleasedObjectIsALeakEvenWhileTheSystemHoldsIt) {
     EXPECT_THAT(leaked(), testing::IsEmpty());
 }
 
-TEST_F(Ownership, ACopyIsOwned) {
-    const auto original = Thing::make();
-    const auto copied = cocoa::Owned<Thing>::adopt(original->copy());
-    EXPECT_TRUE(copied);
-}
-
 TEST_F(Ownership, AnObjectCannotBeUsedBeforeItsInitializer) {
     const auto raw = Thing::raw();
     EXPECT_EQ(raw.copy(), raw);
     EXPECT_THAT(takeProblems(), ElementsAre(HasSubstr("before it was initialized")));
     raw.release();
     raw.release();
-}
-
-TEST_F(Ownership, AnInitializerTakesOverTheReferenceOfAlloc) {
-    const auto raw = Thing::raw();
-    const auto ready = raw.init();
-    EXPECT_EQ(raw, ready);
-    ready.release();
 }
 
 TEST_F(Ownership, InitializingTwiceIsAProblem) {
@@ -97,19 +69,22 @@ TEST_F(Ownership, AutoreleasingWithoutAPoolIsAProblem) {
                 ElementsAre("<NSObject 1> was autoreleased on queue \"main\" without a pool"));
 }
 
-TEST_F(Ownership, PoolsEndInReverseOrder) {
-    void* outer = cocoa::objc_autoreleasePoolPush();
-    void* inner = cocoa::objc_autoreleasePoolPush();
-    cocoa::objc_autoreleasePoolPop(outer);
-    EXPECT_THAT(takeProblems(), ElementsAre(HasSubstr("not the innermost")));
-    cocoa::objc_autoreleasePoolPop(inner);
-    cocoa::objc_autoreleasePoolPop(outer);
+TEST_F(Ownership, WorkOfAGlobalQueueHasNoPoolOfItsOwn) {
+    const auto autorelease = [] { static_cast<void>(Thing::make().detach().autorelease()); };
+    queues::async("session", autorelease);
+    queues::runUntilIdle();
+    EXPECT_THAT(problems(), testing::IsEmpty());
+    queues::async("global default", autorelease);
+    queues::runUntilIdle();
+    EXPECT_THAT(takeProblems(), ElementsAre(HasSubstr("on queue \"global default\" without")));
 }
 
-TEST_F(Ownership, AResetFreesTheRemainingObjects) {
-    const Weak weak(Thing::make().detach().pointer());
-    reset();
-    EXPECT_EQ(weak.get(), nullptr);
+TEST_F(Ownership, ASemaphoreThatIsNotReleasedIsALeak) {
+    const auto semaphore = cocoa::dispatch_semaphore_create(0);
+    EXPECT_THAT(leaked(), ElementsAre("a semaphore"));
+    EXPECT_EQ(cocoa::dispatch_semaphore_wait(semaphore, cocoa::DISPATCH_TIME_FOREVER), 1);
+    EXPECT_THAT(takeProblems(), ElementsAre(HasSubstr("can never come")));
+    cocoa::dispatch_release(reinterpret_cast<cocoa::dispatch_object_t>(semaphore));
 }
 
 }  // namespace

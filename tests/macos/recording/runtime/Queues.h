@@ -3,13 +3,18 @@
 #include <functional>
 #include <string>
 #include <utility>
-
-#include "tests/macos/recording/runtime/QueueToken.h"
+#include <vector>
 
 /// The queues of a program in virtual time. One piece of work runs at a time, on its own thread so
 /// that it can block as on the real system. While it waits, unblocked work continues; the clock
 /// moves only when all work is blocked. Only the running work may call this.
 namespace stagehopper::recording::queues {
+
+/// Names one piece of work, to cancel it.
+using Token = unsigned long;
+
+/// A time that never comes, in seconds.
+constexpr double forever = 1e300;
 
 /// "main", "global user-initiated", "global default", "session", "task", or "world": what happens
 /// outside the program, even while its main thread is blocked.
@@ -53,3 +58,12 @@ bool waitUntil(const std::function<bool()>& condition, double limit);
 void reset();
 
 }  // namespace stagehopper::recording::queues
+
+/// The port's objects of Grand Central Dispatch. Only the running work may call this.
+namespace stagehopper::recording::dispatch {
+
+/// One line for each unreleased queue and semaphore.
+[[nodiscard]] std::vector<std::string> held();
+void clear();
+
+}  // namespace stagehopper::recording::dispatch

@@ -3,10 +3,9 @@
 #include <utility>
 
 #include "tests/macos/recording/runtime/Blocks.h"
-#include "tests/macos/recording/runtime/DispatchObjects.h"
 #include "tests/macos/recording/runtime/Heap.h"
 #include "tests/macos/recording/runtime/Journal.h"
-#include "tests/macos/recording/runtime/Pools.h"
+#include "tests/macos/recording/runtime/Memory.h"
 #include "tests/macos/recording/runtime/Queues.h"
 
 namespace stagehopper::recording {

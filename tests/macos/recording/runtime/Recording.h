@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/macos/recording/runtime/Problems.h"
+#include "tests/macos/recording/runtime/Journal.h"
 
 /// The recording as a whole. Main thread.
 namespace stagehopper::recording {

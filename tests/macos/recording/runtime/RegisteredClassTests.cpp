@@ -39,7 +39,7 @@ TEST_F(RegisteredClass, ItsMethodsReachTheTarget) {
     const auto notification = makeObject("NSNotification");
     sendToPort(object.get().pointer(), "windowWillClose:", notification.get());
     EXPECT_EQ(target->last, notification.get());
-    EXPECT_THAT(journal().of("Listener"),
+    EXPECT_THAT(journal().lines(),
                 testing::Contains("<- [<Listener 1> windowWillClose:<NSNotification 1>]"));
 }
 

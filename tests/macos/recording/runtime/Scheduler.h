@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "tests/macos/recording/runtime/QueueToken.h"
+#include "tests/macos/recording/runtime/Queues.h"
 #include "tests/macos/recording/runtime/Worker.h"
 
 namespace stagehopper::recording {

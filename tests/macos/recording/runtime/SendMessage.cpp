@@ -4,13 +4,12 @@
 #include <utility>
 
 #include "tests/macos/facts/Agreement.h"
-#include "tests/macos/recording/runtime/BehaviorTable.h"
+#include "tests/macos/recording/runtime/Behaviors.h"
 #include "tests/macos/recording/runtime/Blocks.h"
 #include "tests/macos/recording/runtime/Heap.h"
 #include "tests/macos/recording/runtime/Journal.h"
 #include "tests/macos/recording/runtime/Memory.h"
 #include "tests/macos/recording/runtime/MessageTally.h"
-#include "tests/macos/recording/runtime/Properties.h"
 #include "tests/macos/recording/runtime/Queues.h"
 
 namespace stagehopper::recording {
@@ -95,7 +94,6 @@ void record(const DeclaredMessage& message, cocoa::id receiver, std::span<const 
     JournalEntry entry;
     entry.queue = queues::current();
     entry.seconds = queues::now();
-    entry.className = itsClass->name;
     entry.receiver = object != nullptr && object->raw ? heap::nameOf(*object) : describe(receiver);
     entry.selector = message.selector;
     for (const auto& argument : arguments) entry.arguments.push_back(argument.describe());

@@ -22,10 +22,6 @@ std::string braces(Numbers... numbers) {
     return text + "}";
 }
 
-std::string quoted(const char* text) {
-    return text == nullptr ? "NULL" : '"' + std::string(text) + '"';
-}
-
 std::string pointed(const void* pointer) {
     return pointer == nullptr ? "NULL" : "<pointer>";
 }
@@ -49,16 +45,8 @@ std::string Value::describe() const {
     if (encoding_ == ":") return recording::describe(load<cocoa::SEL>());
     if (encoding_ == "B") return load<bool>() ? "YES" : "NO";
     if (encoding_ == "d") return number(load<double>());
-    if (encoding_ == "f") return number(static_cast<double>(load<float>()));
     if (encoding_ == "q") return std::to_string(load<long>());
     if (encoding_ == "Q") return std::to_string(load<unsigned long>());
-    if (encoding_ == "i") return std::to_string(load<int>());
-    if (encoding_ == "I") return std::to_string(load<unsigned>());
-    if (encoding_ == "s") return std::to_string(load<short>());
-    if (encoding_ == "S") return std::to_string(load<unsigned short>());
-    if (encoding_ == "c") return std::to_string(load<signed char>());
-    if (encoding_ == "C") return std::to_string(load<unsigned char>());
-    if (encoding_ == "r*") return quoted(load<const char*>());
     if (isA<cocoa::CGRect>()) {
         const auto rect = load<cocoa::CGRect>();
         return braces(rect.origin.x, rect.origin.y, rect.size.width, rect.size.height);

@@ -62,11 +62,6 @@ Error press(const ElementState& element) {
     return slow->second > limit ? Error::cannotComplete : Error::success;
 }
 
-bool asksForPrompt(cocoa::CFDictionaryRef options) {
-    return truthOf(
-        valueUnder(objectOf(options), textOf(objectOf(cocoa::kAXTrustedCheckOptionPrompt))));
-}
-
 }  // namespace
 
 }  // namespace stagehopper::recording
@@ -82,9 +77,7 @@ Boolean AXIsProcessTrusted(void) {
 
 Boolean AXIsProcessTrustedWithOptions(CFDictionaryRef options) {
     recordFunction("AXIsProcessTrustedWithOptions", {describe(objectOf(options))});
-    auto& accessibility = World::current().accessibility;
-    if (!accessibility.trusted && asksForPrompt(options)) ++accessibility.prompts;
-    return accessibility.trusted ? 1 : 0;
+    return AXIsProcessTrusted();
 }
 
 AXUIElementRef AXUIElementCreateApplication(int process) {
@@ -100,7 +93,6 @@ AXError AXUIElementCopyAttributeValue(AXUIElementRef element, CFStringRef attrib
                                       CFTypeRef* value) {
     const auto* asked = elementOf(element, "AXUIElementCopyAttributeValue");
     if (asked == nullptr) return code(Error::illegalArgument);
-    ++World::current().accessibility.reads;
     if (const auto error = reach(*asked); error != Error::success) return code(error);
     const auto found = attributeOf(*asked, textOf(objectOf(attribute)));
     if (!found) return code(Error::noValue);

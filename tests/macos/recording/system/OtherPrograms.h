@@ -4,7 +4,6 @@
 #include <map>
 #include <memory>
 #include <optional>
-#include <string>
 #include <vector>
 
 #include "platform/Workspace.h"
@@ -12,13 +11,11 @@
 
 namespace stagehopper::recording {
 
-/// The other programs: their windows and menus, the keys that they got, which one is in front, and
-/// the addresses that were opened. Programs are described as for the simulated desktop. Main thread
-/// only.
+/// The other programs: their windows and menus, the keys that they got, and which one is in front.
+/// Programs are described as for the simulated desktop. Main thread only.
 class OtherPrograms {
 public:
     simulated::RunningProgram& start(simulated::Program program);
-    void quit(platform::Pid process);
     /// Throws when no such process runs.
     [[nodiscard]] simulated::RunningProgram& program(platform::Pid process) const;
 
@@ -32,10 +29,6 @@ public:
     std::optional<platform::Pid> front;
     /// By the process: the index of its focused window, if it is not the first.
     std::map<platform::Pid, std::size_t> focusedWindow;
-    /// Addresses that the program asked the system to open.
-    std::vector<std::string> opened;
-    /// Whether a program handles such an address.
-    bool opensAddresses = true;
 
 private:
     std::vector<std::shared_ptr<simulated::RunningProgram>> programs_;

@@ -16,6 +16,7 @@ void RecordedTest::TearDown() {
 }
 
 CheckedWorld::~CheckedWorld() {
+    network.resumedSockets.clear();
     for (const auto& task : tasks.launched()) tasks.exits(*task, 0);
     queues::advance(everythingHasEnded);
     EXPECT_EQ(runningTimers, 0) << "timers that were not invalidated";

@@ -3,7 +3,6 @@
 #include <stdexcept>
 
 #include "tests/macos/recording/foundation/Bridged.h"
-#include "tests/macos/recording/foundation/SharedInstances.h"
 #include "tests/macos/recording/runtime/Classes.h"
 #include "tests/macos/recording/runtime/Definitions.h"
 #include "tests/macos/recording/runtime/Recording.h"
@@ -25,17 +24,10 @@ void registerOpaqueClass(const char* name) {
 void defineEverything() {
     registerOpaqueClass(elementClass);
     registerOpaqueClass(eventClass);
-    for (const auto& defineOneSubject : {defineStrings,       defineCollections,
-                                         defineNumbers,       defineDataAndErrors,
-                                         defineDates,         defineUrls,
-                                         defineNotifications, defineTimers,
-                                         defineTasks,         defineProcessInformation,
-                                         defineFileHandles,   defineUrlSessions,
-                                         defineWebSockets,    defineApplication,
-                                         defineWindows,       defineMenus,
-                                         defineScreens,       defineWorkspace,
-                                         defineWebViews,      defineContentControllers,
-                                         defineJson}) {
+    for (const auto& defineOneSubject :
+         {defineStrings, defineCollections, defineValues, defineUrls, defineNotifications,
+          defineTimers, defineTasks, defineProcessInformation, defineUrlSessions, defineApplication,
+          defineWindows, defineMenus, defineWorkspace, defineWebViews, defineJson}) {
         defineOneSubject();
     }
 }
@@ -63,7 +55,6 @@ World& World::current() {
 
 void World::end() {
     tasks.forget();
-    servers.forget();
     accessibility.instead.clear();
     forgetSharedInstances();
 }

@@ -1,15 +1,16 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "ports/simulated/SimulatedClock.h"
+#include "ports/simulated/SimulatedUrlSession.h"
 #include "tests/macos/recording/appkit/Application.h"
-#include "tests/macos/recording/appkit/Screens.h"
 #include "tests/macos/recording/appkit/Windows.h"
-#include "tests/macos/recording/system/Accessibility.h"
+#include "tests/macos/recording/runtime/Queues.h"
 #include "tests/macos/recording/system/OtherPrograms.h"
-#include "tests/macos/recording/system/Servers.h"
-#include "tests/macos/recording/system/SystemInfo.h"
+#include "tests/macos/recording/system/Surroundings.h"
 #include "tests/macos/recording/system/Tasks.h"
 #include "tests/macos/recording/webkit/WebPages.h"
 
@@ -18,6 +19,9 @@ namespace stagehopper::recording {
 /// The Mac around the program, in memory and in virtual time. A test sets it up, triggers its
 /// events and inspects it. One at a time; each starts with a new state. Main thread only.
 class World {
+    simulated::SimulatedClock clock_;
+    simulated::Journal effects_{clock_};
+
 public:
     World();
     ~World();
@@ -34,7 +38,12 @@ public:
     std::vector<std::string> systemLog;
     SystemInfo systemInfo;
     Tasks tasks;
-    Servers servers;
+    /// The loopback interface.
+    simulated::SimulatedUrlSession servers{
+        effects_, [](platform::Duration delay, platform::Task task) {
+            queues::after(delay.count(), "session", std::move(task));
+        }};
+    Network network;
     Windows windows;
     Application application{windows, systemLog};
     WebPages pages;
@@ -45,7 +54,7 @@ public:
     /// The number of timers in a run loop.
     int runningTimers = 0;
     /// Destroys everything that the world keeps, so that only the program's own objects are left:
-    /// running tasks, connections, shared instances. Does not notify the program. Once, at the end.
+    /// running tasks, shared instances. Does not notify the program. Once, at the end.
     void end();
 };
 

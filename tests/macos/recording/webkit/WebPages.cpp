@@ -15,7 +15,7 @@ namespace {
 
 Retained makeFrame(bool isMain) {
     auto frame = makeObject("WKFrameInfo");
-    setProperty(frame.get(), "isMain", isMain);
+    setProperty(frame.get(), "isMainFrame", isMain);
     return frame;
 }
 
@@ -23,13 +23,13 @@ Retained makeFrame(bool isMain) {
 /// has no opinion about is allowed.
 bool isAllowed(cocoa::id view, std::string_view address, const Retained& frame) {
     constexpr auto question = "webView:decidePolicyForNavigationAction:decisionHandler:";
-    const auto delegate = property(view, "navigationDelegate").object();
+    const auto delegate = propertyObject(view, "navigationDelegate");
     if (!responds(delegate, question)) return true;
     const auto request = makeObject("NSURLRequest");
-    setProperty(request.get(), "url", makeUrl(std::string(address)).get());
+    setProperty(request.get(), "URL", makeUrl(std::string(address)).get());
     const auto action = makeObject("WKNavigationAction");
-    setProperty(action.get(), "asked", request.get());
-    setProperty(action.get(), "target", frame.get());
+    setProperty(action.get(), "request", request.get());
+    setProperty(action.get(), "targetFrame", frame.get());
     int answers = 0;
     long policy = 0;
     const cocoa::Block<void(long)> handler([&answers, &policy](long decided) {
@@ -44,17 +44,16 @@ bool isAllowed(cocoa::id view, std::string_view address, const Retained& frame) 
 }
 
 void deliver(cocoa::id view, const std::string& name, const Retained& body, bool fromMainFrame) {
-    const auto controller = contentControllerOf(view);
-    if (controller == nullptr) return;
-    const auto& handlers = stateOf<ContentControllerState>(controller).handlers;
+    const auto controller = propertyObject(view, "contentController");
+    const auto& handlers = stateOf<ContentController>(controller).handlers;
     const auto found = handlers.find(name);
     // The page's script gets an exception.
     if (found == handlers.end()) return;
     const Retained handler = found->second;
     const auto message = makeObject("WKScriptMessage");
-    setProperty(message.get(), "posted", body.get());
-    setProperty(message.get(), "handler", makeString(name).get());
-    setProperty(message.get(), "frame", makeFrame(fromMainFrame).get());
+    setProperty(message.get(), "body", body.get());
+    setProperty(message.get(), "name", makeString(name).get());
+    setProperty(message.get(), "frameInfo", makeFrame(fromMainFrame).get());
     sendToPort(handler.get(), "userContentController:didReceiveScriptMessage:", controller,
                message.get());
 }
@@ -109,37 +108,17 @@ void WebPage::processDies() {
     queues::async("main", [view = view_] {
         const Retained shown(view.get());
         if (!shown) return;
-        const auto delegate = property(shown.get(), "navigationDelegate").object();
+        const auto delegate = propertyObject(shown.get(), "navigationDelegate");
         sendToPort(delegate, "webViewWebContentProcessDidTerminate:", shown.get());
     });
-}
-
-cocoa::CGRect WebPage::frame() const {
-    return view() == nullptr ? cocoa::CGRect() : property(view(), "frame").as<cocoa::CGRect>();
 }
 
 bool WebPage::drawsBackground() const {
     return view() == nullptr || property(view(), "drawsBackground").as<bool>();
 }
 
-std::vector<std::string> WebPage::handlers() const {
-    std::vector<std::string> names;
-    if (const auto controller = contentControllerOf(view())) {
-        for (const auto& [name, handler] : stateOf<ContentControllerState>(controller).handlers) {
-            names.push_back(name);
-        }
-    }
-    return names;
-}
-
-std::vector<InjectedScript> WebPage::injectedScripts() const {
-    std::vector<InjectedScript> scripts;
-    if (const auto controller = contentControllerOf(view())) {
-        for (const auto& script : stateOf<ContentControllerState>(controller).scripts) {
-            scripts.push_back(stateOf<InjectedScript>(script.get()));
-        }
-    }
-    return scripts;
+ContentController& WebPage::controller() const {
+    return stateOf<ContentController>(propertyObject(view(), "contentController"));
 }
 
 WebPage& WebPages::in(cocoa::id view) const {

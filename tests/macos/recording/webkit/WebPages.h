@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -7,9 +8,21 @@
 
 #include "ports/macos/cocoa/objc/Runtime.h"
 #include "tests/macos/recording/runtime/Retained.h"
-#include "tests/macos/recording/webkit/ContentController.h"
 
 namespace stagehopper::recording {
+
+struct InjectedScript {
+    std::string source;
+    /// 0: before any script of the page.
+    long injectionTime = 0;
+    bool mainFrameOnly = false;
+};
+
+/// The state of a WKUserContentController.
+struct ContentController {
+    std::map<std::string, Retained> handlers;
+    std::vector<InjectedScript> scripts;
+};
 
 /// The page of one web view. Main thread only.
 class WebPage {
@@ -33,19 +46,15 @@ public:
 
     /// Nil after it is destroyed.
     [[nodiscard]] cocoa::id view() const { return view_.get(); }
-    [[nodiscard]] cocoa::CGRect frame() const;
     [[nodiscard]] bool drawsBackground() const;
-    /// Names of the handlers that the page can post to.
-    [[nodiscard]] std::vector<std::string> handlers() const;
-    /// The scripts that run before the page at each load.
-    [[nodiscard]] std::vector<InjectedScript> injectedScripts() const;
+    /// The handlers that the page can post to, and the scripts that run before it at each load.
+    /// Requires the view.
+    [[nodiscard]] ContentController& controller() const;
 
     /// The file loaded or dropped last, and the folder that it may read.
     std::string file;
     std::string readAccess;
     int loads = 0;
-    /// Whether loads were stopped, or none was begun.
-    bool stopped = true;
     /// False from the death of its process to the next load.
     bool alive = true;
     /// Scripts that the program ran in the page, oldest first; without scripts that ran before a
@@ -64,7 +73,6 @@ private:
 /// All pages ever created, including destroyed ones. Main thread only.
 class WebPages {
 public:
-    [[nodiscard]] const std::vector<std::shared_ptr<WebPage>>& all() const { return pages_; }
     /// Throws when there is none.
     [[nodiscard]] WebPage& newest() const { return *pages_.at(pages_.size() - 1); }
     /// In the order of creation; throws if there is none.

@@ -1,11 +1,10 @@
 #include <string>
 
 #include "tests/macos/recording/foundation/Foundation.h"
-#include "tests/macos/recording/runtime/Definitions.h"
 #include "tests/macos/recording/system/World.h"
-#include "tests/macos/recording/webkit/ContentController.h"
 
-// WKWebView.
+// WKWebView, its configuration and its WKUserContentController. What a page sends or asks for has
+// properties (see WebPages.cpp).
 
 namespace stagehopper::recording {
 
@@ -17,27 +16,17 @@ WebPage& pageOf(Call& call) {
 
 /// The view copies its configuration: later changes are without effect, but for those of the
 /// content controller, which is shared.
-Value init(Call& call) {
+cocoa::id initView(Call& call) {
     const auto view = call.receiver();
     const auto configuration = call.argument<cocoa::id>(1);
     if (configuration == nullptr) noteProblem("a WKWebView without a configuration");
-    setProperty(view, "frame", call.argument<cocoa::CGRect>(0));
     setProperty(view, "drawsBackground", true);
-    Retained controller;
-    if (configuration != nullptr) {
-        controller = Retained(property(configuration, "userContentController").object());
-    }
-    if (!controller) controller = makeObject("WKUserContentController");
-    setProperty(view, "contentController", controller.get());
+    setProperty(view, "contentController", propertyObject(configuration, "userContentController"));
     World::current().pages.add(view);
     return view;
 }
 
-cocoa::id navigation(Call& call) {
-    return call.make("NSObject");
-}
-
-Value loadFile(Call& call) {
+cocoa::id loadFile(Call& call) {
     auto& page = pageOf(call);
     page.file = pathOf(call.argument<cocoa::id>(0));
     page.readAccess = pathOf(call.argument<cocoa::id>(1));
@@ -45,62 +34,72 @@ Value loadFile(Call& call) {
         noteProblem("the page " + page.file + " may not read itself");
     }
     ++page.loads;
-    page.stopped = false;
     page.alive = true;
     page.loadBegins("file://" + page.file);
-    return navigation(call);
+    // The navigation.
+    return call.make("NSObject");
 }
 
-Value stopLoading(Call& call) {
-    pageOf(call).stopped = true;
-    return {};
-}
-
-Value evaluate(Call& call) {
+void evaluate(Call& call) {
     auto& page = pageOf(call);
     if (page.loads > 0 && page.alive) page.evaluated.push_back(textOf(call.argument<cocoa::id>(0)));
-    return {};
 }
 
 /// One for each configuration.
-Value preferences(Call& call) {
-    const auto known = property(call.receiver(), "preferencesObject").object();
-    if (known != nullptr) return known;
-    const auto made = makeObject("WKPreferences");
-    setProperty(call.receiver(), "preferencesObject", made.get());
-    return made.get();
+cocoa::id preferences(Call& call) {
+    const auto* name = "preferencesObject";
+    if (propertyObject(call.receiver(), name) == nullptr) {
+        setProperty(call.receiver(), name, makeObject("WKPreferences").get());
+    }
+    return propertyObject(call.receiver(), name);
 }
 
 /// Key-value coding: a key that the view does not have raises an exception.
-Value setValueForKey(Call& call) {
+void setValueForKey(Call& call) {
     const auto key = textOf(call.argument<cocoa::id>(1));
     if (key != "drawsBackground") noteProblem("a WKWebView has no key \"" + key + "\"");
     setProperty(call.receiver(), key, truthOf(call.argument<cocoa::id>(0)));
-    return {};
+}
+
+void addHandler(Call& call) {
+    const auto name = textOf(call.argument<cocoa::id>(1));
+    auto& handler = call.state<ContentController>().handlers[name];
+    if (handler) noteProblem("two script message handlers for \"" + name + "\"");
+    handler = Retained(call.argument<cocoa::id>(0));
+}
+
+void removeHandler(Call& call) {
+    call.state<ContentController>().handlers.erase(textOf(call.argument<cocoa::id>(0)));
+}
+
+void addScript(Call& call) {
+    call.state<ContentController>().scripts.push_back(
+        stateOf<InjectedScript>(call.argument<cocoa::id>(0)));
+}
+
+cocoa::id initScript(Call& call) {
+    call.state<InjectedScript>() = {textOf(call.argument<cocoa::id>(0)), call.argument<long>(1),
+                                    call.argument<bool>(2)};
+    return call.receiver();
 }
 
 }  // namespace
 
-cocoa::id contentControllerOf(cocoa::id view) {
-    return isKindOf(view, "WKWebView") ? property(view, "contentController").object() : nullptr;
-}
-
 void defineWebViews() {
-    constexpr auto view = "WKWebView";
-    define(view, MessageKind::instance, "initWithFrame:configuration:", init);
-    define(view, MessageKind::instance, "loadFileURL:allowingReadAccessToURL:", loadFile);
-    define(view, MessageKind::instance, "stopLoading", stopLoading);
-    define(view, MessageKind::instance, "evaluateJavaScript:completionHandler:", evaluate);
-    define(view, MessageKind::instance, "setValue:forKey:", setValueForKey);
-    define("WKWebViewConfiguration", MessageKind::instance, "preferences", preferences);
-    define("WKWebsiteDataStore", MessageKind::classLevel, "nonPersistentDataStore",
-           [](Call& call) -> Value { return call.make("WKWebsiteDataStore"); });
-    define("WKNavigationAction", MessageKind::instance, "request",
-           [](Call& call) -> Value { return property(call.receiver(), "asked").object(); });
-    define("WKNavigationAction", MessageKind::instance, "targetFrame",
-           [](Call& call) -> Value { return property(call.receiver(), "target").object(); });
-    define("NSURLRequest", MessageKind::instance, "URL",
-           [](Call& call) -> Value { return property(call.receiver(), "url").object(); });
+    MessagesOf("WKWebView")
+        .on("initWithFrame:configuration:", initView)
+        .on("loadFileURL:allowingReadAccessToURL:", loadFile)
+        .on("evaluateJavaScript:completionHandler:", evaluate)
+        .on("setValue:forKey:", setValueForKey);
+    MessagesOf("WKWebViewConfiguration").on("preferences", preferences);
+    MessagesOf("WKWebsiteDataStore").onClass("nonPersistentDataStore", [](Call& call) {
+        return call.make("WKWebsiteDataStore");
+    });
+    MessagesOf("WKUserContentController")
+        .on("addScriptMessageHandler:name:", addHandler)
+        .on("removeScriptMessageHandlerForName:", removeHandler)
+        .on("addUserScript:", addScript);
+    MessagesOf("WKUserScript").on("initWithSource:injectionTime:forMainFrameOnly:", initScript);
 }
 
 }  // namespace stagehopper::recording

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "tests/macos/MacStage.h"
-#include "tests/macos/recording/foundation/Notifications.h"
+#include "tests/macos/recording/foundation/Foundation.h"
 #include "tests/macos/recording/runtime/Behaviors.h"
 #include "tests/macos/recording/runtime/Callbacks.h"
 #include "tests/macos/recording/webkit/WebPages.h"

@@ -26,7 +26,7 @@ protected:
     }
 
     void step(const std::string& direction) { pagePosts("PPT:" + direction); }
-    auto& program(platform::Pid pid) { return world.programs.program(pid); }
+    auto& program(platform::Pid pid) { return *world.programs.find(pid); }
     void startPowerPoint() {
         world.programs.start(powerPoint(812)
                                  .window("Talk.pptx")
@@ -94,11 +94,19 @@ TEST_F(MacSlides, ANonElementMenuBarIsSkipped) {
     EXPECT_THAT(program(812).keysDown(), ElementsAre(121));
 }
 
+TEST_F(MacSlides, ADisabledItemIsNotPressed) {
+    world.programs.start(
+        powerPoint(812).window("Talk.pptx").menu("Slide Show", {item("Next Slide").disabled()}));
+    world.programs.front = 812;
+    step("next");
+    EXPECT_THAT(program(812).pressed(), IsEmpty());
+}
+
 TEST_F(MacSlides, AnEntryBehindTheMenuAttributeIsFound) {
     world.programs.start(
         powerPoint(812)
             .window("Talk.pptx")
-            .menu("Slide Show", {simulated::oddEntry(), item("Next Slide").disabled(),
+            .menu("Slide Show", {simulated::oddEntry(),
                                  item("Navigation").withMenuAttribute({item("Next Slide")})}));
     world.programs.front = 812;
     step("next");
@@ -159,8 +167,7 @@ TEST_F(MacSlides, ModifiersHeldByTheUserAreNotSentWithAStep) {
 }
 
 TEST_F(MacSlides, TheTitleOfTheFocusedWindowIsInTheLog) {
-    world.programs.start(powerPoint(812).window("Notes.pptx").window("Talk.pptx"));
-    world.programs.focusedWindow[812] = 1;
+    world.programs.start(powerPoint(812).window("Talk.pptx").window("Notes.pptx").focusedWindow(0));
     world.programs.front = 812;
     step("next");
     EXPECT_THAT(diagnostics("exec_context"),

@@ -13,5 +13,4 @@ set(STAGEHOPPER_RECORDING_RUNTIME
   runtime/Retained.cpp
   runtime/Scheduler.cpp
   runtime/SendMessage.cpp
-  runtime/Value.cpp
-  runtime/Worker.cpp)
+  runtime/Value.cpp)

@@ -3,6 +3,7 @@ set(STAGEHOPPER_RECORDING_WORLD
   appkit/Application.cpp
   appkit/Menus.cpp
   appkit/Windows.cpp
+  appkit/Workspace.cpp
   foundation/Constants.cpp
   foundation/CoreFoundationFunctions.cpp
   foundation/Foundation.cpp
@@ -15,10 +16,8 @@ set(STAGEHOPPER_RECORDING_WORLD
   foundation/Timers.cpp
   foundation/UrlSessions.cpp
   foundation/Urls.cpp
-  system/AccessibilityElements.cpp
   system/AccessibilityFunctions.cpp
   system/KeyboardFunctions.cpp
-  system/OtherPrograms.cpp
   system/RecordedTest.cpp
   system/Tasks.cpp
   system/World.cpp

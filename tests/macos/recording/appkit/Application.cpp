@@ -5,7 +5,7 @@
 
 #include "tests/macos/recording/appkit/Menus.h"
 #include "tests/macos/recording/appkit/Windows.h"
-#include "tests/macos/recording/foundation/Notifications.h"
+#include "tests/macos/recording/foundation/Foundation.h"
 #include "tests/macos/recording/runtime/Behaviors.h"
 #include "tests/macos/recording/runtime/Callbacks.h"
 #include "tests/macos/recording/runtime/Classes.h"

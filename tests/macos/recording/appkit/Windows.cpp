@@ -7,7 +7,6 @@
 
 #include "ports/macos/cocoa/appkit/NSApplication.h"
 #include "tests/macos/recording/foundation/Foundation.h"
-#include "tests/macos/recording/foundation/Notifications.h"
 #include "tests/macos/recording/runtime/Callbacks.h"
 #include "tests/macos/recording/runtime/Heap.h"
 #include "tests/macos/recording/runtime/Queues.h"

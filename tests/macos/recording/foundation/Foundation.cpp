@@ -28,10 +28,6 @@ std::string textOf(cocoa::id string) {
     return stateOr<StringState>(string, "NSString").utf8;
 }
 
-std::string bytesOf(cocoa::id data) {
-    return stateOr<DataState>(data, "NSData").bytes;
-}
-
 std::string addressOf(cocoa::id url) {
     return stateOr<UrlState>(url, "NSURL").address;
 }
@@ -46,12 +42,6 @@ std::vector<cocoa::id> elementsOf(cocoa::id array) {
         elements.push_back(element.get());
     }
     return elements;
-}
-
-std::vector<std::string> textsOf(cocoa::id array) {
-    std::vector<std::string> texts;
-    for (const auto element : elementsOf(array)) texts.push_back(textOf(element));
-    return texts;
 }
 
 std::map<std::string, std::string> textTableOf(cocoa::id dictionary) {

@@ -16,12 +16,10 @@ namespace stagehopper::recording {
 
 // --- what is in one; empty or zero for nil and for objects of other classes ---------------------
 [[nodiscard]] std::string textOf(cocoa::id string);
-[[nodiscard]] std::string bytesOf(cocoa::id data);
 [[nodiscard]] std::string addressOf(cocoa::id url);
 /// The path of a file URL; empty for others.
 [[nodiscard]] std::string pathOf(cocoa::id url);
 [[nodiscard]] std::vector<cocoa::id> elementsOf(cocoa::id array);
-[[nodiscard]] std::vector<std::string> textsOf(cocoa::id array);
 /// A dictionary of strings.
 [[nodiscard]] std::map<std::string, std::string> textTableOf(cocoa::id dictionary);
 /// The value for a text key; nil if absent.
@@ -50,5 +48,13 @@ namespace stagehopper::recording {
 
 /// Hands the object to the current pool, as for an object that is returned through a pointer.
 cocoa::id leaveToPool(const Retained& object);
+
+// --- notifications ------------------------------------------------------------------------------
+/// For a delegate, as the argument of a delegate message.
+[[nodiscard]] Retained makeNotification(std::string_view name, cocoa::id object);
+
+/// Posts a notification of the system to the default center, at once and on the current queue: each
+/// observer of that name, and of that object or of all objects, gets its message.
+void postNotification(std::string_view name, cocoa::id object = nullptr);
 
 }  // namespace stagehopper::recording

@@ -1,5 +1,3 @@
-#include "tests/macos/recording/foundation/Notifications.h"
-
 #include <algorithm>
 #include <string>
 #include <vector>

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <memory>
 #include <utility>
+#include <vector>
 
 #include "ports/macos/cocoa/objc/AutoreleasePool.h"
 #include "tests/macos/recording/runtime/Journal.h"
@@ -29,8 +30,7 @@ void runInPool(const std::function<void()>& work) {
 }  // namespace
 
 std::string Scheduler::current() const {
-    const auto* worker = Worker::current();
-    return worker != nullptr ? worker->queue() : here_;
+    return running_ != nullptr ? running_->queue : here_;
 }
 
 queues::Token Scheduler::add(double delay, std::string queue, std::function<void()> work) {
@@ -48,7 +48,7 @@ bool Scheduler::isRunnable(const std::string& queue, bool mainMayRun) const {
     if (queue == "world" || isGlobal(queue)) return true;
     // A serial queue.
     return std::ranges::none_of(blocked_,
-                                [&queue](const auto& each) { return each->queue() == queue; });
+                                [&queue](const auto& each) { return each->queue == queue; });
 }
 
 double Scheduler::nextTime(bool mainMayRun) const {
@@ -59,21 +59,27 @@ double Scheduler::nextTime(bool mainMayRun) const {
             break;
         }
     }
-    for (const auto& each : blocked_) next = std::min(next, each->deadline());
+    for (const auto& each : blocked_) next = std::min(next, each->deadline);
     return next;
 }
 
 bool Scheduler::resumeOne(bool timedOut) {
     const auto found = std::ranges::find_if(blocked_, [&](const auto& each) {
-        return timedOut ? each->deadline() <= now_ : each->canGoOn();
+        return timedOut ? each->deadline <= now_ : each->thread.canGoOn();
     });
     if (found == blocked_.end()) return false;
     // Not in the list of blocked work while it runs: it may wait again, which looks at the list.
-    std::list<std::unique_ptr<Worker>> running;
-    running.splice(running.end(), blocked_, found);
-    running.front()->resume();
-    if (!running.front()->isFinished()) blocked_.splice(blocked_.end(), running);
+    Pieces one;
+    one.splice(one.end(), blocked_, found);
+    resume(std::move(one));
     return true;
+}
+
+void Scheduler::resume(Pieces one) {
+    running_ = one.front().get();
+    running_->thread.resume();
+    running_ = nullptr;
+    if (!one.front()->thread.isFinished()) blocked_.splice(blocked_.end(), one);
 }
 
 void Scheduler::runHere(const std::string& queue, const std::function<void()>& work) {
@@ -92,10 +98,9 @@ void Scheduler::start(Items::iterator item) {
     }
     // The system promises no pool for the work of a global queue.
     auto body = isGlobal(queue) ? work : [work] { runInPool(work); };
-    std::list<std::unique_ptr<Worker>> running;
-    running.push_back(std::make_unique<Worker>(queue, std::move(body)));
-    running.front()->resume();
-    if (!running.front()->isFinished()) blocked_.splice(blocked_.end(), running);
+    Pieces one;
+    one.emplace_back(new Piece{queue, simulated::GlobalThread(std::move(body))});
+    resume(std::move(one));
 }
 
 void Scheduler::countStep() {
@@ -137,8 +142,9 @@ bool Scheduler::waitUntil(const std::function<bool()>& condition, double limit) 
         return condition();
     }
     const auto deadline = limit >= queues::forever ? queues::forever : now_ + limit;
-    if (auto* worker = Worker::current()) {
-        if (!condition()) worker->giveWay(condition, deadline);
+    if (running_ != nullptr) {
+        running_->deadline = deadline;
+        if (!condition()) simulated::GlobalThread::giveWayUntil(condition);
     } else {
         runUntil(deadline, condition, false);
         if (deadline >= queues::forever && !condition()) {
@@ -150,10 +156,11 @@ bool Scheduler::waitUntil(const std::function<bool()>& condition, double limit) 
 
 void Scheduler::reset() {
     ending_ = true;
-    for (auto& each : blocked_) {
-        while (!each->isFinished()) each->resume();
+    while (!blocked_.empty()) {
+        Pieces one;
+        one.splice(one.end(), blocked_, blocked_.begin());
+        resume(std::move(one));
     }
-    blocked_.clear();
     // As at the end of a process, pending work is not destroyed: its captures stay.
     static std::vector<std::function<void()>> neverRun;
     for (auto& [time, item] : items_) neverRun.push_back(std::move(item.work));

@@ -6,10 +6,9 @@
 #include <memory>
 #include <string>
 #include <utility>
-#include <vector>
 
+#include "ports/simulated/GlobalThread.h"
 #include "tests/macos/recording/runtime/Queues.h"
-#include "tests/macos/recording/runtime/Worker.h"
 
 namespace stagehopper::recording {
 
@@ -40,9 +39,19 @@ private:
     /// By time, then in the order of creation.
     using Items = std::multimap<double, Item>;
 
+    /// Work of a queue other than the main one. It has its own thread so that it can block.
+    struct Piece {
+        std::string queue;
+        simulated::GlobalThread thread;
+        /// Of its present wait.
+        double deadline = 0;
+    };
+    using Pieces = std::list<std::unique_ptr<Piece>>;
+
     bool step(double time, bool mainMayRun);
     bool resumeOne(bool timedOut);
     void start(Items::iterator item);
+    void resume(Pieces one);
     void runHere(const std::string& queue, const std::function<void()>& work);
     [[nodiscard]] bool isRunnable(const std::string& queue, bool mainMayRun) const;
     [[nodiscard]] double nextTime(bool mainMayRun) const;
@@ -52,7 +61,8 @@ private:
     unsigned long stepsSinceTimeMoved_ = 0;
     queues::Token lastToken_ = 0;
     Items items_;
-    std::list<std::unique_ptr<Worker>> blocked_;
+    Pieces blocked_;
+    Piece* running_ = nullptr;
     std::string here_ = "main";
     bool mainHasEnded_ = false;
     bool ending_ = false;

@@ -4,12 +4,14 @@
 #include <utility>
 #include <vector>
 
+#include "ports/simulated/SimulatedAccessibility.h"
 #include "ports/simulated/SimulatedClock.h"
+#include "ports/simulated/SimulatedDispatch.h"
 #include "ports/simulated/SimulatedUrlSession.h"
+#include "ports/simulated/SimulatedWorkspace.h"
 #include "tests/macos/recording/appkit/Application.h"
 #include "tests/macos/recording/appkit/Windows.h"
 #include "tests/macos/recording/runtime/Queues.h"
-#include "tests/macos/recording/system/OtherPrograms.h"
 #include "tests/macos/recording/system/Surroundings.h"
 #include "tests/macos/recording/system/Tasks.h"
 #include "tests/macos/recording/webkit/WebPages.h"
@@ -18,8 +20,12 @@ namespace stagehopper::recording {
 
 /// The Mac around the program, in memory and in virtual time. A test sets it up, triggers its
 /// events and inspects it. One at a time; each starts with a new state. Main thread only.
+///
+/// Other programs and servers are those of the simulated port; they answer through this system's
+/// objects and functions, on its queues and in its time.
 class World {
     simulated::SimulatedClock clock_;
+    simulated::SimulatedDispatch dispatch_{clock_};
     simulated::Journal effects_{clock_};
 
 public:
@@ -48,7 +54,9 @@ public:
     Application application{windows, systemLog};
     WebPages pages;
     Screens screens;
-    OtherPrograms programs;
+    simulated::SimulatedWorkspace programs{effects_};
+    /// The windows and menus of the programs.
+    simulated::SimulatedAccessibility elements{{effects_, clock_, dispatch_}, programs};
     Accessibility accessibility;
     Keyboard keyboard;
     /// The number of timers in a run loop.

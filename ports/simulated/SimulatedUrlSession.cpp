@@ -71,10 +71,8 @@ public:
             } else {
                 connection_->inbox.pop_front();
             }
-            session_.asyncSystem_(
-                {}, [completion = std::move(completion), result = std::move(result)] {
-                    completion(result);
-                });
+            session_.asyncSystem_({}, [completion = std::move(completion),
+                                       result = std::move(result)] { completion(result); });
             return;
         }
         connection_->receivers.push_back(std::move(completion));

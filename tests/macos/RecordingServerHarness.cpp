@@ -1,7 +1,7 @@
 // The macOS port's sessions on the recording runtime under the contract's tests.
 
-#include "ports/macos/MacUrlSession.h"
 #include "ports/macos/cocoa/objc/AutoreleasePool.h"
+#include "ports/macos/network/MacUrlSession.h"
 #include "tests/contract/SimulatedStandIn.h"
 #include "tests/macos/recording/system/RecordedTest.h"
 

@@ -4,8 +4,8 @@
 
 #include <memory>
 
-#include "ports/macos/MacChildProcess.h"
-#include "ports/macos/MacDispatch.h"
+#include "ports/macos/dispatch/MacDispatch.h"
+#include "ports/macos/processes/MacChildProcess.h"
 #include "tests/macos/MacStage.h"
 
 namespace stagehopper {

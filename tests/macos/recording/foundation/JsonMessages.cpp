@@ -38,7 +38,8 @@ Retained objectFor(const nlohmann::json& json) {
 }
 
 cocoa::id jsonObjectWithData(Call& call) {
-    const auto json = nlohmann::json::parse(bytesOf(call.argument<cocoa::id>(0)), nullptr, false);
+    const auto json = nlohmann::json::parse(stateOf<DataState>(call.argument<cocoa::id>(0)).bytes,
+                                            nullptr, false);
     if (!json.is_structured()) return nullptr;
     return leaveToPool(objectFor(json));
 }

@@ -124,7 +124,7 @@ TEST_F(JsonContract, OfMembersWithTheSameNameOneRemains) {
 }
 
 TEST_F(JsonContract, ManyElementsAndMembersAreDecoded) {
-    constexpr std::size_t count = 10'000;
+    constexpr std::size_t count = 2'000;
     std::string elements;
     std::string members;
     for (std::size_t i = 0; i < count; ++i) {

@@ -53,10 +53,24 @@ Value allKeys(Call& call) {
 }
 
 Value objectForKey(Call& call) {
-    return valueUnder(call.receiver(), textOf(call.argument<cocoa::id>(0)));
+    auto* const key = call.argument<cocoa::id>(0);
+    // Usually one of the dictionary's own keys: to compare texts takes long in a large one.
+    for (const auto& entry : call.state<DictionaryState>().entries) {
+        if (entry.first.get() == key) return entry.second.get();
+    }
+    return valueUnder(call.receiver(), textOf(key));
+}
+
+/// Not the contents of a collection of this size: every message to it is described.
+constexpr std::size_t tooManyToDescribe = 32;
+
+std::string numberOfElements(std::size_t count) {
+    return std::to_string(count) + " elements";
 }
 
 std::string describeArray(cocoa::id array) {
+    const auto& elements = stateOf<ArrayState>(array).elements;
+    if (elements.size() >= tooManyToDescribe) return "(" + numberOfElements(elements.size()) + ")";
     std::string line;
     for (const auto element : elementsOf(array)) {
         line += (line.empty() ? "" : ", ") + describe(element);
@@ -65,8 +79,10 @@ std::string describeArray(cocoa::id array) {
 }
 
 std::string describeDictionary(cocoa::id dictionary) {
+    const auto& entries = stateOf<DictionaryState>(dictionary).entries;
+    if (entries.size() >= tooManyToDescribe) return "{" + numberOfElements(entries.size()) + "}";
     std::string line;
-    for (const auto& [key, value] : stateOf<DictionaryState>(dictionary).entries) {
+    for (const auto& [key, value] : entries) {
         line += (line.empty() ? "" : ", ") + describe(key.get()) + ": " + describe(value.get());
     }
     return "{" + line + "}";

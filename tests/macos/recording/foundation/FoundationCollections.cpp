@@ -61,8 +61,13 @@ Value objectForKey(Call& call) {
     return valueUnder(call.receiver(), textOf(key));
 }
 
-/// Not the contents of a collection of this size: every message to it is described.
+// Every message to a collection is described, so the contents of a large or nested one are not.
 constexpr std::size_t tooManyToDescribe = 32;
+
+std::string describeElement(cocoa::id element) {
+    const auto name = classNameOf(element);
+    return name == "NSArray" || name == "NSDictionary" ? "<" + name + ">" : describe(element);
+}
 
 std::string numberOfElements(std::size_t count) {
     return std::to_string(count) + " elements";
@@ -73,7 +78,7 @@ std::string describeArray(cocoa::id array) {
     if (elements.size() >= tooManyToDescribe) return "(" + numberOfElements(elements.size()) + ")";
     std::string line;
     for (const auto element : elementsOf(array)) {
-        line += (line.empty() ? "" : ", ") + describe(element);
+        line += (line.empty() ? "" : ", ") + describeElement(element);
     }
     return "(" + line + ")";
 }
@@ -83,7 +88,8 @@ std::string describeDictionary(cocoa::id dictionary) {
     if (entries.size() >= tooManyToDescribe) return "{" + numberOfElements(entries.size()) + "}";
     std::string line;
     for (const auto& [key, value] : entries) {
-        line += (line.empty() ? "" : ", ") + describe(key.get()) + ": " + describe(value.get());
+        line +=
+            (line.empty() ? "" : ", ") + describe(key.get()) + ": " + describeElement(value.get());
     }
     return "{" + line + "}";
 }

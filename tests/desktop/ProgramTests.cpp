@@ -24,7 +24,7 @@ TEST_F(Program, WritesItsStartInOrderAndWithTheTimeToTheDebugLog) {
     const KeptDebugLog keptLog;
     const DrivenProgram driven(desktop_);
     ASSERT_TRUE(driven.logs("no_auto_prompts", 0));
-    const std::regex line(R"(\[[^\]]+\] \[slide_nav\] ([^\n]*))");
+    const std::regex line(R"(\[\d\d?[:.]\d\d[:.]\d\d[^\]]*\] \[slide_nav\] ([^\n]*))");
     std::vector<std::string> messages;
     const auto readFile = [&] {
         messages.clear();

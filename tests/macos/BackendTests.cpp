@@ -128,6 +128,25 @@ TEST_F(MacBackend, QuittingEndsItAndWaitsOnTheMainThread) {
     EXPECT_TRUE(world.application.terminated());
 }
 
+TEST_F(MacBackend, QuittingDuringTheUsersStopWaitsForTheSameExit) {
+    installServingBackend(3000);
+    world.tasks.programs[backend].endsWithin = platform::Duration{3};
+    launch();
+    const auto receiver = "[" + taskName() + " ";
+    const auto before = recording::queues::now();
+    pagePosts("CMD:stopBundledBackend");
+    advance(1);
+    recording::queues::inTheWorld(1, [this] {
+        EXPECT_FALSE(world.application.terminated());
+        panelPage().posts("bridge", "CMD:startBundledBackend");
+    });
+    userQuits();
+    EXPECT_THAT(recording::queues::now() - before, DoubleNear(3, 1e-6));
+    EXPECT_TRUE(world.application.terminated());
+    EXPECT_THAT(starts(), SizeIs(1)) << "a message of the page during the wait started another";
+    EXPECT_EQ(queueOf(receiver + "terminate]"), "main");
+}
+
 TEST_F(MacBackend, ItsExitAfterTheControllersEndDoesNothing) {
     installServingBackend(3000);
     launch();

@@ -258,6 +258,12 @@ TEST_F(SlideSocketAtQuit, APendingReconnectIsDropped) {
     quit();
     EXPECT_THAT(connections(), SizeIs(1));
     EXPECT_THAT(stage.lines("native_ws_connecting"), SizeIs(1));
+}
+
+TEST_F(SlideSocketAtQuit, APendingReconnectIsNoLongerScheduled) {
+    connect();
+    breakSocket();
+    stage.app->applicationWillTerminate();
     EXPECT_EQ(stage.desktop.dispatch.armed(), 0U);
 }
 

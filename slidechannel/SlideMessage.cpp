@@ -41,7 +41,7 @@ std::string joined(const std::vector<std::string>& parts) {
     return text;
 }
 
-std::string quoted(std::string_view text) {
+std::string stringLiteral(std::string_view text) {
     std::string literal = "\"";
     for (const char c : text) {
         if (c == '"' || c == '\\') literal += '\\';
@@ -71,7 +71,7 @@ struct Description {
     std::string operator()(const JsonValue::Object& members) const {
         std::vector<std::string> parts;
         for (const auto& [name, value] : members) {
-            parts.push_back(quoted(name) + ':' + nested(value));
+            parts.push_back(stringLiteral(name) + ':' + nested(value));
         }
         // Their order depends on the decoder.
         std::ranges::sort(parts);
@@ -80,7 +80,7 @@ struct Description {
 
 private:
     [[nodiscard]] std::string nested(const JsonValue& value) const {
-        if (const auto* text = as<std::string>(&value)) return quoted(*text);
+        if (const auto* text = as<std::string>(&value)) return stringLiteral(*text);
         return std::visit(*this, value.value);
     }
 };

@@ -77,5 +77,24 @@ TEST_F(SlideMessageHandling, ALateMessageOfTheOldRoomStillTurnsTheSlide) {
     EXPECT_THAT(stage.lines(), Contains("native_ws_received direction=next seq=1"));
 }
 
+TEST_F(SlideMessageHandling, AStepWithoutATagIsPassedOnWithoutOne) {
+    receive(R"({"type":"slide_nav","direction":"PREV"})");
+    EXPECT_EQ(stage.lines()[0], "native_ws_received direction=prev seq=-");
+    EXPECT_EQ(stage.lines()[1], "native_bridge_received direction=prev seq=- source=native_ws");
+    EXPECT_THAT(stage.desktop.program(40).keysDown(), ElementsAre(123));
+}
+
+TEST_F(SlideMessageHandling, TwoStepsWithoutATagAreTwoSteps) {
+    receive(R"({"type":"slide_nav","direction":"PREV"})");
+    receive(R"({"type":"slide_nav","direction":"PREV"})");
+    EXPECT_THAT(stage.desktop.program(40).keysDown(), ElementsAre(123, 123));
+    EXPECT_THAT(stage.lines("duplicate_dropped"), IsEmpty());
+}
+
+TEST_F(SlideMessageHandling, ANumberAsDirectionCountsAsMissing) {
+    receive(R"({"type":"slide_nav","direction":5,"seq":5})");
+    EXPECT_EQ(stage.lines()[0], "native_ws_received direction= seq=5");
+}
+
 }  // namespace
 }  // namespace stagehopper

@@ -37,7 +37,7 @@ void MacScreens::addObserver(std::weak_ptr<platform::ScreenObserver> observer) {
     observing_ = true;
     cocoa::NSNotificationCenter::defaultCenter().addObserver(
         appController_.object(), cocoa::selector<"screenDidChange">(),
-        cocoa::NSString(NSApplicationDidChangeScreenParametersNotification), nullptr);
+        cocoa::NSApplication::didChangeScreenParametersNotification(), nullptr);
 }
 
 }  // namespace stagehopper::macos_port

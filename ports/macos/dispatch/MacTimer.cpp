@@ -16,7 +16,7 @@ cocoa::Owned<cocoa::NSTimer> started(platform::Duration interval,
     });
     const auto timer = cocoa::NSTimer::timerWithTimeInterval(interval.count(), true, round);
     // In the default mode alone it would stand still while a menu is open.
-    cocoa::NSRunLoop::mainRunLoop().addTimer(timer, cocoa::NSString(NSRunLoopCommonModes));
+    cocoa::NSRunLoop::mainRunLoop().addTimer(timer, cocoa::NSRunLoop::commonModes());
     return cocoa::Owned<cocoa::NSTimer>::share(timer);
 }
 

@@ -5,7 +5,8 @@
 
 namespace stagehopper::macos_facts {
 
-/// A message that not every system we support has: the port asks before it sends it.
+/// A message that not every system we support has: the port asks before it sends it. Messages that
+/// are not listed here came with macOS 12 or before.
 struct NewerMessage {
     std::string_view className;
     std::string_view selector;
@@ -15,6 +16,7 @@ struct NewerMessage {
 
 inline constexpr NewerMessage newerMessages[] = {
     {"NSApplication", "activate", 14},
+    {"WKPreferences", "setInactiveSchedulingPolicy:", 14},
 };
 
 /// Whether a message that the port sends may be absent on that version of macOS.

@@ -4,7 +4,6 @@
 #include "ports/macos/cocoa/appkit/NSResponder.h"
 
 extern "C" {
-/// An NSString.
 extern objc_object* const NSApplicationDidChangeScreenParametersNotification;
 }
 
@@ -17,6 +16,10 @@ class NSApplication : public Handle<NSApplication, NSResponder> {
 public:
     static constexpr FixedString className{"NSApplication"};
     using Handle::Handle;
+
+    static NSString didChangeScreenParametersNotification() {
+        return NSString(NSApplicationDidChangeScreenParametersNotification);
+    }
 
     /// The first call creates the application object and connects it to the window server.
     static NSApplication sharedApplication() {

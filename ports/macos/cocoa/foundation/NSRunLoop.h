@@ -4,8 +4,7 @@
 #include "ports/macos/cocoa/foundation/NSTimer.h"
 
 extern "C" {
-/// An NSString: every mode in which a program waits for its user, including open menus.
-extern const stagehopper::cocoa::id NSRunLoopCommonModes;
+extern objc_object* const NSRunLoopCommonModes;
 }
 
 namespace stagehopper::cocoa {
@@ -16,6 +15,8 @@ public:
     static constexpr FixedString className{"NSRunLoop"};
     using Handle::Handle;
 
+    /// Every mode in which a program waits for its user, including open menus.
+    static NSString commonModes() { return NSString(NSRunLoopCommonModes); }
     static NSRunLoop mainRunLoop() { return sendToClass<"mainRunLoop", NSRunLoop()>(); }
     void addTimer(NSTimer timer, NSString mode) const {
         send<"addTimer:forMode:", void(NSTimer, NSString)>(timer, mode);

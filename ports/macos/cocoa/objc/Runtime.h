@@ -5,7 +5,8 @@
 
 // The C interface of the Objective-C runtime, as <objc/runtime.h>, <objc/message.h> and
 // <objc/NSObjCRuntime.h> have it. Declared here by hand, so that the port builds without Apple's
-// headers. Any thread.
+// headers. With Apple's headers in the same source, names such as NSInteger are ambiguous. Any
+// thread.
 
 extern "C" {
 struct objc_object;

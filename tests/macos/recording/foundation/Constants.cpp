@@ -23,7 +23,7 @@ stagehopper::cocoa::id constantText(const char* text) {
 extern "C" {
 objc_object* const NSApplicationDidChangeScreenParametersNotification =
     constantText("NSApplicationDidChangeScreenParametersNotification");
-const stagehopper::cocoa::id NSRunLoopCommonModes = constantText("NSRunLoopCommonModes");
+objc_object* const NSRunLoopCommonModes = constantText("NSRunLoopCommonModes");
 }
 
 namespace stagehopper::cocoa {

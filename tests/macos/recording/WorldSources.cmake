@@ -1,7 +1,9 @@
 # The behavior of the system's classes, and the world around the program.
 set(STAGEHOPPER_RECORDING_WORLD
   appkit/Application.cpp
+  appkit/ApplicationMessages.cpp
   appkit/Menus.cpp
+  appkit/WindowMessages.cpp
   appkit/Windows.cpp
   appkit/Workspace.cpp
   foundation/Constants.cpp
@@ -19,6 +21,7 @@ set(STAGEHOPPER_RECORDING_WORLD
   system/AccessibilityFunctions.cpp
   system/KeyboardFunctions.cpp
   system/RecordedTest.cpp
+  system/TaskMessages.cpp
   system/Tasks.cpp
   system/World.cpp
   webkit/WebPages.cpp

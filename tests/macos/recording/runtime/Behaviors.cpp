@@ -12,7 +12,6 @@
 
 #include "tests/macos/facts/Facts.h"
 #include "tests/macos/recording/runtime/Blocks.h"
-#include "tests/macos/recording/runtime/Callbacks.h"
 #include "tests/macos/recording/runtime/Heap.h"
 
 namespace stagehopper::recording {
@@ -247,6 +246,19 @@ std::string propertyOfSetter(std::string_view selector) {
     const bool isAcronym = name.size() > 1 && isUpper(name[0]) && isUpper(name[1]);
     if (!isAcronym) name[0] = static_cast<char>(std::tolower(static_cast<unsigned char>(name[0])));
     return name;
+}
+
+bool responds(cocoa::id object, std::string_view selector) {
+    if (const auto* record = heap::find(object)) {
+        return classes::methodOf(record->itsClass, selector) != nullptr ||
+               classes::factFor(record->itsClass, macos_facts::Kind::instance, selector) != nullptr;
+    }
+    auto* asClass = classes::asClass(object);
+    if (object != nullptr && asClass == nullptr) {
+        noteProblem("the system was to call " + describe(object));
+    }
+    return asClass != nullptr &&
+           classes::factFor(asClass, macos_facts::Kind::classLevel, selector) != nullptr;
 }
 
 }  // namespace stagehopper::recording

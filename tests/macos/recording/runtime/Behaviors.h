@@ -139,6 +139,8 @@ private:
 /// "nil" for nil, the name for a class object.
 [[nodiscard]] std::string classNameOf(cocoa::id object);
 [[nodiscard]] bool isKindOf(cocoa::id object, std::string_view className);
+/// Whether an object, usually of one of the port's classes, has that method. False for nil.
+[[nodiscard]] bool responds(cocoa::id object, std::string_view selector);
 
 /// The shared instance of a class, as returned by `sharedWorkspace`; created at the first use.
 /// `which` distinguishes several instances of one class. Any queue.

@@ -9,19 +9,6 @@
 
 namespace stagehopper::recording {
 
-bool responds(cocoa::id object, std::string_view selector) {
-    if (const auto* record = heap::find(object)) {
-        return classes::methodOf(record->itsClass, selector) != nullptr ||
-               classes::factFor(record->itsClass, macos_facts::Kind::instance, selector) != nullptr;
-    }
-    auto* asClass = classes::asClass(object);
-    if (object != nullptr && asClass == nullptr) {
-        noteProblem("the system was to call " + describe(object));
-    }
-    return asClass != nullptr &&
-           classes::factFor(asClass, macos_facts::Kind::classLevel, selector) != nullptr;
-}
-
 namespace detail {
 
 cocoa::IMP implementationFor(cocoa::id object, std::string_view selector, std::string_view types) {

@@ -7,15 +7,13 @@
 
 #include "ports/macos/cocoa/objc/AutoreleasePool.h"
 #include "ports/macos/cocoa/objc/Encoding.h"
+#include "tests/macos/recording/runtime/Behaviors.h"
 #include "tests/macos/recording/runtime/Retained.h"
 #include "tests/macos/recording/runtime/Value.h"
 
 // Lets the stand-ins call the port as the system does.
 
 namespace stagehopper::recording {
-
-/// Whether an object, usually of one of the port's classes, has that method. False for nil.
-[[nodiscard]] bool responds(cocoa::id object, std::string_view selector);
 
 namespace detail {
 /// Null, and a problem, if the object has no such method or one with other types.

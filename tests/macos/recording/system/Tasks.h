@@ -55,6 +55,9 @@ public:
 
     /// For NSTask.
     std::shared_ptr<LaunchedTask> start(LaunchedTask started);
+    /// For NSTask. Ends the program after that time, unless it ends before.
+    static void endLater(platform::Duration delay, const std::shared_ptr<LaunchedTask>& task,
+                         std::int32_t status);
 
 private:
     std::vector<std::shared_ptr<LaunchedTask>> launched_;

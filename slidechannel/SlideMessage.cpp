@@ -1,10 +1,12 @@
 #include "slidechannel/SlideMessage.h"
 
 #include <algorithm>
+#include <array>
+#include <clocale>
 #include <cmath>
 #include <cstdint>
-#include <locale>
-#include <sstream>
+#include <cstdio>
+#include <cstdlib>
 #include <vector>
 
 #include "slidechannel/JsonReading.h"
@@ -22,15 +24,16 @@ std::string textOf(const JsonValue& object, const char* name) {
 
 /// The shortest decimal number that reads back as `number`.
 std::string shortest(double number) {
-    std::string text;
+    std::array<char, 32> buffer{};
     for (const int digits : {15, 16, 17}) {
-        std::stringstream stream;
-        stream.imbue(std::locale::classic());
-        stream.precision(digits);
-        stream << number;
-        text = stream.str();
-        double back = 0;
-        if (stream >> back && back == number) break;
+        std::snprintf(buffer.data(), buffer.size(), "%.*g", digits, number);
+        if (std::strtod(buffer.data(), nullptr) == number) break;
+    }
+    std::string text(buffer.data());
+    // The decimal separator of the user's locale, which may be a comma.
+    const std::string_view separator = std::localeconv()->decimal_point;
+    if (const auto at = text.find(separator); at != std::string::npos) {
+        text.replace(at, separator.size(), ".");
     }
     return text;
 }
